@@ -1,0 +1,109 @@
+#include "cobol/fixed_format.h"
+
+#include <algorithm>
+#include <iostream>
+
+#include "text/console.h"
+
+namespace fdmorph {
+namespace {
+
+constexpr int kLastColumn = 72;
+constexpr int kNothingYet = 73;    // column of a logical line without text
+constexpr int kAreaA = 7;          // offset of the first line's text
+constexpr int kWrappedText = 10;   // offset of a wrapped line's text
+constexpr int kWidestMargin = 61;  // leaves one column on a wrapped line
+constexpr int kSafeMargin = 60;    // and one behind a reopening quote
+constexpr std::size_t kBlanksAtOnce = 254;
+constexpr std::string_view kDelimiters = " \t";
+constexpr std::string_view kMovedPrefix = "          ";
+constexpr std::string_view kCommentPrefix = "      *   ";
+constexpr std::string_view kContinuedPrefix = "      -   ";
+
+}  // namespace
+
+FixedFormatLayout::FixedFormatLayout(int margin, bool isComment)
+    : m_margin(margin > kWidestMargin ? kSafeMargin : margin),
+      m_isComment(isComment),
+      m_column(kNothingYet) {}
+
+void FixedFormatLayout::beginFirstLine() {
+  int blanks = kAreaA + m_margin - (m_isComment ? 1 : 0);
+  m_text.append(static_cast<std::size_t>(blanks), ' ');
+  m_column = blanks;
+}
+
+void FixedFormatLayout::beginLine(std::string_view prefix, int margin) {
+  m_text += '\n';
+  m_text += prefix;
+  m_text.append(static_cast<std::size_t>(margin), ' ');
+  m_column = kWrappedText + margin;
+}
+
+void FixedFormatLayout::beginMovedLine() {
+  beginLine(m_isComment ? kCommentPrefix : kMovedPrefix, m_margin);
+}
+
+void FixedFormatLayout::beginContinuedLine(bool isLiteral) {
+  int margin = isLiteral ? std::min(m_margin, kSafeMargin) : m_margin;
+  beginLine(m_isComment ? kCommentPrefix : kContinuedPrefix, margin);
+  if (!isLiteral) return;
+  m_text += '"';
+  ++m_column;
+}
+
+void FixedFormatLayout::OutputCOBOLToken(std::string_view token) {
+  auto const length = static_cast<int>(token.size());
+  int at = 0;
+  while (true) {
+    if (at < length && (token[static_cast<std::size_t>(at)] == '\n' ||
+                        token[static_cast<std::size_t>(at)] == '\r')) {
+      return;
+    }
+    // The whole token's length counts, also for its later pieces: what went to
+    // a line of its own takes a line of its own to the end.
+    if (length + m_column > kLastColumn) {
+      if (m_column > kLastColumn) {
+        beginFirstLine();
+      } else if (at == 0) {
+        beginMovedLine();
+      } else {
+        beginContinuedLine(token.front() == '"');
+      }
+    }
+    int room = kLastColumn - m_column;
+    int rest = length - at;
+    m_text += token.substr(static_cast<std::size_t>(at),
+                           static_cast<std::size_t>(std::min(room, rest)));
+    if (rest <= room) {
+      m_column += rest;
+      return;
+    }
+    at += room;
+  }
+}
+
+void OutputFixedFormatCOBOL(std::string_view line, std::ostream& stream) {
+  std::ostream& target = stream.bad() || stream.fail() ? std::cout : stream;
+  std::size_t at = std::min(line.find_first_not_of(kDelimiters), line.size());
+  std::size_t end = std::min(line.find_first_of(kDelimiters, at), line.size());
+  FixedFormatLayout layout(std::max(0, static_cast<int>(at) - kAreaA),
+                           line.substr(at, end - at) == "*");
+  layout.OutputCOBOLToken(line.substr(at, end - at));
+  while ((at = line.find_first_not_of(kDelimiters, end)) != std::string_view::npos) {
+    std::string const blanks(std::min(at - end, kBlanksAtOnce), ' ');
+    for (std::size_t left = at - end; left > 0;) {
+      std::size_t portion = std::min(left, kBlanksAtOnce);
+      layout.OutputCOBOLToken(std::string_view(blanks).substr(0, portion));
+      left -= portion;
+    }
+    end = std::min(line.find_first_of(kDelimiters, at), line.size());
+    layout.OutputCOBOLToken(line.substr(at, end - at));
+  }
+  if (!target) return;
+  insertCounted(target, "");  // brings the banner out ahead of the first text
+  target << layout.text();
+  endLine(target);
+}
+
+}  // namespace fdmorph

@@ -1,0 +1,32 @@
+#include "cobol/text_pool.h"
+
+#include <algorithm>
+
+namespace fdmorph {
+namespace {
+
+constexpr std::size_t kBlockBytes = 16 * 1024;
+
+}  // namespace
+
+std::string_view TextPool::keep(std::string_view text) {
+  auto known = m_known.find(text);
+  if (known != m_known.end()) return *known;
+  if (m_capacity - m_used < text.size()) {
+    m_capacity = std::max(kBlockBytes, text.size());
+    m_blocks.push_back(std::make_unique_for_overwrite<char[]>(m_capacity));
+    m_used = 0;
+  }
+  char* copy = m_blocks.empty() ? nullptr : m_blocks.back().get() + m_used;
+  std::copy(text.begin(), text.end(), copy);
+  m_used += text.size();
+  return *m_known.insert(std::string_view(copy, text.size())).first;
+}
+
+void TextPool::clear() {
+  m_known.clear();
+  m_blocks.clear();
+  m_used = m_capacity = 0;
+}
+
+}  // namespace fdmorph

@@ -1,0 +1,62 @@
+#include "cobol/DMCOBOLGenerator.h"
+#include "driver/file_helpers.h"
+#include "driver/runs.h"
+#include "schema/DMXMLSchemaDoc.h"
+#include "schema/schema_file_loader.h"
+#include "text/console.h"
+#include "xml/DMDOMParser.h"
+#include "xml/paths.h"
+
+namespace fdmorph {
+namespace {
+
+constexpr int kStopped = 1;
+
+int stop() {
+  RestoreStreams();
+  return kStopped;
+}
+
+std::string defaultCopybook(std::string const& schemaFile) {
+  return schemaFile.substr(0, schemaFile.rfind('.')) + ".cpy";
+}
+
+}  // namespace
+
+int runSchemaToCobol(Settings const& settings) {
+  CDMXMLNodeStore store;
+  CDMDOMParser::InitializePlatform();
+  CDMDOMParser parser(store);
+  std::string const& schemaFile = settings.schemaFile;
+  if (schemaFile.empty()) {
+    out() << "Error : Failed to specify XML Schema filename" << endLine;
+    if (settings.sourceFile.empty()) {
+      out() << "Error : Failed to specify COBOL Copybook filename" << endLine;
+    }
+    return stop();
+  }
+  out() << "Checking " << schemaFile << " for errors" << endLine;
+  std::string copybookFile =
+      settings.copybookFile.empty() ? defaultCopybook(schemaFile) : settings.copybookFile;
+  if (!parser.ParseFile(schemaFile, CDMDOMParser::FILE_TYPE::XML_SCHEMA, true)) {
+    out() << endLine;
+    parser.DisplayErrorSummary();
+    out() << "Failed to create " << copybookFile << endLine;
+    return stop();
+  }
+  out() << "No schema errors found, processing XML schema " << schemaFile << endLine;
+  SchemaFileLoader loader(store);
+  CDMXMLSchemaDoc document(parser.getXMLDocument(),
+                           isRelativePath(schemaFile) ? getFullPath(schemaFile) : schemaFile,
+                           loader);
+  CDMCOBOLGenerator generator(&document);
+  if (!FileExists(copybookFile, settings.promptOverwrite) || !settings.promptOverwrite) {
+    generator.GenerateFile(copybookFile, settings.dataPrefix, settings.countIn,
+                           settings.uniqueNames);
+    parser.DisplayErrorSummary();
+  }
+  RestoreStreams();
+  return reportStatus();
+}
+
+}  // namespace fdmorph

@@ -1,0 +1,54 @@
+#include "driver/stack_guard.h"
+
+#include <fcntl.h>
+#include <sigsegv.h>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "text/console.h"
+
+namespace fdmorph {
+namespace {
+
+// The kernel keeps at least this much address space free below the stack of a
+// program, whatever the limit was at its start.
+constexpr rlim_t kWantedStack = rlim_t{1} << 30;
+constexpr std::size_t kHandlerStack = std::size_t{64} << 10;
+constexpr char kMessage[] = "Internal Error : Input is nested too deeply\n";
+constexpr int kStopped = 1;
+
+void writeMessage(int descriptor) {
+  // Nothing can be done about a failure here.
+  [[maybe_unused]] ssize_t written = write(descriptor, kMessage, sizeof kMessage - 1);
+}
+
+// Runs on a stack of its own, amid whatever ran out of the other one, so only
+// calls that are safe in a signal handler may follow.
+void onStackOverflow(int /*emergency*/, stackoverflow_context_t /*context*/) {
+  int log = console.logMode ? open(kLogFileName, O_WRONLY | O_APPEND | O_CLOEXEC) : -1;
+  writeMessage(log >= 0 ? log : STDERR_FILENO);
+  _exit(kStopped);
+}
+
+void raiseStackLimit() {
+  rlimit limit{};
+  if (getrlimit(RLIMIT_STACK, &limit) != 0) return;
+  rlim_t wanted = limit.rlim_max == RLIM_INFINITY ? kWantedStack
+                                                  : std::min(limit.rlim_max, kWantedStack);
+  if (limit.rlim_cur == RLIM_INFINITY || limit.rlim_cur >= wanted) return;
+  limit.rlim_cur = wanted;
+  setrlimit(RLIMIT_STACK, &limit);
+}
+
+}  // namespace
+
+void guardStack() {
+  static char handlerStack[kHandlerStack];
+  raiseStackLimit();
+  stackoverflow_install_handler(onStackOverflow, handlerStack, sizeof handlerStack);
+}
+
+}  // namespace fdmorph

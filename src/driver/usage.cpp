@@ -1,0 +1,60 @@
+#include "driver/usage.h"
+
+#include <array>
+
+#include "text/console.h"
+
+namespace fdmorph {
+namespace {
+
+// -Q and -LOG are left out on purpose.
+constexpr std::array kUsageLines{
+    "Usage :",
+    "fdmorph [options] <filename>",
+    "",
+    "fdmorph [-c -x -m -p -d -noprompt -nocountin] <COBOL filename>",
+    "fdmorph [-c -p -noprompt -nocountin -unique] <XML Schema filename>",
+    "fdmorph [-v] (<XML filename> | <XML Schema filename>)",
+    "",
+    "Options:",
+    "",
+    "   -c|-C <filename>     Specify a filename for the COBOL file being",
+    "                        created.",
+    "",
+    "   -x|-X <filename>     Specify a <filename> for the XML schema file",
+    "                        being created.  Note: This option is for the",
+    "                        processing of COBOL programs/copyfiles only.",
+    "",
+    "   -m|-M <filename>     Specify a <filename> for the mapping file",
+    "                        to be used or created.  Note: This option is",
+    "                        for the processing of COBOL programs/copyfiles",
+    "                        only.",
+    "",
+    "   -p|-P <prefix>       Specify a prefix to append to any generated",
+    "                        data names.",
+    "",
+    "   -d|-D <filename>     Specify a compiler directive file <filename>",
+    "                        to use when preprocessing a COBOL file.",
+    "",
+    "   -v|-V <filename>     Perform XML schema or instance document",
+    "                        validation on <filename>.",
+    "",
+    "   -noprompt |          Prevent user prompt for the overwrite of existing",
+    "   -NOPROMPT            files.",
+    "",
+    "   -nocountin |         Prevent generation of \"count in\" clauses for",
+    "   -NOCOUNTIN           generated data items.  This option overrides any",
+    "                        <cobol-count-in> mapping file values.",
+    "",
+    "   -unique |            Ensure that all COBOL data names are unique within the",
+    "   -UNIQUE              generated COBOL data structure.",
+    "",
+};
+
+}  // namespace
+
+void Usage() {
+  for (char const* line : kUsageLines) out() << line << endLine;
+}
+
+}  // namespace fdmorph

@@ -1,0 +1,9 @@
+// The usage text.
+#pragma once
+
+namespace fdmorph {
+
+/// Prints the usage text on the standard output stream.
+void Usage();
+
+}  // namespace fdmorph

@@ -1,0 +1,34 @@
+#include "driver/runs.h"
+#include "text/console.h"
+#include "xml/DMDOMParser.h"
+
+namespace fdmorph {
+
+int runValidation(Settings const& settings) {
+  CDMXMLNodeStore store;
+  CDMDOMParser::InitializePlatform();
+  CDMDOMParser parser(store);
+  out() << "Performing validation of \"" << settings.givenName << "\", ignoring other options"
+        << endLine;
+  // A schema named before -V is what gets validated.
+  if (!settings.schemaFile.empty()) {
+    parser.ParseFile(settings.schemaFile, CDMDOMParser::FILE_TYPE::XML_SCHEMA, true);
+  } else if (!settings.xmlFile.empty()) {
+    // In spite of its text, the first pass tests for well-formedness only.
+    out() << endLine << "Validating \"" << settings.xmlFile
+          << "\" for well-formedness and schema conformity." << endLine;
+    parser.CheckDocument(settings.xmlFile, false);
+    out() << endLine << "Validating \"" << settings.xmlFile << "\" for schema conformity. "
+          << endLine;
+    parser.CheckDocument(settings.xmlFile, true);
+  } else {
+    out() << "Error : Failed to specify XML Schema filename" << endLine;
+    RestoreStreams();
+    return 1;
+  }
+  parser.DisplayErrorSummary();
+  RestoreStreams();
+  return reportStatus();
+}
+
+}  // namespace fdmorph

@@ -1,0 +1,48 @@
+#include "xml/DMDOMErrorHandler.h"
+
+#include <iostream>
+#include <xercesc/sax/SAXParseException.hpp>
+
+#include "text/console.h"
+#include "xml/transcoding.h"
+
+namespace fdmorph {
+
+void CDMDOMErrorHandler::warning(xerces::SAXParseException const& e) {
+  DisplayErrorMsg("Warning", ParserReport::Kind::warning, e);
+}
+
+void CDMDOMErrorHandler::error(xerces::SAXParseException const& e) {
+  DisplayErrorMsg("Error", ParserReport::Kind::error, e);
+}
+
+// Returning lets the parser decide how it goes on.
+void CDMDOMErrorHandler::fatalError(xerces::SAXParseException const& e) {
+  DisplayErrorMsg("Fatal Error", ParserReport::Kind::error, e);
+}
+
+void CDMDOMErrorHandler::resetErrors() {
+  console.m_nErrorCount = 0;
+  console.m_nWarningCount = 0;
+}
+
+void CDMDOMErrorHandler::DisplayErrorMsg(char const* type, ParserReport::Kind kind,
+                                         xerces::SAXParseException const& e) {
+  std::string line = type;
+  line += " : " + toLocalText(e.getSystemId()) + "(Line " + std::to_string(e.getLineNumber()) +
+          ", Col " + std::to_string(e.getColumnNumber()) + ")";
+  if (m_bVerbose) line += " : " + toLocalText(e.getMessage());
+  emit({kind, line});
+}
+
+void CDMDOMErrorHandler::emit(ParserReport const& report) {
+  printReport(report);
+  if (m_pRecord != nullptr) m_pRecord->push_back(report);
+}
+
+void CDMDOMErrorHandler::DisplayErrorMsgSummary() {
+  std::cerr << console.m_nErrorCount << " error(s), " << console.m_nWarningCount << " warning(s)"
+            << std::endl;
+}
+
+}  // namespace fdmorph

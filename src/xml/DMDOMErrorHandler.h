@@ -1,0 +1,43 @@
+// The XML parser's reports: each becomes one line on the error stream and one
+// count.
+#pragma once
+
+#include <vector>
+#include <xercesc/sax/ErrorHandler.hpp>
+
+#include "xml/parser_report.h"
+#include "xml/xerces_fwd.h"
+
+namespace fdmorph {
+
+/// Prints and counts the reports of a parser.
+class CDMDOMErrorHandler : public xerces::ErrorHandler {
+ public:
+  void warning(xerces::SAXParseException const& e) override;
+  void error(xerces::SAXParseException const& e) override;
+  void fatalError(xerces::SAXParseException const& e) override;
+
+  /// Sets both counts of the process to zero.
+  void resetErrors() override;
+
+  /// Prints the two counts of the process, "E error(s), W warning(s)".
+  void DisplayErrorMsgSummary();
+
+  /// Whether reports carry the parser's message after the position.
+  void setVerboseError(bool verbose) { m_bVerbose = verbose; }
+
+  /// Prints and counts `report`, and keeps it if reports are being recorded.
+  void emit(ParserReport const& report);
+
+  /// Keeps each report in `record` as well, until called with null.
+  void recordReports(std::vector<ParserReport>* record) { m_pRecord = record; }
+
+ private:
+  void DisplayErrorMsg(char const* type, ParserReport::Kind kind,
+                       xerces::SAXParseException const& e);
+
+  bool m_bVerbose = false;
+  std::vector<ParserReport>* m_pRecord = nullptr;
+};
+
+}  // namespace fdmorph

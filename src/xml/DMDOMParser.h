@@ -1,0 +1,96 @@
+// The front end of the validating XML parser: it sets the library up, parses a
+// file under one of two regimes, and turns the finished document into the
+// tool's own tree.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "xml/node_store.h"
+#include "xml/xerces_fwd.h"
+
+namespace fdmorph {
+
+class CDMDOMErrorHandler;
+class CDMDOMFormatTarget;
+struct ParserReport;
+
+/// One parser of the XML library with its error handler. Library exceptions
+/// never leave it: they become messages and false or null results.
+class CDMDOMParser {
+ public:
+  enum class FILE_TYPE {
+    XML_DOCUMENT = 0,  ///< a document; validated or only checked for form
+    XML_SCHEMA = 1,    ///< a schema file; its grammar is loaded first
+  };
+
+  /// Starts the XML library; the library counts the starts.
+  static void InitializePlatform();
+
+  /// The trees that this parser builds belong to `store`, which must outlive
+  /// every use of them.
+  explicit CDMDOMParser(CDMXMLNodeStore& store);
+
+  /// The same with a validator of the caller's, which the parser adopts.
+  CDMDOMParser(CDMXMLNodeStore& store, xerces::SchemaValidator& validator);
+
+  /// Ends the parser's use of the XML library. Trees stay.
+  ~CDMDOMParser();
+  CDMDOMParser(CDMDOMParser const&) = delete;
+  CDMDOMParser& operator=(CDMDOMParser const&) = delete;
+
+  /// Parses `fileName`. For a schema, announces it, loads its grammar, and
+  /// stops if anything at all has been counted in the process by then, a
+  /// warning included; `validate` is not looked at. For a document, `validate`
+  /// switches schema support and validation on or off, also for later parses.
+  /// False if the document can't be used; the reports have been printed.
+  bool ParseFile(std::string const& fileName, FILE_TYPE type, bool validate);
+
+  /// Reports what ParseFile would report for a document, in memory that
+  /// doesn't grow with the document. No tree comes of it.
+  void CheckDocument(std::string const& fileName, bool validate);
+
+  /// Prints what ParseFile prints ahead of a schema.
+  static void announceSchema(std::string const& fileName);
+
+  /// The tree of the last document, or null if it can't be used. The top node
+  /// stands for the document: it has no name, and the root element is its
+  /// first child. Each call builds a new tree and a new formatter.
+  CDMXMLElement* getXMLDocument();
+
+  /// Counts of the process; 1 when there is no error handler.
+  int getErrorCount() const;
+  int getWarningCount() const;
+
+  void setVerboseError(bool verbose);
+  void DisplayErrorSummary();
+  void ResetErrors();
+
+  /// Keeps each report that ParseFile prints in `record`, until called with
+  /// null.
+  void recordReports(std::vector<ParserReport>* record);
+
+  /// Made by getXMLDocument, null before; owned by this parser.
+  xerces::XMLFormatter* getFormatter() const { return m_pFormatter.get(); }
+  CDMDOMFormatTarget* getFormatTarget() const { return m_pFormatTarget.get(); }
+
+ private:
+  void InitializeParser();
+  bool loadSchemaGrammar(std::string const& fileName);
+  bool parseGuarded(std::string const& fileName);
+  void reportException(std::string const& line);
+  void getXMLElement(xerces::DOMNode const& node, CDMXMLElement* parent);
+  void copyElement(xerces::DOMNode const& node, CDMXMLElement* parent);
+
+  CDMXMLNodeStore& m_store;
+  std::unique_ptr<xerces::SecurityManager> m_pSecurity;
+  std::unique_ptr<xerces::XercesDOMParser> m_pParser;
+  std::unique_ptr<xerces::SAX2XMLReader> m_pReader;
+  std::unique_ptr<CDMDOMErrorHandler> m_pErrorHandler;
+  std::unique_ptr<CDMDOMFormatTarget> m_pFormatTarget;
+  std::unique_ptr<xerces::XMLFormatter> m_pFormatter;
+  bool m_bParsed = false;
+};
+
+}  // namespace fdmorph

@@ -1,0 +1,33 @@
+// The owner of document trees.
+#pragma once
+
+#include "text/arena.h"
+#include "xml/DMXMLElement.h"
+
+namespace fdmorph {
+
+/// Owns the nodes of any number of trees. Flattening a schema hangs one node
+/// under several parents, so nodes live and die together with the store and
+/// never one by one.
+class CDMXMLNodeStore {
+ public:
+  CDMXMLNodeStore() = default;
+  CDMXMLNodeStore(CDMXMLNodeStore const&) = delete;
+  CDMXMLNodeStore& operator=(CDMXMLNodeStore const&) = delete;
+
+  CDMXMLElement* newElement() { return m_elements.create(); }
+  CDMXMLAttribute* newAttribute() { return m_attributes.create(); }
+
+  /// A second tree with the content that `top` was built with: attributes
+  /// that were lent to its elements later are not copied. The copy has no
+  /// parent and no parser.
+  CDMXMLElement* copyTree(CDMXMLElement const& top);
+
+ private:
+  CDMXMLElement* copyElement(CDMXMLElement const& original);
+
+  Arena<CDMXMLElement> m_elements;
+  Arena<CDMXMLAttribute> m_attributes;
+};
+
+}  // namespace fdmorph

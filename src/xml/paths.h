@@ -1,0 +1,20 @@
+// Path questions that have to be answered the way the XML library resolves
+// locations.
+#pragma once
+
+#include <string>
+
+namespace fdmorph {
+
+/// True if `path` is relative.
+bool isRelativePath(std::string const& path);
+
+/// The absolute form of `path`; `path` joined to the working directory where
+/// the file doesn't exist.
+std::string getFullPath(std::string const& path);
+
+/// `relative` resolved against the folder of the file `base`. An empty base,
+/// or one without a folder, gives `relative` unchanged.
+std::string weavePaths(std::string const& base, std::string const& relative);
+
+}  // namespace fdmorph

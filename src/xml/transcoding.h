@@ -1,0 +1,22 @@
+// Conversion between the XML library's UTF-16 text and the locale's multibyte
+// text. For the sources of this folder only.
+#pragma once
+
+#include <string>
+#include <xercesc/util/XercesDefs.hpp>
+
+namespace fdmorph {
+
+/// `text` in the locale's encoding; null gives an empty string. Characters
+/// that the locale lacks are reported as my_wcstombs does and give an empty
+/// string.
+std::string toMultibyte(XMLCh const* text);
+
+/// `text` as the library's local code page transcoder gives it, for messages:
+/// what can't be represented is substituted, never reported.
+std::string toLocalText(XMLCh const* text);
+
+/// `text`, in the locale's encoding, as a terminated UTF-16 string.
+std::basic_string<XMLCh> toLibraryText(std::string const& text);
+
+}  // namespace fdmorph
