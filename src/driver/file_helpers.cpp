@@ -9,15 +9,14 @@
 namespace fdmorph {
 namespace {
 
-constexpr int kLongestAnswer = 1023;  // bytes of a line that are read at once
+constexpr std::size_t kLongestAnswer = 1023;  // bytes of a line that are kept
 
-// The rest of a longer line is the next answer. False at the end of the input.
+// False at the end of the input.
 bool readAnswer(std::string& answer) {
   answer.clear();
   for (int c = std::cin.get(); c != std::char_traits<char>::eof(); c = std::cin.get()) {
     if (c == '\n') return true;
-    answer += static_cast<char>(c);
-    if (answer.size() == kLongestAnswer) return true;
+    if (answer.size() < kLongestAnswer) answer += static_cast<char>(c);
   }
   return !answer.empty();
 }

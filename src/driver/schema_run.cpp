@@ -4,6 +4,7 @@
 #include "schema/DMXMLSchemaDoc.h"
 #include "schema/schema_file_loader.h"
 #include "text/console.h"
+#include "text/multibyte.h"
 #include "xml/DMDOMParser.h"
 #include "xml/paths.h"
 
@@ -19,6 +20,13 @@ int stop() {
 
 std::string defaultCopybook(std::string const& schemaFile) {
   return schemaFile.substr(0, schemaFile.rfind('.')) + ".cpy";
+}
+
+// The base of the locations in the schema. A name that is no text of the
+// locale is reported on the way.
+std::string absoluteName(std::string const& schemaFile) {
+  if (my_mbstowcs(schemaFile.c_str()).empty()) return getFullPath(schemaFile);
+  return isRelativePath(schemaFile) ? getFullPath(schemaFile) : schemaFile;
 }
 
 }  // namespace
@@ -46,9 +54,7 @@ int runSchemaToCobol(Settings const& settings) {
   }
   out() << "No schema errors found, processing XML schema " << schemaFile << endLine;
   SchemaFileLoader loader(store);
-  CDMXMLSchemaDoc document(parser.getXMLDocument(),
-                           isRelativePath(schemaFile) ? getFullPath(schemaFile) : schemaFile,
-                           loader);
+  CDMXMLSchemaDoc document(parser.getXMLDocument(), absoluteName(schemaFile), loader);
   CDMCOBOLGenerator generator(&document);
   if (!FileExists(copybookFile, settings.promptOverwrite) || !settings.promptOverwrite) {
     generator.GenerateFile(copybookFile, settings.dataPrefix, settings.countIn,

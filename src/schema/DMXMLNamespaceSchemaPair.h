@@ -20,7 +20,7 @@ class CDMXMLNamespaceSchemaPair {
   /// Stores the document, which stays the caller's; null is ignored.
   void setSchemaDoc(CDMXMLSchemaDoc* document);
 
-  std::string getNamespaceURI() const { return namespaceURI; }
+  std::string const& getNamespaceURI() const { return namespaceURI; }
   CDMXMLSchemaDoc* getSchemaDoc() const { return schemaDoc; }
 
   /// The document of the first pair for `uri`; null if there is none.

@@ -21,11 +21,6 @@ void CDMDOMErrorHandler::fatalError(xerces::SAXParseException const& e) {
   DisplayErrorMsg("Fatal Error", ParserReport::Kind::error, e);
 }
 
-void CDMDOMErrorHandler::resetErrors() {
-  console.m_nErrorCount = 0;
-  console.m_nWarningCount = 0;
-}
-
 void CDMDOMErrorHandler::DisplayErrorMsg(char const* type, ParserReport::Kind kind,
                                          xerces::SAXParseException const& e) {
   std::string line = type;

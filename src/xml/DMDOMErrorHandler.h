@@ -17,8 +17,9 @@ class CDMDOMErrorHandler : public xerces::ErrorHandler {
   void error(xerces::SAXParseException const& e) override;
   void fatalError(xerces::SAXParseException const& e) override;
 
-  /// Sets both counts of the process to zero.
-  void resetErrors() override;
+  /// The library calls this ahead of some parses. The counts are those of the
+  /// whole process, over all parsers and parses, so nothing happens.
+  void resetErrors() override {}
 
   /// Prints the two counts of the process, "E error(s), W warning(s)".
   void DisplayErrorMsgSummary();

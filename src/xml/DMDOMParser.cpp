@@ -178,8 +178,6 @@ void CDMDOMParser::setVerboseError(bool verbose) { m_pErrorHandler->setVerboseEr
 
 void CDMDOMParser::DisplayErrorSummary() { m_pErrorHandler->DisplayErrorMsgSummary(); }
 
-void CDMDOMParser::ResetErrors() { m_pErrorHandler->resetErrors(); }
-
 void CDMDOMParser::recordReports(std::vector<ParserReport>* record) {
   m_pErrorHandler->recordReports(record);
 }

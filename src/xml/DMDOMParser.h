@@ -65,7 +65,6 @@ class CDMDOMParser {
 
   void setVerboseError(bool verbose);
   void DisplayErrorSummary();
-  void ResetErrors();
 
   /// Keeps each report that ParseFile prints in `record`, until called with
   /// null.
