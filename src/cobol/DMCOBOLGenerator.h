@@ -189,8 +189,9 @@ class CDMCOBOLGenerator {
   CDMCOBOLRecordItem* walkSubstitution(CDMXMLElement* head, CDMCOBOLRecordItem* item,
                                        std::vector<CDMXMLElement*> const& members,
                                        MemberResult use, WalkFrame& frame);
-  void walkMember(CDMXMLElement* member, CDMCOBOLRecordItem* headItem, MemberResult use,
-                  WalkFrame& frame);
+  void walkMemberInSlot(CDMXMLElement* member, MemberResult use, WalkFrame& frame);
+  void walkMemberAsSibling(CDMXMLElement* member, CDMCOBOLRecordItem* parent,
+                           WalkFrame const& frame);
 
   // Model groups, unions, derivation and facets.
   CDMCOBOLRecordItem* ProcessModelGroup(CDMXMLElement* element, WalkFrame& frame);

@@ -115,6 +115,7 @@ bool CDMCOBOLGenerator::convertHeadElement(CDMXMLElement* element, WalkFrame con
           << static_cast<long long>(RecordStore::kMostItems) << " items" << endLine;
   }
   m_store.clear();
+  m_openMembers.clear();
   return isWritten;
 }
 

@@ -34,7 +34,6 @@ int run(int argc, char** argv) {
 }  // namespace fdmorph
 
 int main(int argc, char** argv) {
-  std::ios::sync_with_stdio(false);
   std::setlocale(LC_ALL, "");
   fdmorph::guardStack();
   int status = fdmorph::run(argc, argv);

@@ -31,7 +31,12 @@ bool hasLostOutput(std::ostream const& stream) { return stream.rdbuf() != nullpt
 
 }  // namespace
 
-Console::Console() : consoleOut(std::cout.rdbuf()), consoleErr(std::cerr.rdbuf()) {}
+Console::Console() {
+  // Gives the streams buffers of their own, so it comes before a look at them.
+  std::ios::sync_with_stdio(false);
+  consoleOut = std::cout.rdbuf();
+  consoleErr = std::cerr.rdbuf();
+}
 
 Console::~Console() {
   // The standard streams outlive the log, and are flushed once more after it.

@@ -35,8 +35,9 @@ struct Console {
   int m_nErrorCount = 0;
   int m_nWarningCount = 0;
 
-  std::streambuf* const consoleOut;  ///< the process's own output buffers,
-  std::streambuf* const consoleErr;  ///< whatever stands in front of them now
+  /// The process's own buffers, whatever stands in their place now.
+  std::streambuf* consoleOut;
+  std::streambuf* consoleErr;
   bool outputLost = false;           ///< the output stream's device refused text
 };
 

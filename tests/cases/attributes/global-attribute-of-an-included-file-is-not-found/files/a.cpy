@@ -1,0 +1,3 @@
+       01 weight identified by "weight".
+        02 scale PIC S9(3) identified by "scale" is attribute.
+

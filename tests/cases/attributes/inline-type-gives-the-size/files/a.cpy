@@ -1,0 +1,3 @@
+       01 part identified by "part".
+        02 code PIC X(10) identified by "code" is attribute.
+

@@ -1,0 +1,2 @@
+       01 price PIC S9(9)V9(9) identified by "price".
+

@@ -1,0 +1,2 @@
+       01 B-code PIC X(80) identified by "code" count in B-code-count.
+

@@ -1,0 +1,2 @@
+       01 thing identified by "thing".
+

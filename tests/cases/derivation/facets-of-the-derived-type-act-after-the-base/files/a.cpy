@@ -1,0 +1,2 @@
+       01 c PIC X(2) identified by "c".
+

@@ -1,0 +1,2 @@
+        02 good PIC S9(18) identified by "good".
+

@@ -1,0 +1,2 @@
+       01 c PIC X(20) identified by "c".
+

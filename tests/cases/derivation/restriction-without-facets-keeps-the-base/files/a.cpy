@@ -1,0 +1,2 @@
+       01 c PIC X(4) identified by "c".
+

@@ -1,0 +1,2 @@
+       01 note PIC X(80) identified by "note".
+

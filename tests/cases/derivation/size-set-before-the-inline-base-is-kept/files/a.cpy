@@ -1,0 +1,2 @@
+       01 c PIC X(5) identified by "c".
+

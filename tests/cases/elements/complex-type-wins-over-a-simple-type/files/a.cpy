@@ -1,0 +1,3 @@
+       01 a identified by "a" namespace is "urn:t".
+        02 x PIC X(80) identified by "x" namespace is "urn:b".
+

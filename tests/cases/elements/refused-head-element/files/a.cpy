@@ -1,0 +1,2 @@
+       01 k PIC X(80) identified by "k".
+

@@ -1,0 +1,2 @@
+       01 c PIC X(6) identified by "c".
+

@@ -1,0 +1,2 @@
+       01 code PIC X(80) identified by "code" count in code-count.
+

@@ -1,0 +1,3 @@
+       01 h identified by "h".
+        02 c PIC X(80) identified by "c".
+

@@ -1,0 +1,5 @@
+       01 h identified by "h".
+        02 v PIC X(80) identified by "v".
+        02 x identified by "x".
+         03 v PIC X(80) identified by "v".
+

@@ -1,0 +1,7 @@
+       01 h identified by "h".
+        02 a PIC X(80) identified by "a".
+        02 b PIC X(80) identified by "b".
+        02 x PIC S9(18) identified by "x".
+        02 a PIC X(80) identified by "a".
+        02 b PIC X(80) identified by "b".
+

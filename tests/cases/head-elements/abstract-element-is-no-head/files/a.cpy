@@ -1,0 +1,2 @@
+       01 c PIC X(80) identified by "c".
+

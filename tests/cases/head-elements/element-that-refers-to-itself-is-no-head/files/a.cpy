@@ -1,0 +1,2 @@
+       01 h PIC X(80) identified by "h".
+

@@ -1,0 +1,2 @@
+       01 e PIC X(80) identified by "e".
+

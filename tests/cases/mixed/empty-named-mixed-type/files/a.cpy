@@ -1,0 +1,4 @@
+       01 doc identified by "doc".
+        02 note identified by "note".
+        02 id PIC S9(18) identified by "id".
+

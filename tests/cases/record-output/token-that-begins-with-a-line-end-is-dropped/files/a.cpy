@@ -1,0 +1,2 @@
+       01 a PIC X(80) identified by "a" namespace is "urn:a 
+

@@ -1,0 +1,4 @@
+       01 a PIC X(80) identified by "a".
+
+       01 b PIC X(80) identified by "b".
+

@@ -1,0 +1,2 @@
+       01 b PIC X(80) identified by "b".
+

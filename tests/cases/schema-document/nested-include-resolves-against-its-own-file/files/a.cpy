@@ -1,0 +1,2 @@
+       01 near PIC X(80) identified by "near".
+

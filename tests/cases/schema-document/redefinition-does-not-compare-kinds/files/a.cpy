@@ -1,0 +1,4 @@
+       01 a identified by "a".
+        02 b PIC X(80) identified by "b".
+        02 o PIC X(80) identified by "o".
+

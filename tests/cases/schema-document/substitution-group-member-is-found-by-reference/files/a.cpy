@@ -1,0 +1,3 @@
+       01 h identified by "h".
+        02 m PIC X(80) identified by "m".
+

@@ -1,0 +1,3 @@
+       01 h identified by "h" namespace is "urn:t".
+        02 e PIC X(80) identified by "e".
+

@@ -1,0 +1,3 @@
+Tallmere FDMORPH Version 1.0
+Converts between COBOL data definitions and XML Schema
+

@@ -1,0 +1,5 @@
+       01 doc identified by "doc" namespace is "urn:a".
+        02 book PIC X(80) identified by "book".
+        02 novel PIC X(80) identified by "novel".
+        02 last PIC S9(18) identified by "last".
+

@@ -1,0 +1,2 @@
+       01 book PIC X(80) identified by "book".
+

@@ -1,0 +1,8 @@
+       01 doc identified by "doc".
+        02 book PIC X(80) identified by "book".
+        02 novel PIC X(80) identified by "novel".
+        02 thriller PIC X(80) identified by "thriller".
+        02 thriller PIC X(80) identified by "thriller".
+        02 novel PIC X(80) identified by "novel".
+        02 last PIC S9(18) identified by "last".
+

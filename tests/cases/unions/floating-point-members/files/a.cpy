@@ -1,0 +1,6 @@
+       01 u identified by "u".
+        02 u-union-value-0.
+         03 u-union-value-0-data USAGE COMP-1.
+        02 u-union-value-1 redefines u-union-value-0.
+         03 u-union-value-1-data USAGE COMP-2.
+

@@ -1,0 +1,8 @@
+       01 u identified by "u".
+        02 u-union-value-0.
+         03 u-union-value-0-data PIC S9(18).
+        02 u-union-value-1 redefines u-union-value-0.
+         03 u-union-value-1-data PIC X(80).
+        02 u-union-value-2 redefines u-union-value-1.
+         03 u-union-value-2-data PIC X(80).
+

@@ -1,0 +1,6 @@
+       01 u identified by "u".
+        02 u-union-value-0.
+         03 u-union-value-0-data PIC X(5).
+        02 u-union-value-1 redefines u-union-value-0.
+         03 u-union-value-1-data PIC X(8).
+

@@ -1,0 +1,6 @@
+       01 u identified by "u" namespace is "urn:a".
+        02 u-union-value-0.
+         03 u-union-value-0-data PIC X(3).
+        02 u-union-value-1 redefines u-union-value-0.
+         03 u-union-value-1-data PIC 9(2).
+

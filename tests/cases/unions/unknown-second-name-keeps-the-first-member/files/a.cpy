@@ -1,0 +1,4 @@
+       01 u identified by "u".
+        02 u-union-value-0.
+         03 u-union-value-0-data PIC S9(18).
+

@@ -1,0 +1,2 @@
+        02 y PIC X(80) identified by "y".
+

@@ -1,0 +1,92 @@
+// When the banner comes out, and where.
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+#include <sstream>
+
+#include "support/captured_console.h"
+#include "text/console.h"
+
+namespace fdmorph {
+namespace {
+
+using namespace std::string_view_literals;
+
+std::string const kBanner =
+    "Tallmere FDMORPH Version 1.0\n"
+    "Converts between COBOL data definitions and XML Schema\n"
+    "\n";
+
+class Banner : public ConsoleTest {
+ protected:
+  Banner() { console.headerShown = false; }
+};
+
+TEST_F(Banner, IsTwoLinesAndAnEmptyOne) {
+  DisplayHeader();
+  EXPECT_EQ(captured.out(), kBanner);
+}
+
+TEST_F(Banner, IsShownOnce) {
+  DisplayHeader();
+  DisplayHeader();
+  out() << "x";
+  EXPECT_EQ(captured.out(), kBanner + "x");
+}
+
+TEST_F(Banner, ComesBeforeTheFirstTextOnTheOutputStream) {
+  out() << "a";
+  out() << "b";
+  EXPECT_EQ(captured.out(), kBanner + "ab");
+}
+
+TEST_F(Banner, GoesToTheOutputStreamWhenTheFirstTextIsOnTheErrorStream) {
+  err() << "x";
+  EXPECT_EQ(captured.out(), kBanner);
+  EXPECT_EQ(captured.err(), "x");
+}
+
+TEST_F(Banner, ComesForAnEmptyText) {
+  out() << "";
+  EXPECT_EQ(captured.out(), kBanner);
+}
+
+TEST_F(Banner, IsNotBroughtOutByStringsNumbersAndLineEnds) {
+  out() << "x"sv << 1LL << endLine;
+  EXPECT_EQ(captured.out(), "x1\n");
+}
+
+TEST_F(Banner, IsNotBroughtOutByOtherStreams) {
+  std::ostringstream other;
+  insertCounted(other, "x");
+  EXPECT_EQ(captured.out(), "");
+  EXPECT_EQ(other.str(), "x");
+}
+
+TEST_F(Banner, IsNotBroughtOutByTextForASilencedStream) {
+  beginQuietMode();
+  out() << "x";
+  EXPECT_FALSE(console.headerShown);
+}
+
+TEST_F(Banner, BecomesTheFirstLinesOfAFileInAQuietRun) {
+  beginQuietMode();
+  std::stringbuf file;
+  redirectOutput(&file);
+  out() << "x";
+  EXPECT_EQ(file.str(), kBanner + "x");
+}
+
+TEST_F(Banner, IsUsedUpByTheErrorStreamInAQuietRun) {
+  beginQuietMode();
+  err() << "x";
+  std::stringbuf file;
+  redirectOutput(&file);
+  out() << "y";
+  EXPECT_EQ(file.str(), "y");
+  EXPECT_EQ(captured.err(), "x");
+}
+
+}  // namespace
+}  // namespace fdmorph
