@@ -1,0 +1,149 @@
+"""Inputs and devices at their limits: depth, a full disk, an odd end of the input.
+
+These need generated inputs or special files, so they are no cases of tests/cases.  The
+environment variable FDMORPH names the program under test.
+"""
+
+from __future__ import annotations
+
+import os
+import resource
+import subprocess
+from pathlib import Path
+
+import pytest
+
+TIME_LIMIT = 120  # seconds
+SMALL_STACK = 512 * 1024  # bytes
+
+SCHEMA = '<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema">{}</xs:schema>'
+TINY = SCHEMA.format('<xs:element name="code" type="xs:string"/>')
+RECORD = '       01 code PIC X(80) identified by "code" count in code-count.\n\n'
+
+
+def program() -> str:
+    path = os.environ.get("FDMORPH", "")
+    if not os.access(path, os.X_OK):
+        pytest.fail(f'FDMORPH must name the program under test; it is "{path}"', pytrace=False)
+    return os.path.abspath(path)
+
+
+def run(directory: Path, *args: str, **options: object) -> subprocess.CompletedProcess[str]:
+    return subprocess.run(
+        [program(), *args], cwd=directory, capture_output="stdout" not in options, text=True,
+        stdin=options.pop("stdin", subprocess.DEVNULL), timeout=TIME_LIMIT, check=False,
+        env={**os.environ, "LC_ALL": "C.UTF-8"}, **options,  # type: ignore[arg-type]
+    )  # fmt: skip
+
+
+def nested_elements(depth: int) -> str:
+    opening = '<xs:element name="e"><xs:complexType><xs:sequence>'
+    closing = "</xs:sequence></xs:complexType></xs:element>"
+    leaf = '<xs:element name="leaf" type="xs:string"/>'
+    return SCHEMA.format(opening * depth + leaf + closing * depth)
+
+
+def use_small_stack() -> None:
+    resource.setrlimit(resource.RLIMIT_STACK, (SMALL_STACK, SMALL_STACK))
+
+
+def test_ten_thousand_nested_elements_are_converted_or_refused_in_order(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(nested_elements(10_000))
+    result = run(tmp_path, "a.xsd", "-nocountin")
+    if result.returncode == 0:
+        # Levels above 49 are silently left out of the record.
+        words = [line.split()[0] for line in (tmp_path / "a.cpy").read_text().splitlines() if line]
+        levels = [word for word in words if word.isdigit()]  # other lines go on from above
+        assert levels == [f"{level:02}" for level in range(1, 50)]
+        assert "Successfully converted 1 of 1 schema head element(s)." in result.stderr
+    else:
+        assert result.returncode == 1
+        assert result.stderr.startswith("Internal Error : ") and result.stderr.count("\n") == 1
+
+
+@pytest.mark.parametrize("args", [["a.xsd", "-noprompt"], ["-v", "a.xsd"]])
+def test_a_stack_that_runs_out_is_one_line_and_status_1(tmp_path: Path, args: list[str]) -> None:
+    (tmp_path / "a.xsd").write_text(nested_elements(5_000))
+    result = run(tmp_path, *args, preexec_fn=use_small_stack)
+    assert result.returncode == 1
+    assert result.stderr == "Internal Error : Input is nested too deeply\n"
+
+
+def test_with_a_log_the_stack_that_runs_out_is_told_there(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(nested_elements(5_000))
+    result = run(tmp_path, "a.xsd", "-noprompt", "-log", preexec_fn=use_small_stack)
+    assert (result.returncode, result.stdout, result.stderr) == (1, "", "")
+    log = (tmp_path / "fdmorph.log").read_text()
+    assert log.endswith("\nInternal Error : Input is nested too deeply\n")
+
+
+def test_a_full_disk_is_reported_with_the_files_name_and_counted(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(TINY)
+    result = run(tmp_path, "a.xsd", "-c", "/dev/full", "-noprompt")
+    assert result.returncode == 1
+    assert result.stderr == (
+        "\nSuccessfully converted 1 of 1 schema head element(s).\n\n"
+        "Error : Unable to write output file /dev/full\n"
+        "1 error(s), 0 warning(s)\n"
+    )
+
+
+def test_a_console_that_takes_nothing_makes_the_status_1(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(TINY)
+    with open("/dev/full", "w", encoding="ascii") as full:
+        result = run(tmp_path, "a.xsd", stdout=full, stderr=subprocess.PIPE)
+    assert result.returncode == 1
+    assert result.stderr.endswith("Error : Unable to write output file standard output\n")
+    assert (tmp_path / "a.cpy").read_text() == RECORD
+
+
+def test_a_log_on_a_full_disk_is_reported_on_the_console(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(TINY)
+    (tmp_path / "fdmorph.log").symlink_to("/dev/full")
+    result = run(tmp_path, "a.xsd", "-log")
+    assert result.returncode == 1
+    assert result.stderr == "Error : Unable to write output file ./fdmorph.log\n"
+    assert (tmp_path / "a.cpy").read_text() == RECORD
+
+
+def test_an_exit_status_above_255_is_given_as_255(tmp_path: Path) -> None:
+    # One warning for each element of a type that has no COBOL form.
+    member = '<xs:element name="e{}" type="xs:IDREFS"/>'
+    content = "".join(member.format(i) for i in range(256))
+    head = f'<xs:element name="h"><xs:complexType><xs:sequence>{content}'
+    (tmp_path / "a.xsd").write_text(
+        SCHEMA.format(head + "</xs:sequence></xs:complexType></xs:element>")
+    )
+    result = run(tmp_path, "a.xsd")
+    assert result.stderr.endswith("0 error(s), 256 warning(s)\n")
+    assert result.returncode == 255
+
+
+def test_a_closed_standard_input_counts_as_no(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(TINY)
+    (tmp_path / "a.cpy").write_text("mine\n")
+    result = run(tmp_path, "a.xsd", stdin=None, preexec_fn=lambda: os.close(0))
+    assert result.returncode == 1
+    assert result.stderr == (
+        '\nWarning : The file "a.cpy" already exists\nWould you like to overwrite a.cpy? (y/n) '
+    )
+    assert (tmp_path / "a.cpy").read_text() == "mine\n"
+
+
+def test_an_included_file_reached_many_times_is_announced_each_time(tmp_path: Path) -> None:
+    # Ten layers of two files, each of which includes both of the next layer.
+    layers = 10
+    for layer in range(layers):
+        for side in "ab":
+            content = f'<xs:simpleType name="t{layer}{side}"><xs:restriction base="xs:string"/>'
+            below = "".join(f'<xs:include schemaLocation="{layer + 1}{s}.xsd"/>' for s in "ab")
+            (tmp_path / f"{layer}{side}.xsd").write_text(
+                SCHEMA.format((below if layer + 1 < layers else "") + content + "</xs:simpleType>")
+            )
+    (tmp_path / "m.xsd").write_text(
+        SCHEMA.format('<xs:include schemaLocation="0a.xsd"/><xs:element name="m" type="t9b"/>')
+    )
+    result = run(tmp_path, "m.xsd")
+    assert result.returncode == 0
+    # The main file, the top of the layers, and twice as many loads a layer down.
+    assert result.stdout.count("Validating ") == 1 + sum(2**layer for layer in range(layers))
