@@ -171,7 +171,8 @@ def elements_with_references(path, count):
 
 def flat_record(path, count):
     """One record of `count` items, each with a name of its own."""
-    return write_schema(path, record("Head", (element(f"Item{i}", builtin(i)) for i in range(count))))
+    particles = (element(f"Item{i}", builtin(i)) for i in range(count))
+    return write_schema(path, record("Head", particles))
 
 
 SHARED_NAMES = 10
@@ -191,17 +192,21 @@ NESTED_WIDTH = 100
 def nested_record(path, count):
     """A small schema whose record has about `count` items: types of a hundred
     elements each, one inside the other, and a head that uses the outermost
-    type as often as it takes."""
+    type as often as it takes. The names are of everyday length."""
 
     def components():
         size, depth = 1, 0
         while size * NESTED_WIDTH <= count:
             inner = f"tns:Level{depth - 1}" if depth > 0 else "xs:string"
-            particles = (element(f"Item{depth}_{i}", inner) for i in range(NESTED_WIDTH))
+            particles = (
+                element(f"Delivery_Address{depth}_{i}", inner) for i in range(NESTED_WIDTH)
+            )
             yield from complex_type(f"Level{depth}", particles)
             size, depth = size * NESTED_WIDTH, depth + 1
         outermost = f"tns:Level{depth - 1}" if depth > 0 else "xs:string"
-        yield from record("Head", (element(f"Block{i}", outermost) for i in range(count // size)))
+        yield from record(
+            "Head", (element(f"Delivery_Block{i}", outermost) for i in range(count // size))
+        )
 
     return write_schema(path, components())
 
@@ -213,17 +218,14 @@ def refused_items(path, count):
         element(f"Item{i}", "tns:Node" if i % 2 else "xs:string", ' minOccurs="0"')
         for i in range(count)
     )
-    return write_schema(
-        path, itertools.chain(complex_type("Node", particles), [element("Head", "tns:Node")])
-    )
+    head = element("Head", "tns:Node")
+    return write_schema(path, itertools.chain(complex_type("Node", particles), [head]))
 
 
 def enumeration(path, count):
     """One element with an enumeration of `count` values."""
-    return write_schema(
-        path,
-        itertools.chain(enumeration_type("Code", count), record("Head", [element("Code", "tns:Code")])),
-    )
+    head = record("Head", [element("Code", "tns:Code")])
+    return write_schema(path, itertools.chain(enumeration_type("Code", count), head))
 
 
 def type_chain(path, count):

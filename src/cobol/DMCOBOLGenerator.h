@@ -187,8 +187,8 @@ class CDMCOBOLGenerator {
   // Substitution groups.
   enum class MemberResult { listedAgain, dropped };
   CDMCOBOLRecordItem* walkSubstitution(CDMXMLElement* head, CDMCOBOLRecordItem* item,
-                                       std::vector<CDMXMLElement*> const& members,
-                                       MemberResult use, WalkFrame& frame);
+                                       std::vector<CDMXMLElement*> const& members, MemberResult use,
+                                       WalkFrame& frame);
   void walkMemberInSlot(CDMXMLElement* member, MemberResult use, WalkFrame& frame);
   void walkMemberAsSibling(CDMXMLElement* member, CDMCOBOLRecordItem* parent,
                            WalkFrame const& frame);
@@ -201,8 +201,8 @@ class CDMCOBOLGenerator {
   CDMCOBOLRecordItem* ProcessElementUnion(CDMXMLElement* element, WalkFrame& frame);
   bool convertNamedMember(CDMXMLElement* element, std::string_view type, UnionMembers& members,
                           WalkFrame const& frame);
-  void convertInlineMember(CDMXMLElement* element, CDMXMLElement* simpleType,
-                           UnionMembers& members, WalkFrame const& frame);
+  void convertInlineMember(CDMXMLElement* element, CDMXMLElement* simpleType, UnionMembers& members,
+                           WalkFrame const& frame);
   CDMCOBOLRecordItem* ProcessElementRestriction(CDMXMLElement* element, WalkFrame& frame);
   void restrictNamedType(CDMXMLElement* element, std::string_view base, WalkFrame& frame);
   CDMCOBOLRecordItem* ProcessElementExtension(CDMXMLElement* element, WalkFrame& frame);

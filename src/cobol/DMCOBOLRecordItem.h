@@ -38,7 +38,9 @@ class CDMCOBOLRecordItem {
   /// Whether the item can be written. An item that has a name and a usable
   /// level but no content says so in a warning on the error stream, each time
   /// that it is asked.
-  bool IsValidCOBOLItem() const { return checkWritable() == Writability::writable || warnIfEmpty(); }
+  bool IsValidCOBOLItem() const {
+    return checkWritable() == Writability::writable || warnIfEmpty();
+  }
 
   enum class Writability {
     writable,
@@ -75,10 +77,10 @@ class CDMCOBOLRecordItem {
   std::string_view xmlName;         ///< text of `type` or `ref`, for messages
   std::string_view xmlNamespace;    ///< URI
   std::string_view minOccurs = "1";
-  std::string_view maxOccurs = "1";  ///< may be "unbounded"
-  std::string_view countInName;      ///< name of the count field, unprefixed
-  std::string_view itemValue;        ///< of a condition name
-  std::string_view usage;            ///< "COMP-1", "COMP-2" or empty
+  std::string_view maxOccurs = "1";             ///< may be "unbounded"
+  std::string_view countInName;                 ///< name of the count field, unprefixed
+  std::string_view itemValue;                   ///< of a condition name
+  std::string_view usage;                       ///< "COMP-1", "COMP-2" or empty
   CDMCOBOLRecordItem* redefinedItem = nullptr;  ///< a sibling
   CDMCOBOLRecordItem* parent = nullptr;         ///< null at the root
   CDMXMLElement* typeElement = nullptr;         ///< outermost type definition reached

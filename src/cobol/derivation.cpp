@@ -51,8 +51,7 @@ void CDMCOBOLGenerator::restrictNamedType(CDMXMLElement* element, std::string_vi
   CDMXMLElement* definition = findElementByName(element, base, Search::simpleTypes);
   bool hasOwnContent = false;
   if (definition != nullptr) {
-    hasOwnContent =
-        first != nullptr && getElementType(first) == GeneratorElementKind::simpleType;
+    hasOwnContent = first != nullptr && getElementType(first) == GeneratorElementKind::simpleType;
   } else {
     definition = findElementByName(element, base, Search::complexTypes);
     if (definition == nullptr) return;

@@ -103,8 +103,7 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::convertReferringElement(CDMXMLElement* el
 // A complex type wins over a simple type of the same name.
 CDMCOBOLRecordItem* CDMCOBOLGenerator::followNamedType(CDMXMLElement* element,
                                                        std::string_view type,
-                                                       CDMCOBOLRecordItem* item,
-                                                       WalkFrame& frame) {
+                                                       CDMCOBOLRecordItem* item, WalkFrame& frame) {
   if (isRecursivePattern(item)) {
     reportRecursion(item->xmlName);
     refuse(item, frame.slot);

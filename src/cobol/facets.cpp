@@ -87,24 +87,28 @@ void CDMCOBOLGenerator::ProcessElementFacets(CDMCOBOLRecordItem* item, CDMXMLEle
         if (findAttrByName(holder, "value", value)) warnWhiteSpace(value, item);
         break;
       case FacetType::maxInclusive:
-        warnRange("Warning : This version of FDMORPH does not support the maxInclusive facet "
-                  "for the element ",
-                  item);
+        warnRange(
+            "Warning : This version of FDMORPH does not support the maxInclusive facet "
+            "for the element ",
+            item);
         break;
       case FacetType::maxExclusive:
-        warnRange("Warning : This version of FDMORPH does not support the maxExclusive facet "
-                  "for the element ",
-                  item);
+        warnRange(
+            "Warning : This version of FDMORPH does not support the maxExclusive facet "
+            "for the element ",
+            item);
         break;
       case FacetType::minInclusive:
-        warnRange("Warning : This version of FDMORPH does not support the minInclusive facet "
-                  "for the element ",
-                  item);
+        warnRange(
+            "Warning : This version of FDMORPH does not support the minInclusive facet "
+            "for the element ",
+            item);
         break;
       case FacetType::minExclusive:
-        warnRange("Warning : This version of FDMORPH does not support the minExclusive facet "
-                  "for the element ",
-                  item);
+        warnRange(
+            "Warning : This version of FDMORPH does not support the minExclusive facet "
+            "for the element ",
+            item);
         break;
       case FacetType::other:
         break;

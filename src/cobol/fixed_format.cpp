@@ -73,8 +73,8 @@ void FixedFormatLayout::OutputCOBOLToken(std::string_view token) {
     }
     int room = kLastColumn - m_column;
     int rest = length - at;
-    m_text += token.substr(static_cast<std::size_t>(at),
-                           static_cast<std::size_t>(std::min(room, rest)));
+    m_text +=
+        token.substr(static_cast<std::size_t>(at), static_cast<std::size_t>(std::min(room, rest)));
     if (rest <= room) {
       m_column += rest;
       return;

@@ -20,8 +20,7 @@ void warnUnsupported(CDMXMLElement const* element) {
 
 }  // namespace
 
-CDMCOBOLRecordItem* CDMCOBOLGenerator::ProcessModelGroup(CDMXMLElement* element,
-                                                         WalkFrame& frame) {
+CDMCOBOLRecordItem* CDMCOBOLGenerator::ProcessModelGroup(CDMXMLElement* element, WalkFrame& frame) {
   using Kind = GeneratorElementKind;
   switch (getElementType(element)) {
     case Kind::sequence:

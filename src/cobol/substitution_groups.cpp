@@ -33,8 +33,8 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::walkSubstitution(CDMXMLElement* head,
 void CDMCOBOLGenerator::walkMemberInSlot(CDMXMLElement* member, MemberResult use,
                                          WalkFrame& frame) {
   CDMCOBOLRecordItem* result = getCOBOLFromSchema(member, frame.level, frame.indent, frame.slot);
-  bool isListed = use == MemberResult::listedAgain && result != nullptr &&
-                  frame.slot != nullptr && result != frame.slot;
+  bool isListed = use == MemberResult::listedAgain && result != nullptr && frame.slot != nullptr &&
+                  result != frame.slot;
   if (isListed) frame.slot->addChild(result);
 }
 

@@ -5,7 +5,7 @@
 namespace fdmorph {
 namespace {
 
-constexpr std::size_t kBlockBytes = 16 * 1024;
+constexpr std::size_t kBlockBytes = std::size_t{16} << 10;
 
 }  // namespace
 

@@ -37,8 +37,8 @@ class UniqueNames {
 
   TextPool& m_texts;
   unsigned m_lastPosition = 0;  // in the walk's order, from 1 for the root
-  std::unordered_map<std::string_view, unsigned> m_holders;      // first holder's position
-  std::unordered_map<std::string_view, unsigned> m_lastSuffix;   // by base name
+  std::unordered_map<std::string_view, unsigned> m_holders;     // first holder's position
+  std::unordered_map<std::string_view, unsigned> m_lastSuffix;  // by base name
   std::vector<std::pair<unsigned, CDMCOBOLRecordItem const*>> m_emptyItems;
 };
 

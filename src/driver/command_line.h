@@ -20,7 +20,6 @@ std::optional<int> scanArguments(int argc, char** argv, Settings& settings);
 /// or else the next argument, whatever it looks like. Returns the index of the
 /// last argument consumed. Without a value, reports it and leaves `value` as
 /// it was.
-int ProcessCmdLineNameValue(int argc, char** argv, int index, char const* name,
-                            std::string& value);
+int ProcessCmdLineNameValue(int argc, char** argv, int index, char const* name, std::string& value);
 
 }  // namespace fdmorph

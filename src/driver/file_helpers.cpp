@@ -55,8 +55,7 @@ bool FileExists(std::string const& name, bool prompt) {
   std::FILE* file = std::fopen(name.c_str(), "r");
   if (file == nullptr) return false;
   if (std::fclose(file) != 0) {
-    out() << "Error : Failed to close file \"" << name << "\" Ending FDMORPH process. "
-          << endLine;
+    out() << "Error : Failed to close file \"" << name << "\" Ending FDMORPH process. " << endLine;
     std::exit(1);
   }
   return !prompt || !askToOverwrite(name);

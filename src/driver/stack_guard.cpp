@@ -36,8 +36,8 @@ void onStackOverflow(int /*emergency*/, stackoverflow_context_t /*context*/) {
 void raiseStackLimit() {
   rlimit limit{};
   if (getrlimit(RLIMIT_STACK, &limit) != 0) return;
-  rlim_t wanted = limit.rlim_max == RLIM_INFINITY ? kWantedStack
-                                                  : std::min(limit.rlim_max, kWantedStack);
+  rlim_t wanted =
+      limit.rlim_max == RLIM_INFINITY ? kWantedStack : std::min(limit.rlim_max, kWantedStack);
   if (limit.rlim_cur == RLIM_INFINITY || limit.rlim_cur >= wanted) return;
   limit.rlim_cur = wanted;
   setrlimit(RLIMIT_STACK, &limit);

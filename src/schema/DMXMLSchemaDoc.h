@@ -71,9 +71,9 @@ class CDMXMLSchemaDoc {
   void redefineComponents(CDMXMLElement const* part, std::vector<CDMXMLElement*>& pending);
   void takeComponents(CDMXMLSchemaDoc& included, std::vector<CDMXMLElement*>& pending);
 
-  SchemaLoader* m_loader = nullptr;         // of the main document only, like
-  std::unique_ptr<FileCircles> m_circles;   // these: the files seen so far
-  std::list<CDMXMLSchemaDoc> m_imported;    // and the imported documents
+  SchemaLoader* m_loader = nullptr;        // of the main document only, like
+  std::unique_ptr<FileCircles> m_circles;  // these: the files seen so far
+  std::list<CDMXMLSchemaDoc> m_imported;   // and the imported documents
 };
 
 /// Match rules for CDMXMLElement::findElement. The key is a string view, for

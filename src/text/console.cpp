@@ -27,7 +27,9 @@ void countByHead(char const* text) {
 
 // A stream without a buffer is silenced on purpose; any other bad stream has
 // lost something.
-bool hasLostOutput(std::ostream const& stream) { return stream.rdbuf() != nullptr && stream.bad(); }
+bool hasLostOutput(std::ostream const& stream) {
+  return stream.rdbuf() != nullptr && stream.bad();
+}
 
 }  // namespace
 

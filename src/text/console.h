@@ -24,9 +24,9 @@ struct Console {
   Console(Console const&) = delete;
   Console& operator=(Console const&) = delete;
 
-  bool quietMode = false;    ///< -Q: the output stream has no buffer
-  bool logMode = false;      ///< -LOG: both streams write to `logStream`
-  bool headerShown = false;  ///< the banner is out
+  bool quietMode = false;                     ///< -Q: the output stream has no buffer
+  bool logMode = false;                       ///< -LOG: both streams write to `logStream`
+  bool headerShown = false;                   ///< the banner is out
   std::streambuf* savedCoutBuffer = nullptr;  ///< what RestoreStreams gives back
   std::streambuf* savedCerrBuffer = nullptr;
   std::ofstream logStream;
@@ -38,7 +38,7 @@ struct Console {
   /// The process's own buffers, whatever stands in their place now.
   std::streambuf* consoleOut;
   std::streambuf* consoleErr;
-  bool outputLost = false;           ///< the output stream's device refused text
+  bool outputLost = false;  ///< the output stream's device refused text
 };
 
 extern Console console;
@@ -115,9 +115,13 @@ class Message {
 };
 
 /// A message on the standard output stream.
-inline Message out() { return Message(std::cout); }
+inline Message out() {
+  return Message(std::cout);
+}
 
 /// A message on the standard error stream.
-inline Message err() { return Message(std::cerr); }
+inline Message err() {
+  return Message(std::cerr);
+}
 
 }  // namespace fdmorph

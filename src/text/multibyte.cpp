@@ -13,7 +13,9 @@ namespace {
 constexpr std::size_t kInvalid = static_cast<std::size_t>(-1);
 constexpr int kLongestInt = 12;
 
-int lower(char c) { return std::tolower(static_cast<unsigned char>(c)); }
+int lower(char c) {
+  return std::tolower(static_cast<unsigned char>(c));
+}
 
 // A byte that starts no valid character is stepped over by itself.
 int characterLength(char const* text) {

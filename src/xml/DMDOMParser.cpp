@@ -129,9 +129,8 @@ bool CDMDOMParser::parseGuarded(std::string const& fileName) {
     m_pParser->parse(fileName.c_str());
     return m_pParser->getErrorCount() == 0;
   } catch (XMLException const& e) {
-    m_pErrorHandler->emit(
-        {Kind::uncounted,
-         "An error occured during parsing. Exception Message: " + toLocalText(e.getMessage())});
+    m_pErrorHandler->emit({Kind::uncounted, "An error occured during parsing. Exception Message: " +
+                                                toLocalText(e.getMessage())});
     return true;
   } catch (DOMException const& e) {
     m_pErrorHandler->emit(
@@ -158,9 +157,8 @@ void CDMDOMParser::CheckDocument(std::string const& fileName, bool validate) {
   try {
     m_pReader->parse(fileName.c_str());
   } catch (XMLException const& e) {
-    m_pErrorHandler->emit(
-        {Kind::uncounted,
-         "An error occured during parsing. Exception Message: " + toLocalText(e.getMessage())});
+    m_pErrorHandler->emit({Kind::uncounted, "An error occured during parsing. Exception Message: " +
+                                                toLocalText(e.getMessage())});
   } catch (...) {
     m_pErrorHandler->emit({Kind::uncounted, "An error occured during parsing"});
   }
@@ -174,9 +172,13 @@ int CDMDOMParser::getWarningCount() const {
   return m_pErrorHandler == nullptr ? 1 : console.m_nWarningCount;
 }
 
-void CDMDOMParser::setVerboseError(bool verbose) { m_pErrorHandler->setVerboseError(verbose); }
+void CDMDOMParser::setVerboseError(bool verbose) {
+  m_pErrorHandler->setVerboseError(verbose);
+}
 
-void CDMDOMParser::DisplayErrorSummary() { m_pErrorHandler->DisplayErrorMsgSummary(); }
+void CDMDOMParser::DisplayErrorSummary() {
+  m_pErrorHandler->DisplayErrorMsgSummary();
+}
 
 void CDMDOMParser::recordReports(std::vector<ParserReport>* record) {
   m_pErrorHandler->recordReports(record);

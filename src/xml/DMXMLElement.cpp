@@ -34,7 +34,9 @@ std::string_view CDMXMLNode::getNonQualifiedName(std::string_view name) {
   return colon == std::string_view::npos ? name : name.substr(colon + 1);
 }
 
-void CDMXMLElement::addAttribute(CDMXMLAttribute* attribute) { append(attributes, attribute); }
+void CDMXMLElement::addAttribute(CDMXMLAttribute* attribute) {
+  append(attributes, attribute);
+}
 
 void CDMXMLElement::addChildElement(CDMXMLElement* child) {
   append(childElements, child);

@@ -12,6 +12,8 @@ void printReport(ParserReport const& report) {
   if (report.kind == ParserReport::Kind::error) ++console.m_nErrorCount;
 }
 
-bool nothingCounted() { return console.m_nErrorCount == 0 && console.m_nWarningCount == 0; }
+bool nothingCounted() {
+  return console.m_nErrorCount == 0 && console.m_nWarningCount == 0;
+}
 
 }  // namespace fdmorph

@@ -12,8 +12,12 @@ namespace {
 
 constexpr XMLCh kFirstNonAscii = 0x80;
 
-bool isHighSurrogate(XMLCh unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
-bool isLowSurrogate(XMLCh unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
+bool isHighSurrogate(XMLCh unit) {
+  return unit >= 0xD800 && unit <= 0xDBFF;
+}
+bool isLowSurrogate(XMLCh unit) {
+  return unit >= 0xDC00 && unit <= 0xDFFF;
+}
 
 std::wstring toWide(XMLCh const* text) {
   std::wstring wide;

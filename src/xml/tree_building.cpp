@@ -25,9 +25,9 @@ CDMXMLElement* CDMDOMParser::getXMLDocument() {
   m_pFormatter.reset();
   m_pFormatTarget = std::make_unique<CDMDOMFormatTarget>();
   try {
-    m_pFormatter = std::make_unique<XMLFormatter>(xerces::XMLUni::fgUTF8EncodingString,
-                                                  m_pFormatTarget.get(), XMLFormatter::NoEscapes,
-                                                  XMLFormatter::UnRep_CharRef);
+    m_pFormatter =
+        std::make_unique<XMLFormatter>(xerces::XMLUni::fgUTF8EncodingString, m_pFormatTarget.get(),
+                                       XMLFormatter::NoEscapes, XMLFormatter::UnRep_CharRef);
     CDMXMLElement* top = m_store.newElement();
     top->setParser(this);
     getXMLElement(*m_pParser->getDocument(), top);
@@ -62,8 +62,7 @@ void CDMDOMParser::getXMLElement(DOMNode const& node, CDMXMLElement* parent) {
     case DOMNode::DOCUMENT_TYPE_NODE:
       break;
     default:
-      std::cerr << "Unrecognized node type = " << static_cast<int>(node.getNodeType())
-                << std::endl;
+      std::cerr << "Unrecognized node type = " << static_cast<int>(node.getNodeType()) << std::endl;
       break;
   }
 }
