@@ -1,6 +1,7 @@
 #include "cobol/fixed_format.h"
 
 #include <algorithm>
+#include <array>
 #include <iostream>
 
 #include "text/console.h"
@@ -9,23 +10,42 @@ namespace fdmorph {
 namespace {
 
 constexpr int kLastColumn = 72;
-constexpr int kNothingYet = 73;    // column of a logical line without text
-constexpr int kAreaA = 7;          // offset of the first line's text
-constexpr int kWrappedText = 10;   // offset of a wrapped line's text
-constexpr int kWidestMargin = 61;  // leaves one column on a wrapped line
-constexpr int kSafeMargin = 60;    // and one behind a reopening quote
-constexpr std::size_t kBlanksAtOnce = 254;
-constexpr std::string_view kDelimiters = " \t";
+constexpr int kNothingYet = 73;             // column of a logical line without text
+constexpr int kAreaA = 7;                   // offset of the first line's text
+constexpr int kWrappedText = 10;            // offset of a wrapped line's text
+constexpr int kWidestMargin = 61;           // leaves one column on a wrapped line
+constexpr int kSafeMargin = 60;             // and one behind a reopening quote
+constexpr std::size_t kExpectedText = 256;  // bytes; saves growing in small steps
 constexpr std::string_view kMovedPrefix = "          ";
 constexpr std::string_view kCommentPrefix = "      *   ";
 constexpr std::string_view kContinuedPrefix = "      -   ";
+
+// As many blanks as go through the layout at once.
+constexpr auto kBlanks = [] {
+  std::array<char, 254> blanks{};
+  blanks.fill(' ');
+  return blanks;
+}();
+
+bool isDelimiter(char c) {
+  return c == ' ' || c == '\t';
+}
+
+// The end of the run of delimiters, or of other characters, that begins at
+// `at`.
+std::size_t endOfRun(std::string_view line, std::size_t at, bool ofDelimiters) {
+  while (at < line.size() && isDelimiter(line[at]) == ofDelimiters) ++at;
+  return at;
+}
 
 }  // namespace
 
 FixedFormatLayout::FixedFormatLayout(int margin, bool isComment)
     : m_margin(margin > kWidestMargin ? kSafeMargin : margin),
       m_isComment(isComment),
-      m_column(kNothingYet) {}
+      m_column(kNothingYet) {
+  m_text.reserve(kExpectedText);
+}
 
 void FixedFormatLayout::beginFirstLine() {
   int blanks = kAreaA + m_margin - (m_isComment ? 1 : 0);
@@ -85,23 +105,22 @@ void FixedFormatLayout::OutputCOBOLToken(std::string_view token) {
 
 void OutputFixedFormatCOBOL(std::string_view line, std::ostream& stream) {
   std::ostream& target = stream.bad() || stream.fail() ? std::cout : stream;
-  std::size_t at = std::min(line.find_first_not_of(kDelimiters), line.size());
-  std::size_t end = std::min(line.find_first_of(kDelimiters, at), line.size());
+  std::size_t at = endOfRun(line, 0, true);
+  std::size_t end = endOfRun(line, at, false);
   FixedFormatLayout layout(std::max(0, static_cast<int>(at) - kAreaA),
                            line.substr(at, end - at) == "*");
   layout.OutputCOBOLToken(line.substr(at, end - at));
-  while ((at = line.find_first_not_of(kDelimiters, end)) != std::string_view::npos) {
-    std::string const blanks(std::min(at - end, kBlanksAtOnce), ' ');
+  while ((at = endOfRun(line, end, true)) < line.size()) {
     for (std::size_t left = at - end; left > 0;) {
-      std::size_t portion = std::min(left, kBlanksAtOnce);
-      layout.OutputCOBOLToken(std::string_view(blanks).substr(0, portion));
+      std::size_t portion = std::min(left, kBlanks.size());
+      layout.OutputCOBOLToken(std::string_view(kBlanks.data(), portion));
       left -= portion;
     }
-    end = std::min(line.find_first_of(kDelimiters, at), line.size());
+    end = endOfRun(line, at, false);
     layout.OutputCOBOLToken(line.substr(at, end - at));
   }
   if (!target) return;
-  insertCounted(target, "");  // brings the banner out ahead of the first text
+  beginOutput(target);
   target << layout.text();
   endLine(target);
 }

@@ -1,10 +1,17 @@
 #include "driver/file_helpers.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
+#include <random>
+#include <sstream>
+#include <string_view>
+#include <vector>
 
 #include "text/console.h"
+#include "text/multibyte.h"
 
 namespace fdmorph {
 namespace {
@@ -45,6 +52,26 @@ bool askToOverwrite(std::string const& name) {
   return answer == Answer::yes;
 }
 
+std::string randomName() {
+  constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz0123456789";
+  constexpr int kRandomLetters = 6;
+  static std::random_device device;
+  std::uniform_int_distribution<std::size_t> letter(0, kLetters.size() - 1);
+  std::string name = "./file";
+  for (int i = 0; i < kRandomLetters; ++i) name += kLetters[letter(device)];
+  return name;
+}
+
+// The suffixes of a list of extensions, each with its dot.
+std::vector<std::string> splitExtensions(std::string const& extensions) {
+  std::istringstream words(extensions);
+  std::vector<std::string> suffixes;
+  for (std::string word; words >> word;) {
+    suffixes.push_back(word.front() == '.' ? word : "." + word);
+  }
+  return suffixes;
+}
+
 }  // namespace
 
 bool FileExists(std::string const& name, bool prompt) {
@@ -59,6 +86,44 @@ bool FileExists(std::string const& name, bool prompt) {
     std::exit(1);
   }
   return !prompt || !askToOverwrite(name);
+}
+
+bool CopyFileToFile(std::string const& source, std::string const& target) {
+  std::ifstream in(source, std::ios::in | std::ios::binary);
+  std::ofstream copy(target, std::ios::out | std::ios::trunc | std::ios::binary);
+  if (!in.is_open() || !copy.is_open()) {
+    out() << "Error : Unable to copy file contents of " << source << " to " << target << endLine;
+    return false;
+  }
+  std::string line;
+  while (!in.eof() && !in.bad() && copy.good()) {
+    std::getline(in, line);
+    copy << line.c_str() << '\n';
+  }
+  copy.close();
+  if (copy.fail()) {
+    reportWriteFailure(target);
+    return false;
+  }
+  return !in.bad();
+}
+
+std::string GetTemporaryFilename(std::string const& extensions) {
+  std::vector<std::string> const suffixes = splitExtensions(extensions);
+  while (true) {
+    std::string name = randomName();
+    bool isTaken = std::any_of(suffixes.begin(), suffixes.end(), [&](std::string const& suffix) {
+      return FileExists(name + suffix, false);
+    });
+    if (!isTaken) return name;
+  }
+}
+
+std::string ProcessSpaceyFilename(std::string const& name) {
+  std::wstring wide = my_mbstowcs(name.c_str());
+  std::erase(wide, L'"');
+  if (wide.find(L' ') != std::wstring::npos) wide = L'"' + wide + L'"';
+  return my_wcstombs(wide.c_str());
 }
 
 }  // namespace fdmorph

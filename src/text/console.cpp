@@ -67,6 +67,12 @@ void insertCounted(std::ostream& stream, char const* text) {
   target << text;
 }
 
+void beginOutput(std::ostream const& stream) {
+  if (console.headerShown || stream.rdbuf() == nullptr) return;
+  bool isStandard = stream.rdbuf() == std::cout.rdbuf() || stream.rdbuf() == std::cerr.rdbuf();
+  if (isStandard) DisplayHeader();
+}
+
 void RestoreStreams() {
   if (!console.quietMode && !console.logMode) return;
   bool logLost = console.logMode && (hasLostOutput(std::cout) || hasLostOutput(std::cerr));

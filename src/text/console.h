@@ -53,6 +53,10 @@ void DisplayHeader();
 /// carry it.
 void insertCounted(std::ostream& stream, char const* text);
 
+/// Brings the banner out ahead of text on a standard stream, for text that
+/// goes there past insertCounted.
+void beginOutput(std::ostream const& stream);
+
 /// Gives the standard streams the buffers that -Q and -LOG replaced, and
 /// closes the log.
 void RestoreStreams();

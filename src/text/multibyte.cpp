@@ -82,7 +82,7 @@ void itoa(int value, char* buffer, int radix) {
   }
 }
 
-bool isAscii(std::string const& text) {
+bool isAscii(std::string_view text) {
   return std::none_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; });
 }
 

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 namespace fdmorph {
 
@@ -34,6 +35,6 @@ int my_strnicmp(char const* left, char const* right, int n);
 void itoa(int value, char* buffer, int radix);
 
 /// True when every byte of `text` is ASCII, which all locales share.
-bool isAscii(std::string const& text);
+bool isAscii(std::string_view text);
 
 }  // namespace fdmorph

@@ -13,13 +13,11 @@ void CDMDOMFormatTarget::writeChars(XMLByte const* bytes, XMLSize_t count, xerce
 }
 
 void CDMDOMFormatTarget::setTarget(std::ofstream& file) {
-  m_Target = file.rdbuf();
-  redirectOutput(m_Target);
+  redirectOutput(file.rdbuf());
 }
 
 void CDMDOMFormatTarget::restoreTarget() {
   redirectOutput(m_SavedBuffer);
-  m_Target = nullptr;
 }
 
 }  // namespace fdmorph

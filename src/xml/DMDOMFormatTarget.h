@@ -30,7 +30,6 @@ class CDMDOMFormatTarget : public xerces::XMLFormatTarget {
 
  private:
   std::streambuf* m_SavedBuffer;
-  std::streambuf* m_Target = nullptr;
 };
 
 }  // namespace fdmorph

@@ -1,6 +1,8 @@
 #include "xml/transcoding.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <string_view>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
 
@@ -11,23 +13,29 @@ namespace fdmorph {
 namespace {
 
 constexpr XMLCh kFirstNonAscii = 0x80;
+constexpr XMLCh kFirstHighSurrogate = 0xD800;
+constexpr XMLCh kFirstLowSurrogate = 0xDC00;
+constexpr XMLCh kPastLowSurrogates = 0xE000;
+constexpr std::uint32_t kFirstSupplementary = 0x10000;
 
 bool isHighSurrogate(XMLCh unit) {
-  return unit >= 0xD800 && unit <= 0xDBFF;
+  return unit >= kFirstHighSurrogate && unit < kFirstLowSurrogate;
 }
+
 bool isLowSurrogate(XMLCh unit) {
-  return unit >= 0xDC00 && unit <= 0xDFFF;
+  return unit >= kFirstLowSurrogate && unit < kPastLowSurrogates;
 }
 
 std::wstring toWide(XMLCh const* text) {
   std::wstring wide;
   for (; *text != 0; ++text) {
-    auto character = static_cast<wchar_t>(*text);
+    std::uint32_t code = *text;
     if (isHighSurrogate(*text) && isLowSurrogate(text[1])) {
-      character = static_cast<wchar_t>(0x10000 + ((text[0] - 0xD800) << 10) + (text[1] - 0xDC00));
+      code = kFirstSupplementary + ((code - kFirstHighSurrogate) << 10) +
+             (static_cast<std::uint32_t>(text[1]) - kFirstLowSurrogate);
       ++text;
     }
-    wide += character;
+    wide += static_cast<wchar_t>(code);
   }
   return wide;
 }
@@ -43,6 +51,22 @@ std::string toMultibyte(XMLCh const* text) {
   narrow.resize(static_cast<std::size_t>(end - text));
   std::transform(text, end, narrow.begin(), [](XMLCh unit) { return static_cast<char>(unit); });
   return narrow;
+}
+
+std::basic_string<XMLCh> fromMultibyte(char const* text) {
+  std::string_view const narrow = text;
+  if (isAscii(narrow)) return {narrow.begin(), narrow.end()};
+  std::basic_string<XMLCh> units;
+  for (wchar_t character : my_mbstowcs(text)) {
+    auto const code = static_cast<std::uint32_t>(character);
+    if (code < kFirstSupplementary) {
+      units += static_cast<XMLCh>(code);
+    } else {
+      units += static_cast<XMLCh>(kFirstHighSurrogate + ((code - kFirstSupplementary) >> 10));
+      units += static_cast<XMLCh>(kFirstLowSurrogate + ((code - kFirstSupplementary) & 0x3FF));
+    }
+  }
+  return units;
 }
 
 std::string toLocalText(XMLCh const* text) {

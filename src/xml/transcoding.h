@@ -12,6 +12,10 @@ namespace fdmorph {
 /// string.
 std::string toMultibyte(XMLCh const* text);
 
+/// `text`, in the locale's encoding, as UTF-16. Text that is not valid there is
+/// reported as my_mbstowcs does and gives an empty string.
+std::basic_string<XMLCh> fromMultibyte(char const* text);
+
 /// `text` as the library's local code page transcoder gives it, for messages:
 /// what can't be represented is substituted, never reported.
 std::string toLocalText(XMLCh const* text);
