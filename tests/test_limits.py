@@ -130,6 +130,43 @@ def test_a_closed_standard_input_counts_as_no(tmp_path: Path) -> None:
     assert (tmp_path / "a.cpy").read_text() == "mine\n"
 
 
+def entity_bomb() -> str:
+    """A schema of a few hundred bytes whose documentation would be a hundred billion letters."""
+    entities = "".join(
+        f'<!ENTITY e{i} "{f"&e{i - 1};" * 10 if i else "x"}">' for i in range(12)
+    )
+    annotation = "<xs:annotation><xs:documentation>&e11;</xs:documentation></xs:annotation>"
+    element = '<xs:element name="code" type="xs:string"/>'
+    return f"<!DOCTYPE xs:schema [{entities}]>" + SCHEMA.format(annotation + element)
+
+
+@pytest.mark.parametrize(
+    ("args", "files"),
+    [
+        (["a.xsd"], {}),
+        (["-v", "a.xsd"], {}),
+        (["b.xsd"], {"b.xsd": SCHEMA.format('<xs:include schemaLocation="a.xsd"/>')}),
+        (
+            ["-v", "b.xml"],
+            {
+                "b.xml": '<code xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance"'
+                ' xsi:noNamespaceSchemaLocation="a.xsd"/>'
+            },
+        ),
+    ],
+)
+def test_a_schema_whose_entities_expand_without_measure_is_refused(
+    tmp_path: Path, args: list[str], files: dict[str, str]
+) -> None:
+    (tmp_path / "a.xsd").write_text(entity_bomb())
+    for name, content in files.items():
+        (tmp_path / name).write_text(content)
+    result = run(tmp_path, *args)
+    assert result.returncode >= 1
+    assert result.stderr.startswith(f"Fatal Error : {tmp_path}/a.xsd(Line 1, Col ")
+    assert "more than '50000' entity expansions" in result.stderr
+
+
 def test_an_included_file_reached_many_times_is_announced_each_time(tmp_path: Path) -> None:
     # Ten layers of two files, each of which includes both of the next layer.
     layers = 10

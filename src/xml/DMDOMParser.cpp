@@ -15,6 +15,7 @@
 #include "text/console.h"
 #include "xml/DMDOMErrorHandler.h"
 #include "xml/DMDOMFormatTarget.h"
+#include "xml/entity_guard.h"
 #include "xml/transcoding.h"
 
 namespace fdmorph {
@@ -61,6 +62,7 @@ CDMDOMParser::~CDMDOMParser() {
     m_pFormatTarget.reset();
     m_pReader.reset();
     m_pParser.reset();
+    m_pGuard.reset();
     m_pErrorHandler.reset();
     m_pSecurity.reset();
     XMLPlatformUtils::Terminate();
@@ -81,6 +83,8 @@ void CDMDOMParser::InitializeParser() {
   m_pErrorHandler = std::make_unique<CDMDOMErrorHandler>();
   m_pParser->setErrorHandler(m_pErrorHandler.get());
   m_pErrorHandler->setVerboseError(true);
+  m_pGuard = std::make_unique<EntityGuard>(*m_pErrorHandler, *m_pSecurity);
+  m_pParser->setXMLEntityResolver(m_pGuard.get());
   m_bParsed = false;
 }
 
@@ -106,6 +110,7 @@ bool CDMDOMParser::ParseFile(std::string const& fileName, FILE_TYPE type, bool v
 bool CDMDOMParser::loadSchemaGrammar(std::string const& fileName) {
   m_pParser->setValidationScheme(XercesDOMParser::Val_Auto);
   try {
+    if (!m_pGuard->admits(fileName)) return false;
     m_pParser->loadGrammar(toLibraryText(fileName).c_str(), xerces::Grammar::SchemaGrammarType,
                            true);
   } catch (XMLException const& e) {
@@ -147,6 +152,7 @@ void CDMDOMParser::CheckDocument(std::string const& fileName, bool validate) {
   if (m_pReader == nullptr) {
     m_pReader.reset(xerces::XMLReaderFactory::createXMLReader());
     m_pReader->setErrorHandler(m_pErrorHandler.get());
+    m_pReader->setXMLEntityResolver(m_pGuard.get());
     m_pReader->setProperty(XMLUni::fgXercesSecurityManager, m_pSecurity.get());
     m_pReader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
     m_pReader->setFeature(XMLUni::fgXercesDynamic, false);

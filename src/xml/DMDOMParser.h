@@ -14,6 +14,7 @@ namespace fdmorph {
 
 class CDMDOMErrorHandler;
 class CDMDOMFormatTarget;
+class EntityGuard;
 struct ParserReport;
 
 /// One parser of the XML library with its error handler. Library exceptions
@@ -87,6 +88,7 @@ class CDMDOMParser {
   std::unique_ptr<xerces::XercesDOMParser> m_pParser;
   std::unique_ptr<xerces::SAX2XMLReader> m_pReader;
   std::unique_ptr<CDMDOMErrorHandler> m_pErrorHandler;
+  std::unique_ptr<EntityGuard> m_pGuard;
   std::unique_ptr<CDMDOMFormatTarget> m_pFormatTarget;
   std::unique_ptr<xerces::XMLFormatter> m_pFormatter;
   bool m_bParsed = false;

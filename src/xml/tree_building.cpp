@@ -13,6 +13,7 @@
 #include "xml/DMDOMErrorHandler.h"
 #include "xml/DMDOMFormatTarget.h"
 #include "xml/DMDOMParser.h"
+#include "xml/entity_guard.h"
 #include "xml/transcoding.h"
 
 namespace fdmorph {

@@ -1,0 +1,36 @@
+// The bound on entity expansion, where the library itself doesn't keep it.
+#pragma once
+
+#include <string>
+#include <xercesc/util/XMLEntityResolver.hpp>
+
+#include "xml/xerces_fwd.h"
+
+namespace fdmorph {
+
+class CDMDOMErrorHandler;
+
+/// The library loads a grammar with a parser of its own that no
+/// SecurityManager reaches. So a schema file that declares entities is first
+/// read once under the limit; files without, that is nearly all, are only
+/// searched for such a declaration. As an entity resolver the guard does this
+/// for the files that a grammar refers to, and otherwise leaves every location
+/// to the library.
+class EntityGuard : public xerces::XMLEntityResolver {
+ public:
+  EntityGuard(CDMDOMErrorHandler& errorHandler, xerces::SecurityManager& limit)
+      : m_errorHandler(errorHandler), m_limit(limit) {}
+
+  /// True if the library may load the schema file `path`. False if its
+  /// entities exceed the limit, or it isn't well-formed; that is then reported.
+  bool admits(std::string const& path);
+
+  /// An empty schema in place of a file that isn't admitted, otherwise null.
+  xerces::InputSource* resolveEntity(xerces::XMLResourceIdentifier* resource) override;
+
+ private:
+  CDMDOMErrorHandler& m_errorHandler;
+  xerces::SecurityManager& m_limit;
+};
+
+}  // namespace fdmorph
