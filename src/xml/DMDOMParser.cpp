@@ -3,9 +3,8 @@
 #include <iostream>
 #include <xercesc/dom/DOMException.hpp>
 #include <xercesc/framework/XMLFormatter.hpp>
+#include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
-#include <xercesc/sax2/SAX2XMLReader.hpp>
-#include <xercesc/sax2/XMLReaderFactory.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLUni.hpp>
@@ -21,7 +20,6 @@
 namespace fdmorph {
 
 using xerces::DOMException;
-using xerces::SAX2XMLReader;
 using xerces::XercesDOMParser;
 using xerces::XMLException;
 using xerces::XMLPlatformUtils;
@@ -150,7 +148,7 @@ bool CDMDOMParser::parseGuarded(std::string const& fileName) {
 
 void CDMDOMParser::CheckDocument(std::string const& fileName, bool validate) {
   if (m_pReader == nullptr) {
-    m_pReader.reset(xerces::XMLReaderFactory::createXMLReader());
+    m_pReader = std::make_unique<xerces::SAX2XMLReaderImpl>();
     m_pReader->setErrorHandler(m_pErrorHandler.get());
     m_pReader->setXMLEntityResolver(m_pGuard.get());
     m_pReader->setProperty(XMLUni::fgXercesSecurityManager, m_pSecurity.get());

@@ -86,7 +86,7 @@ class CDMDOMParser {
   CDMXMLNodeStore& m_store;
   std::unique_ptr<xerces::SecurityManager> m_pSecurity;
   std::unique_ptr<xerces::XercesDOMParser> m_pParser;
-  std::unique_ptr<xerces::SAX2XMLReader> m_pReader;
+  std::unique_ptr<xerces::SAX2XMLReaderImpl> m_pReader;
   std::unique_ptr<CDMDOMErrorHandler> m_pErrorHandler;
   std::unique_ptr<EntityGuard> m_pGuard;
   std::unique_ptr<CDMDOMFormatTarget> m_pFormatTarget;

@@ -8,7 +8,7 @@ XERCES_CPP_NAMESPACE_BEGIN
 class DOMNode;
 class ErrorHandler;
 class SAXParseException;
-class SAX2XMLReader;
+class SAX2XMLReaderImpl;
 class SchemaValidator;
 class SecurityManager;
 class XercesDOMParser;
