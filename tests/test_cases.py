@@ -26,13 +26,13 @@ from __future__ import annotations
 import difflib
 import os
 import shutil
-import signal
 import subprocess
 import tomllib
 from pathlib import Path
 from typing import Any
 
 import pytest
+from harness import describe_signal, program_under_test, run_in_time
 
 CASES = Path(__file__).resolve().parent / "cases"
 FOLDERS = sorted(path for path in CASES.glob("*/*") if path.is_dir())
@@ -99,6 +99,7 @@ def run(program: str, case: dict[str, Any], directory: Path) -> subprocess.Compl
         return run_in_time(
             [program, *case["args"]],
             case["stdin"].encode(),
+            TIME_LIMIT,
             stderr=subprocess.STDOUT if case["merged"] else subprocess.PIPE,
             cwd=directory,
             env={**os.environ, "LC_ALL": "C.UTF-8", **case["env"]},
@@ -106,20 +107,6 @@ def run(program: str, case: dict[str, Any], directory: Path) -> subprocess.Compl
     finally:
         for path in filter(Path.exists, modes):
             path.chmod(0o700)  # so that the result can be read and removed
-
-
-def run_in_time(
-    command: list[str], stdin: bytes, **options: Any
-) -> subprocess.CompletedProcess[bytes]:
-    """Runs the command in a process group of its own, which ends with it when time is up."""
-    pipes = {"stdin": subprocess.PIPE, "stdout": subprocess.PIPE}
-    with subprocess.Popen(command, start_new_session=True, **pipes, **options) as process:
-        try:
-            stdout, stderr = process.communicate(stdin, timeout=TIME_LIMIT)
-        except subprocess.TimeoutExpired:
-            os.killpg(process.pid, signal.SIGKILL)
-            pytest.fail(f"still running after {TIME_LIMIT} s", pytrace=False)
-    return subprocess.CompletedProcess(command, process.returncode, stdout, stderr or b"")
 
 
 def visible_lines(content: bytes) -> list[str]:
@@ -147,16 +134,13 @@ def compare_trees(expected: Tree, found: Tree) -> list[str]:
 
 def compare_status(expected: int, found: int) -> list[str]:
     if found < 0:
-        return [f"killed by signal {-found} ({signal.strsignal(-found)})"]
+        return [describe_signal(found)]
     return [] if found == expected else [f"status {found}, expected {expected}"]
 
 
 @pytest.fixture(name="program", scope="session")
 def fixture_program() -> str:
-    path = os.environ.get("FDMORPH", "")
-    if not os.access(path, os.X_OK):
-        pytest.fail(f'FDMORPH must name the program under test; it is "{path}"', pytrace=False)
-    return os.path.abspath(path)
+    return program_under_test()
 
 
 @pytest.mark.parametrize("folder", FOLDERS, ids=lambda path: f"{path.parent.name}/{path.name}")
