@@ -1,35 +1,192 @@
+#include <cstdio>
+
+#include "dictionary/DMXMLGenerator.h"
+#include "driver/compiler_process.h"
+#include "driver/file_helpers.h"
 #include "driver/runs.h"
 #include "driver/usage.h"
 #include "text/console.h"
 #include "text/multibyte.h"
+#include "xml/DMDOMParser.h"
 
 namespace fdmorph {
 namespace {
 
-constexpr int kExtensionLength = 4;  // only these characters of it are compared
+using OutputType = CDMXMLGenerator::FILE_TYPE;
 
-// A dictionary is no input, and a name that begins with its only dot has no
-// extension.
-bool isCobolSource(std::string const& sourceFile) {
-  std::size_t dot = sourceFile.rfind('.');
-  if (dot == std::string::npos || dot == 0) return false;
-  char const* extension = sourceFile.c_str() + dot;
-  return my_strnicmp(extension, ".CBL", kExtensionLength) == 0 ||
-         my_strnicmp(extension, ".CPY", kExtensionLength) == 0;
+constexpr int kStopped = 1;
+constexpr std::size_t kExtensionLength = 4;  // only these characters of it are compared
+
+int stop() {
+  RestoreStreams();
+  return kStopped;
 }
+
+bool hasExtension(std::string const& extension, char const* wanted) {
+  return my_strnicmp(extension.c_str(), wanted, static_cast<int>(kExtensionLength)) == 0;
+}
+
+/// The names of one run.
+struct RunFiles {
+  std::string baseName;   // of the source, up to its last dot
+  std::string extension;  // of the source, with its dot
+  std::string dictionaryFile;
+  std::string tempSourceFile;  // empty if the source is compiled where it lies
+  std::string schemaFile;
+  std::string copybookFile;
+};
+
+// A dot in the first place begins no extension.
+RunFiles splitSourceName(std::string const& sourceFile) {
+  RunFiles files;
+  std::wstring wide = my_mbstowcs(sourceFile.c_str());
+  std::size_t dot = wide.rfind(L'.');
+  if (dot == std::wstring::npos || dot == 0) {
+    files.baseName = sourceFile;
+    return files;
+  }
+  files.baseName = my_wcstombs(wide.substr(0, dot).c_str());
+  files.extension = my_wcstombs(wide.substr(dot).c_str());
+  return files;
+}
+
+// Copybooks are compiled as a copy, and so are programs beside which the
+// dictionary would replace a file of the user's.
+void chooseCompilerFiles(std::string const& sourceFile, RunFiles& files) {
+  files.dictionaryFile = files.baseName + ".xml";
+  bool isCopied = hasExtension(files.extension, ".CPY") || FileExists(files.dictionaryFile, false);
+  if (!isCopied) return;
+  std::string temporary = GetTemporaryFilename(".xml .cbl");
+  files.dictionaryFile = temporary + ".xml";
+  files.tempSourceFile = temporary + ".cbl";
+  CopyFileToFile(sourceFile, files.tempSourceFile);
+}
+
+// Runs the compiler and reports why it can't go on. The same in the child that
+// didn't become the compiler.
+bool compile(Settings const& settings, RunFiles const& files) {
+  std::string const& source =
+      files.tempSourceFile.empty() ? settings.sourceFile : files.tempSourceFile;
+  out() << "Checking " << settings.sourceFile << " for errors" << endLine;
+  switch (
+      runCompiler(ProcessSpaceyFilename(source), ProcessSpaceyFilename(settings.directiveFile))) {
+    case CompileOutcome::notCreated:
+      out() << "Error : Unable to create cobol compiler process" << endLine;
+      return false;
+    case CompileOutcome::notReturned:
+      out() << "Error : Failed to return from COBOL compiler execution" << endLine;
+      return false;
+    case CompileOutcome::failed:
+      out() << "Error : Failed to compile " << settings.sourceFile
+            << ".  Please correct the errors and try again." << endLine;
+      return false;
+    case CompileOutcome::compiled:
+      break;
+  }
+  out() << endLine;
+  return true;
+}
+
+// The dictionary goes with the compiler's other by-products: the tree holds
+// all that is needed.
+void removeByProducts(RunFiles const& files) {
+  if (!files.tempSourceFile.empty()) std::remove(files.tempSourceFile.c_str());
+  std::string stem = files.tempSourceFile.empty() ? files.baseName + ".xml" : files.tempSourceFile;
+  std::size_t dot = stem.rfind('.');
+  if (dot != std::string::npos && dot != 0) stem.resize(dot + 1);
+  for (char const* extension : {"dbi", "xml", "int"}) std::remove((stem + extension).c_str());
+}
+
+/// The outputs of one dictionary.
+class DictionaryOutputs {
+ public:
+  DictionaryOutputs(Settings const& settings, RunFiles const& files, CDMXMLElement* dictionary)
+      : m_settings(settings), m_files(files) {
+    m_generator.setCOBOLDataDictionary(dictionary);
+  }
+
+  // The mapping file on disk is read back, whether it was just written or kept.
+  bool applyMappingFile(CDMXMLNodeStore& store) {
+    std::string const& mappingFile = m_settings.mappingFile;
+    if (mappingFile.empty()) return true;
+    if (!FileExists(mappingFile, m_settings.promptOverwrite)) {
+      generate(OutputType::FT_EXTERNAL_MAPPING, std::string());
+    }
+    CDMDOMParser parser(store);
+    if (!parser.ParseFile(mappingFile, CDMDOMParser::FILE_TYPE::XML_DOCUMENT, false)) {
+      out() << endLine;
+      parser.DisplayErrorSummary();
+      out() << "Failed to validate " << mappingFile << endLine;
+      return false;
+    }
+    if (CDMXMLElement const* top = parser.getXMLDocument()) m_mapping.Initialize(top, nullptr);
+    m_generator.setXMLCOBOLExternalMapping(&m_mapping);
+    return true;
+  }
+
+  void writeSchema() {
+    if (mayWrite(m_files.schemaFile)) generate(OutputType::FT_XML_SCHEMA, std::string());
+  }
+
+  void writeCopybook() {
+    if (mayWrite(m_files.copybookFile)) {
+      generate(OutputType::FT_ENHANCED_COBOL, m_settings.dataPrefix);
+    }
+  }
+
+ private:
+  bool mayWrite(std::string const& name) const {
+    return !FileExists(name, m_settings.promptOverwrite) || !m_settings.promptOverwrite;
+  }
+
+  void generate(OutputType type, std::string const& prefix) {
+    m_generator.GenerateFile(m_files.baseName + ".xml", m_settings.mappingFile, m_files.schemaFile,
+                             m_files.copybookFile, type, prefix, m_settings.countIn);
+  }
+
+  Settings const& m_settings;
+  RunFiles const& m_files;
+  CDMXMLCOBOLExternalMapping m_mapping;
+  CDMXMLGenerator m_generator;
+};
 
 }  // namespace
 
 int runCobolToSchema(Settings const& settings) {
-  if (!isCobolSource(settings.sourceFile)) {
+  CDMXMLNodeStore store;
+  CDMDOMParser::InitializePlatform();
+  CDMDOMParser parser(store);
+  if (settings.sourceFile.empty()) {
+    out() << "Error : Failed to specify COBOL filename" << endLine;
+    return stop();
+  }
+  RunFiles files = splitSourceName(settings.sourceFile);
+  bool isProgram = hasExtension(files.extension, ".CBL");
+  if (!isProgram && !hasExtension(files.extension, ".CPY")) {
     out() << "Error : Unrecognized file type \"" << settings.sourceFile << "\"" << endLine
           << endLine;
     Usage();
-    RestoreStreams();
-    return 1;
+    return stop();
   }
-  out() << "Error : Conversion of COBOL file \"" << settings.sourceFile
-        << "\" to XML Schema is not available yet" << endLine;
+  chooseCompilerFiles(settings.sourceFile, files);
+  if (!compile(settings, files)) return stop();
+
+  files.schemaFile = settings.schemaFile.empty() ? files.baseName + ".xsd" : settings.schemaFile;
+  files.copybookFile =
+      settings.copybookFile.empty() ? files.baseName + "-fdmorph.cpy" : settings.copybookFile;
+  if (!parser.ParseFile(files.dictionaryFile, CDMDOMParser::FILE_TYPE::XML_DOCUMENT, false)) {
+    out() << endLine;
+    parser.DisplayErrorSummary();
+    out() << "Failed to create " << files.schemaFile << endLine;
+    return stop();
+  }
+  DictionaryOutputs outputs(settings, files, parser.getXMLDocument());
+  removeByProducts(files);
+  if (!outputs.applyMappingFile(store)) return stop();
+  outputs.writeSchema();
+  outputs.writeCopybook();
+  out() << endLine;
+  parser.DisplayErrorSummary();
   RestoreStreams();
   return reportStatus();
 }

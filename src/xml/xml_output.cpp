@@ -1,50 +1,77 @@
 #include "xml/xml_output.h"
 
-#include <string>
-#include <xercesc/dom/DOMNode.hpp>
+#include <algorithm>
+#include <iostream>
 #include <xercesc/framework/XMLFormatter.hpp>
 
 #include "text/console.h"
-#include "text/multibyte.h"
 #include "xml/transcoding.h"
 
 namespace fdmorph {
+namespace {
 
 using xerces::XMLFormatter;
 
-XMLFormatter& writeIndent(XMLFormatter& formatter, unsigned n) {
-  formatter << XMLFormatter::NoEscapes;
-  std::basic_string<XMLCh> const blanks(n, u' ');
-  formatter << blanks.c_str();
-  return formatter;
+constexpr std::size_t kBlockSize = std::size_t{64} << 10;
+constexpr char kFirstPrintable = ' ';
+constexpr char kLastPrintable = '~';
+
+// Printable ASCII is the same in every encoding concerned, and of it only a
+// few characters are ever escaped.
+bool isPlain(char c, XmlOutput::Escapes escapes) {
+  if (c < kFirstPrintable || c > kLastPrintable) {
+    return c == '\n' && escapes == XmlOutput::Escapes::none;
+  }
+  return escapes == XmlOutput::Escapes::none || (c != '&' && c != '<' && c != '>' && c != '"');
 }
 
-XMLFormatter& writeAttr(XMLFormatter& formatter, char const* name, char const* value) {
-  formatter << XMLFormatter::NoEscapes << " " << name << "=\"" << XMLFormatter::AttrEscapes << value
-            << XMLFormatter::NoEscapes << "\"";
-  return formatter;
+}  // namespace
+
+void XmlOutput::write(std::string_view text, Escapes escapes) {
+  bool isAsItStands =
+      std::all_of(text.begin(), text.end(), [escapes](char c) { return isPlain(c, escapes); });
+  if (isAsItStands) {
+    m_block += text;
+    bool isLineOut = !text.empty() && text.back() == '\n' && isLineByLine(std::cout.rdbuf());
+    if (isLineOut || m_block.size() >= kBlockSize) flush();
+    return;
+  }
+  flush();
+  m_formatter << (escapes == Escapes::attribute ? XMLFormatter::AttrEscapes
+                                                : XMLFormatter::NoEscapes);
+  m_formatter << fromMultibyte(std::string(text).c_str()).c_str();
+  m_formatter << XMLFormatter::NoEscapes;
 }
 
-XMLFormatter& writeElem(XMLFormatter& formatter, char const* name) {
-  return formatter << XMLFormatter::NoEscapes << "<" << name;
+void XmlOutput::flush() {
+  std::cout.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
+  if (isLineByLine(std::cout.rdbuf())) std::cout.flush();
+  m_block.clear();
 }
 
-XMLFormatter& operator<<(XMLFormatter& formatter, char const* text) {
-  formatter << fromMultibyte(text).c_str();
-  return formatter;
+XmlOutput& writeIndent(XmlOutput& output, unsigned n) {
+  output.writeBlanks(n);
+  return output;
 }
 
-XMLFormatter& operator<<(XMLFormatter& formatter, xerces::DOMNode const& node) {
-  formatter << node.getNodeName();
-  return formatter;
+XmlOutput& writeAttr(XmlOutput& output, std::string_view name, std::string_view value) {
+  output << " " << name << "=\"";
+  output.write(value, XmlOutput::Escapes::attribute);
+  return output << "\"";
 }
 
-XMLFormatter& writeXmlDeclaration(XMLFormatter& formatter) {
-  formatter << "<?xml version=\"" << kVersion << "\" encoding=\"";
-  formatter << formatter.getEncodingName();
-  return formatter << "\""
-                   << "?>"
-                   << "\n";
+XmlOutput& writeElem(XmlOutput& output, std::string_view name) {
+  return output << "<" << name;
+}
+
+XmlOutput& operator<<(XmlOutput& output, std::string_view text) {
+  output.write(text, XmlOutput::Escapes::none);
+  return output;
+}
+
+XmlOutput& writeXmlDeclaration(XmlOutput& output) {
+  return output << "<?xml version=\"" << kVersion << "\" encoding=\""
+                << toMultibyte(output.formatter().getEncodingName()) << "\"?>\n";
 }
 
 }  // namespace fdmorph

@@ -1,32 +1,57 @@
-// The primitives with which XML is written to a formatter.
+// The primitives with which XML is written.
 #pragma once
+
+#include <string>
+#include <string_view>
 
 #include "xml/xerces_fwd.h"
 
 namespace fdmorph {
 
-/// Blanks of one step of nesting.
-inline constexpr unsigned kIndentStep = 3;
+/// XML on its way to the standard output stream. The library's formatter
+/// transcodes and escapes; text that comes out of it as it went in, which is
+/// nearly all, is gathered in blocks beside it. Output to a console goes out
+/// line by line.
+class XmlOutput {
+ public:
+  enum class Escapes { none, attribute };
+
+  explicit XmlOutput(xerces::XMLFormatter& formatter) : m_formatter(formatter) {}
+  ~XmlOutput() { flush(); }
+  XmlOutput(XmlOutput const&) = delete;
+  XmlOutput& operator=(XmlOutput const&) = delete;
+
+  /// Writes `text`, in the locale's encoding, as UTF-8. Text that is not valid
+  /// in the locale is reported and left out.
+  void write(std::string_view text, Escapes escapes);
+
+  /// Appends `n` blanks.
+  void writeBlanks(unsigned n) { m_block.append(n, ' '); }
+
+  /// Hands everything written so far to the standard output stream.
+  void flush();
+
+  xerces::XMLFormatter& formatter() { return m_formatter; }
+
+ private:
+  xerces::XMLFormatter& m_formatter;
+  std::string m_block;
+};
 
 /// Writes `n` blanks.
-xerces::XMLFormatter& writeIndent(xerces::XMLFormatter& formatter, unsigned n);
+XmlOutput& writeIndent(XmlOutput& output, unsigned n);
 
 /// Writes a blank, `name`, "=" and `value` in double quotes, with the escapes
 /// of attribute values.
-xerces::XMLFormatter& writeAttr(xerces::XMLFormatter& formatter, char const* name,
-                                char const* value);
+XmlOutput& writeAttr(XmlOutput& output, std::string_view name, std::string_view value);
 
 /// Writes "<" and `name`. The tag is left open for attributes.
-xerces::XMLFormatter& writeElem(xerces::XMLFormatter& formatter, char const* name);
+XmlOutput& writeElem(XmlOutput& output, std::string_view name);
 
-/// Writes `text`, in the locale's encoding, under the formatter's escape mode.
-/// Text that is not valid in the locale is reported and left out.
-xerces::XMLFormatter& operator<<(xerces::XMLFormatter& formatter, char const* text);
-
-/// Writes the name of `node`.
-xerces::XMLFormatter& operator<<(xerces::XMLFormatter& formatter, xerces::DOMNode const& node);
+/// Writes `text` without escapes.
+XmlOutput& operator<<(XmlOutput& output, std::string_view text);
 
 /// Writes the XML declaration with the formatter's encoding, and a line feed.
-xerces::XMLFormatter& writeXmlDeclaration(xerces::XMLFormatter& formatter);
+XmlOutput& writeXmlDeclaration(XmlOutput& output);
 
 }  // namespace fdmorph

@@ -1,0 +1,74 @@
+#include "driver/compiler_process.h"
+
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+
+#include "text/console.h"
+
+namespace fdmorph {
+namespace {
+
+constexpr char kCompiler[] = "zbc";
+constexpr char kDictionaryDirective[] = "XMLGEN(WS)";
+constexpr std::size_t kPipePiece = 128;  // bytes, terminator included
+
+// Returns only if the compiler can't be started.
+void replaceProcess(std::string const& compileFile, std::string const& directives) {
+  if (directives.empty()) {
+    execlp(kCompiler, kCompiler, "-C", "dbgi", "noobj", "-C", kDictionaryDirective,
+           compileFile.c_str(), nullptr);
+  } else {
+    execlp(kCompiler, kCompiler, "-C", "dbgi", "noobj", directives.c_str(), "-C",
+           kDictionaryDirective, compileFile.c_str(), nullptr);
+  }
+}
+
+// Copies what the compiler prints to the log.
+void runThroughPipe(std::string const& compileFile, std::string const& directives) {
+  std::string command = std::string(kCompiler) + " -C dbgi noobj ";
+  if (!directives.empty()) command += directives + " ";
+  command += std::string("-C ") + kDictionaryDirective + " " + compileFile;
+  std::FILE* pipe = popen(command.c_str(), "r");
+  if (pipe == nullptr) return;
+  std::array<char, kPipePiece> piece;
+  while (std::fgets(piece.data(), static_cast<int>(piece.size()), pipe) != nullptr) {
+    err() << piece.data();
+  }
+  pclose(pipe);
+}
+
+pid_t waitForChild(pid_t child, int& status) {
+  pid_t ended = 0;
+  do {
+    ended = waitpid(child, &status, 0);
+  } while (ended < 0 && errno == EINTR);
+  return ended;
+}
+
+}  // namespace
+
+CompileOutcome runCompiler(std::string const& compileFile, std::string const& directiveFile) {
+  std::string directives = directiveFile.empty() ? std::string() : "@" + directiveFile;
+  // What stands in the buffers must not come out of both processes.
+  std::cout.flush();
+  std::cerr.flush();
+  pid_t child = fork();
+  if (child < 0) return CompileOutcome::notCreated;
+  if (child == 0) {
+    if (console.logMode) {
+      runThroughPipe(compileFile, directives);
+    } else {
+      replaceProcess(compileFile, directives);
+    }
+  }
+  int status = 0;
+  if (waitForChild(child, status) < 0) return CompileOutcome::notReturned;
+  bool hasFailed = WIFEXITED(status) && WEXITSTATUS(status) > 0;
+  return hasFailed ? CompileOutcome::failed : CompileOutcome::compiled;
+}
+
+}  // namespace fdmorph
