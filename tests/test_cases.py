@@ -12,12 +12,19 @@ A case is a folder tests/cases/<group>/<case> that holds
                            nothing to root, for whom such a case is skipped
                   merged   true: both streams go to one pipe and are compared, in the
                            order of writing, with stdout
+                  zbc      what the COBOL compiler does, which the case replaces by
+                           fake_zbc/zbc: status, signal (a name without SIG), output (what
+                           it prints), missing (true: the path leads to no compiler)
+  dictionary.xml  the data dictionary that the compiler leaves; none if absent
+  zbc.arguments   the compiler's arguments, one a line; not looked at if absent
   input/          copied into the empty directory where the program is run
   stdout, stderr  the expected streams; empty if absent
   files/          what the run leaves behind besides the unchanged input
 
-Everything is compared byte for byte.  In stdout, stderr and files/ the text @DIR@ stands
-for the absolute path of the directory where the program is run.  The environment variable
+Everything is compared byte for byte.  In stdout, stderr, zbc.arguments and files/ the text
+@DIR@ stands for the absolute path of the directory where the program is run, and @TEMP@,
+also in the names of files, for the temporary copy's name without its extension: ./file and
+six characters, or the same without the ./ behind another slash.  The environment variable
 FDMORPH names the program under test.
 """
 
@@ -25,6 +32,7 @@ from __future__ import annotations
 
 import difflib
 import os
+import re
 import shutil
 import subprocess
 import tomllib
@@ -34,14 +42,21 @@ from typing import Any
 import pytest
 from harness import describe_signal, program_under_test, run_in_time
 
-CASES = Path(__file__).resolve().parent / "cases"
+HERE = Path(__file__).resolve().parent
+CASES = HERE / "cases"
+COMPILER = HERE / "fake_zbc" / "zbc"
 FOLDERS = sorted(path for path in CASES.glob("*/*") if path.is_dir())
-ENTRIES = {"case.toml", "input", "stdout", "stderr", "files"}
+ENTRIES = {
+    "case.toml", "dictionary.xml", "zbc.arguments", "input", "stdout", "stderr", "files",
+}  # fmt: skip
 DEFAULTS: dict[str, Any] = {
     "rule": "", "args": [], "status": 0, "stdin": "", "env": {}, "removed": [], "modes": {},
-    "merged": False,
+    "merged": False, "zbc": {},
 }  # fmt: skip
 TIME_LIMIT = 30  # seconds
+
+ZBC_DEFAULTS: dict[str, Any] = {"status": 0, "signal": "", "output": "", "missing": False}
+TEMPORARY_NAME = re.compile(rb"\bfile[a-z0-9]{6}(?=\.)")
 
 Tree = dict[str, bytes]  # content by relative path; a directory's path ends in a slash
 
@@ -50,19 +65,24 @@ class CaseError(Exception):
     """The case itself is not well written."""
 
 
+def with_defaults(given: dict[str, Any], defaults: dict[str, Any]) -> dict[str, Any]:
+    for key, value in given.items():
+        if key not in defaults:
+            raise CaseError(f"case.toml: unknown key {key}")
+        if type(value) is not type(defaults[key]):
+            raise CaseError(f"case.toml: {key} is no {type(defaults[key]).__name__}")
+    return defaults | given
+
+
 def load_case(folder: Path) -> dict[str, Any]:
     """The keys of case.toml, with their defaults; a slip in the case is never passed over."""
     if stray := sorted(set(os.listdir(folder)) - ENTRIES):
         raise CaseError(f"a case has no {', '.join(stray)}")
     case = tomllib.loads((folder / "case.toml").read_text(encoding="utf-8"))
-    for key, value in case.items():
-        if key not in DEFAULTS:
-            raise CaseError(f"case.toml: unknown key {key}")
-        if type(value) is not type(DEFAULTS[key]):
-            raise CaseError(f"case.toml: {key} is no {type(DEFAULTS[key]).__name__}")
     if not case.get("rule") or "args" not in case:
         raise CaseError("case.toml: rule and args are required")
-    return DEFAULTS | case
+    case = with_defaults(case, DEFAULTS)
+    return case | {"zbc": with_defaults(case["zbc"], ZBC_DEFAULTS)}
 
 
 def read_tree(root: Path) -> Tree:
@@ -74,24 +94,56 @@ def read_tree(root: Path) -> Tree:
     return tree
 
 
-def expand(content: bytes, directory: Path) -> bytes:
-    return content.replace(b"@DIR@", os.fsencode(directory))
+class Expectation:
+    """What the case folder says of the results, with the placeholders filled in."""
+
+    def __init__(self, folder: Path, directory: Path, arguments: bytes) -> None:
+        self.folder = folder
+        self.directory = os.fsencode(directory)
+        traces = [arguments, *map(os.fsencode, sorted(os.listdir(directory)))]
+        found = TEMPORARY_NAME.search(b"\n".join(traces))
+        self.temporary = found[0] if found else None
+
+    def expand(self, content: bytes) -> bytes:
+        content = content.replace(b"@DIR@", self.directory)
+        if self.temporary is None:
+            return content
+        content = content.replace(b"/@TEMP@", b"/" + self.temporary)
+        return content.replace(b"@TEMP@", b"./" + self.temporary)
+
+    def text(self, name: str) -> bytes:
+        path = self.folder / name
+        return self.expand(path.read_bytes()) if path.exists() else b""
+
+    def tree(self, removed: list[str]) -> Tree:
+        tree = read_tree(self.folder / "input")
+        for name in removed:
+            if tree.pop(name, None) is None:
+                raise CaseError(f"case.toml: removed names {name}, which is no input file")
+        for name, content in read_tree(self.folder / "files").items():
+            tree[self.expand(name.encode()).decode().removeprefix("./")] = self.expand(content)
+        return tree
 
 
-def expected_stream(path: Path, directory: Path) -> bytes:
-    return expand(path.read_bytes(), directory) if path.exists() else b""
+def compiler_environment(folder: Path, zbc: dict[str, Any], arguments: Path) -> dict[str, str]:
+    """What puts the fake compiler on the path and tells it what to do."""
+    folders = os.get_exec_path()
+    if zbc["missing"]:
+        return {"PATH": os.pathsep.join(f for f in folders if not Path(f, COMPILER.name).exists())}
+    environment = {
+        "PATH": os.pathsep.join([str(COMPILER.parent), *folders]),
+        "FAKE_ZBC_ARGUMENTS": str(arguments),
+        "FAKE_ZBC_OUTPUT": zbc["output"],
+        "FAKE_ZBC_STATUS": str(zbc["status"]),
+        "FAKE_ZBC_SIGNAL": zbc["signal"],
+    }
+    dictionary = folder / "dictionary.xml"
+    return environment | ({"FAKE_ZBC_DICTIONARY": str(dictionary)} if dictionary.exists() else {})
 
 
-def expected_tree(folder: Path, removed: list[str], directory: Path) -> Tree:
-    tree = read_tree(folder / "input")
-    for name in removed:
-        if tree.pop(name, None) is None:
-            raise CaseError(f"case.toml: removed names {name}, which is no input file")
-    written = read_tree(folder / "files")
-    return tree | {name: expand(content, directory) for name, content in written.items()}
-
-
-def run(program: str, case: dict[str, Any], directory: Path) -> subprocess.CompletedProcess[bytes]:
+def run(
+    program: str, case: dict[str, Any], directory: Path, compiler: dict[str, str]
+) -> subprocess.CompletedProcess[bytes]:
     modes = {directory / name: int(mode, 8) for name, mode in case["modes"].items()}
     for path, mode in modes.items():
         path.chmod(mode)
@@ -102,7 +154,7 @@ def run(program: str, case: dict[str, Any], directory: Path) -> subprocess.Compl
             TIME_LIMIT,
             stderr=subprocess.STDOUT if case["merged"] else subprocess.PIPE,
             cwd=directory,
-            env={**os.environ, "LC_ALL": "C.UTF-8", **case["env"]},
+            env={**os.environ, "LC_ALL": "C.UTF-8", **compiler, **case["env"]},
         )
     finally:
         for path in filter(Path.exists, modes):
@@ -148,13 +200,20 @@ def test_case(folder: Path, program: str, tmp_path: Path) -> None:
     case = load_case(folder)
     if case["modes"] and os.geteuid() == 0:
         pytest.skip("permissions mean nothing to root")
-    directory = tmp_path.resolve()
+    directory = tmp_path.resolve() / "run"
+    directory.mkdir()
     if (folder / "input").exists():
         shutil.copytree(folder / "input", directory, dirs_exist_ok=True)
-    result = run(program, case, directory)
+    calls = tmp_path / "arguments"
+    calls.touch()
+    result = run(program, case, directory, compiler_environment(folder, case["zbc"], calls))
+    arguments = calls.read_bytes()
+    expected = Expectation(folder, directory, arguments)
     report = compare_status(case["status"], result.returncode)
-    report += compare("stdout", expected_stream(folder / "stdout", directory), result.stdout)
-    report += compare("stderr", expected_stream(folder / "stderr", directory), result.stderr)
-    report += compare_trees(expected_tree(folder, case["removed"], directory), read_tree(directory))
+    report += compare("stdout", expected.text("stdout"), result.stdout)
+    report += compare("stderr", expected.text("stderr"), result.stderr)
+    if (folder / "zbc.arguments").exists():
+        report += compare("zbc.arguments", expected.text("zbc.arguments"), arguments)
+    report += compare_trees(expected.tree(case["removed"]), read_tree(directory))
     if report:
         pytest.fail("\n".join([case["rule"], *report]), pytrace=False)

@@ -1,0 +1,2 @@
+        01 REC identified by "REC" count in REC-count.
+         02 C pic ZZ9 identified by "C" count in C-count.

@@ -1,0 +1,6 @@
+        01 REC identified by "REC" count in REC-count.
+         02 FILLER.
+          03 A pic X(5) identified by "A" count in A-count.
+          03 filler.
+           04 B pic X(5) identified by "B" count in B-count.
+         02 C pic X(5) identified by "C" count in C-count.

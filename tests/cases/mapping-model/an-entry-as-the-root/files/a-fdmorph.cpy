@@ -1,0 +1,3 @@
+        01 REC identified by "REC" count in REC-count.
+         02 A pic X(5) identified by "Alpha" count in Alpha-count.
+         02 B pic X(5) identified by "Beta" count in Beta-count.

@@ -1,0 +1,4 @@
+        01 REC identified by "REC" count in REC-count.
+         02 A pic X(5) identified by "Alpha" is attribute count in 
+            Alpha-count.
+         02 B pic X(5) identified by "Beta" count in Beta-count.

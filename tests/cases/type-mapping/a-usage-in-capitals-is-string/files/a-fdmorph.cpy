@@ -1,0 +1,5 @@
+        01 REC identified by "REC" count in REC-count.
+         02 A pic S9(7) usage is COMP-3 identified by "A" count in 
+            A-count.
+         02 B pic S9(7) usage is COMP-1 identified by "B" count in 
+            B-count.

@@ -1,0 +1,5 @@
+        01 REC identified by "REC" count in REC-count.
+         02 A pic X(5) identified by "A" is attribute count in A-count.
+         02 B pic X(5) identified by "B" count in B-count.
+         02 C pic X(5) identified by "C" count in C-count.
+         02 D pic X(5) identified by "D" count in D-count.

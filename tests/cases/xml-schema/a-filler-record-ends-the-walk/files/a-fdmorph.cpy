@@ -1,0 +1,3 @@
+        01 FILLER.
+         02 A pic X(5) identified by "A" count in A-count.
+         02 B pic X(5) identified by "B" count in B-count.

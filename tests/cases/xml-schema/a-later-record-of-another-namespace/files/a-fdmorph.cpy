@@ -1,0 +1,3 @@
+        01 REC identified by "REC" namespace is "urn:first" count in 
+           REC-count.
+         02 A pic X(5) identified by "A" count in A-count.

@@ -1,0 +1,3 @@
+        01 REC identified by "REC" count in REC-count.
+         02 A pic X(12) identified by "A" count in A-count.
+         02 B pic 9(7) identified by "B" count in B-count.

@@ -1,0 +1,5 @@
+        01 REC identified by "REC" count in REC-count.
+         02 A pic X(1) identified by "A" count in A-count.
+          88 MIX value is "Z".
+          88 MIX value is "A" through "F".
+          88 MIX value is "Y".

@@ -1,0 +1,3 @@
+        01 REC identified by "REC" count in REC-count.
+         02 A pic X(1) identified by "A" count in A-count.
+          88  value is "A" through "F".

@@ -1,0 +1,3 @@
+        01 REC identified by "REC" count in REC-count.
+         02 A pic X(5) identified by "A" is attribute count in A-count.
+         02 B pic 9(3) identified by "B" is attribute count in B-count.

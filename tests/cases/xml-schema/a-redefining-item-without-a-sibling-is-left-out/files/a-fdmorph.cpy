@@ -1,0 +1,3 @@
+        01 REC identified by "REC" count in REC-count.
+         02 B pic X(5) identified by "B" count in B-count.
+         02 C pic X(5) identified by "C" count in C-count.

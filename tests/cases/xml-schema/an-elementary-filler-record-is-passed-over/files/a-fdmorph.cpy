@@ -1,0 +1,1 @@
+        01 FILLER pic X(2).

@@ -1,0 +1,3 @@
+        01 REC identified by "REC" count in REC-count.
+         02 G identified by "G" count in G-count.
+         02 A pic X(5) identified by "A" count in A-count.

@@ -1,0 +1,1 @@
+        01 REC identified by "REC" count in REC-count.

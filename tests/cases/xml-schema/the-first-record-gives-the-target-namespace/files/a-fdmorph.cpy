@@ -1,0 +1,5 @@
+        01 REC identified by "REC" namespace is "urn:orders" count in 
+           REC-count.
+         02 A pic X(5) identified by "A" namespace is "urn:orders" count
+             in A-count.
+         02 B pic X(5) identified by "B" count in B-count.
