@@ -51,6 +51,7 @@ void CDMXMLGenerator::warnSchemaRange(CDMXMLElement const* element) {
   if (condition == nullptr) return;
   std::optional<std::string_view> name = attributeOf(condition, "name");
   if (!name) return;
+  m_output->flush();  // a message may bring the banner out, right here
   err() << "Warning : Data range specifier \"" << *name << "\" is not supported by FDMORPH."
         << endLine;
   err() << "Warning : Due to non-support of data range specifiers, enumerators will not be "

@@ -247,6 +247,7 @@ void CDMXMLGenerator::closeSchemaItem(CDMXMLElement const* element, ItemName con
 void CDMXMLGenerator::writeNamespace(std::string_view uri, char const* warning) {
   if (uri.empty() || uri == targetNamespace) return;
   writeAttr(*m_output, "xmlns", uri);
+  m_output->flush();  // a message may bring the banner out, right here
   err() << warning << uri << " namespace." << endLine;
   err() << "Warning : The generated schema is invalid for the XML instance document represented "
            "by the generated COBOL XD."

@@ -64,6 +64,22 @@ TEST_F(Banner, IsNotBroughtOutByOtherStreams) {
   EXPECT_EQ(other.str(), "x");
 }
 
+TEST_F(Banner, CanBeBroughtOutAheadOfTextThatIsNotInserted) {
+  std::ostringstream other;
+  beginOutput(other);
+  EXPECT_EQ(captured.out(), "");
+  beginOutput(std::cerr);
+  beginOutput(std::cout);
+  EXPECT_EQ(captured.out(), kBanner);
+  EXPECT_EQ(captured.err(), "");
+}
+
+TEST_F(Banner, StaysBackWhenTextThatIsNotInsertedGoesNowhere) {
+  beginQuietMode();
+  beginOutput(std::cout);
+  EXPECT_FALSE(console.headerShown);
+}
+
 TEST_F(Banner, IsNotBroughtOutByTextForASilencedStream) {
   beginQuietMode();
   out() << "x";
