@@ -129,7 +129,8 @@ def compiler_environment(folder: Path, zbc: dict[str, Any], arguments: Path) -> 
     """What puts the fake compiler on the path and tells it what to do."""
     folders = os.get_exec_path()
     if zbc["missing"]:
-        return {"PATH": os.pathsep.join(f for f in folders if not Path(f, COMPILER.name).exists())}
+        folders = [f for f in folders if not os.path.exists(os.path.join(f, COMPILER.name))]
+        return {"PATH": os.pathsep.join(folders)}
     environment = {
         "PATH": os.pathsep.join([str(COMPILER.parent), *folders]),
         "FAKE_ZBC_ARGUMENTS": str(arguments),

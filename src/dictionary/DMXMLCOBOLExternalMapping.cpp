@@ -1,5 +1,7 @@
 #include "dictionary/DMXMLCOBOLExternalMapping.h"
 
+#include <ranges>
+
 #include "dictionary/data_dictionary.h"
 
 namespace fdmorph {
@@ -74,6 +76,12 @@ bool CDMXMLCOBOLExternalMapping::readElement(CDMXMLElement const* element,
   return true;
 }
 
+void CDMXMLCOBOLExternalMapping::ClearAndDestroy() {
+  mappingList.clear();
+  m_byHash.clear();
+  m_indexed = 0;
+}
+
 // The entries whose names have this hash, in file order.
 std::vector<CDMXMLCOBOLMapping const*> const& CDMXMLCOBOLExternalMapping::entriesOf(
     Hash hash) const {
@@ -100,11 +108,11 @@ CDMXMLCOBOLExternalMapping::Hash CDMXMLCOBOLExternalMapping::qualifiedHash(
     }
     path.push_back(item);
   }
-  for (auto at = path.rbegin(); at != path.rend(); ++at) {
+  for (CDMXMLElement const* named : std::views::reverse(path)) {
     if (!isFirst) hash = carryHash(hash, ".");
-    hash = carryHash(hash, dataNameOf(*at));
+    hash = carryHash(hash, dataNameOf(named));
     isFirst = false;
-    m_hashes.emplace(*at, hash);
+    m_hashes.emplace(named, hash);
   }
   return hash;
 }

@@ -41,7 +41,7 @@ class CDMXMLCOBOLExternalMapping {
   std::vector<CDMXMLCOBOLMapping*> const& entries() const { return mappingList; }
 
   /// Discards all entries.
-  void ClearAndDestroy() { mappingList.clear(); }
+  void ClearAndDestroy();
 
  private:
   using Hash = std::uint64_t;

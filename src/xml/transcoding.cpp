@@ -58,7 +58,7 @@ std::basic_string<XMLCh> fromMultibyte(char const* text) {
   if (isAscii(narrow)) return {narrow.begin(), narrow.end()};
   std::basic_string<XMLCh> units;
   for (wchar_t character : my_mbstowcs(text)) {
-    auto const code = static_cast<std::uint32_t>(character);
+    auto const code = static_cast<char32_t>(character);
     if (code < kFirstSupplementary) {
       units += static_cast<XMLCh>(code);
     } else {
