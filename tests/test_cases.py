@@ -53,9 +53,8 @@ DEFAULTS: dict[str, Any] = {
     "rule": "", "args": [], "status": 0, "stdin": "", "env": {}, "removed": [], "modes": {},
     "merged": False, "zbc": {},
 }  # fmt: skip
-TIME_LIMIT = 30  # seconds
-
 ZBC_DEFAULTS: dict[str, Any] = {"status": 0, "signal": "", "output": "", "missing": False}
+TIME_LIMIT = 30  # seconds
 TEMPORARY_NAME = re.compile(rb"\bfile[a-z0-9]{6}(?=\.)")
 
 Tree = dict[str, bytes]  # content by relative path; a directory's path ends in a slash

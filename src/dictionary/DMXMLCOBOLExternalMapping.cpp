@@ -1,6 +1,6 @@
 #include "dictionary/DMXMLCOBOLExternalMapping.h"
 
-#include <ranges>
+#include <algorithm>
 
 #include "dictionary/data_dictionary.h"
 
@@ -108,7 +108,8 @@ CDMXMLCOBOLExternalMapping::Hash CDMXMLCOBOLExternalMapping::qualifiedHash(
     }
     path.push_back(item);
   }
-  for (CDMXMLElement const* named : std::views::reverse(path)) {
+  std::reverse(path.begin(), path.end());
+  for (CDMXMLElement const* named : path) {
     if (!isFirst) hash = carryHash(hash, ".");
     hash = carryHash(hash, dataNameOf(named));
     isFirst = false;
