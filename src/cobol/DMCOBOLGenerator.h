@@ -209,6 +209,8 @@ class CDMCOBOLGenerator {
   CDMXMLElement* findRedefinedBase(CDMXMLElement* element, std::string_view base) const;
   void ProcessElementFacets(CDMCOBOLRecordItem* item, CDMXMLElement* element);
 
+  bool wouldContainItself(CDMCOBOLRecordItem const* item) const;
+  CDMXMLElement const* expansionOf(CDMCOBOLRecordItem const* item, bool& isReference) const;
   CDMXMLSchemaDoc const* documentOf(std::string_view uri) const;
   std::string_view countNameOf(std::string_view dataName);
 

@@ -50,7 +50,7 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::convertReferringAttribute(CDMXMLElement* 
                                                                  CDMCOBOLRecordItem* item,
                                                                  WalkFrame& frame) {
   item->xmlName = ref;
-  if (isRecursivePattern(item)) {
+  if (wouldContainItself(item)) {
     reportRecursion(item->xmlName);
     refuse(item, frame.slot);
     return nullptr;

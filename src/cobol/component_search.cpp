@@ -80,18 +80,33 @@ bool CDMCOBOLGenerator::elementHasSubGroup(CDMCOBOLRecordItem const* item,
 }
 
 bool CDMCOBOLGenerator::isRecursivePattern(CDMCOBOLRecordItem const* item) const {
-  if (item == nullptr || item->schemaElement == nullptr) return false;
-  std::string_view text;
-  bool isReference = findAttrByName(item->schemaElement, "ref", text);
-  if (!isReference && !findAttrByName(item->schemaElement, "type", text)) return false;
-  CDMXMLElement const* target = findElementByName(
-      item->schemaElement, text, isReference ? Search::elements : Search::complexTypes);
+  bool isReference = false;
+  CDMXMLElement const* target = expansionOf(item, isReference);
   if (target == nullptr) return false;
   for (CDMCOBOLRecordItem const* above = item->parent; above != nullptr; above = above->parent) {
     CDMXMLElement const* open = isReference ? above->schemaElement : above->typeElement;
     if (open == target) return true;
   }
   return false;
+}
+
+// The same within a walk. Only what the record has been through can be open
+// above the item, which spares nearly every item the climb.
+bool CDMCOBOLGenerator::wouldContainItself(CDMCOBOLRecordItem const* item) const {
+  bool isReference = false;
+  CDMXMLElement const* target = expansionOf(item, isReference);
+  return target != nullptr && m_open.hasSeen(target) && isRecursivePattern(item);
+}
+
+// The global component that the item's `ref` or `type` is about to expand.
+CDMXMLElement const* CDMCOBOLGenerator::expansionOf(CDMCOBOLRecordItem const* item,
+                                                    bool& isReference) const {
+  if (item == nullptr || item->schemaElement == nullptr) return nullptr;
+  std::string_view text;
+  isReference = findAttrByName(item->schemaElement, "ref", text);
+  if (!isReference && !findAttrByName(item->schemaElement, "type", text)) return nullptr;
+  return findElementByName(item->schemaElement, text,
+                           isReference ? Search::elements : Search::complexTypes);
 }
 
 }  // namespace fdmorph

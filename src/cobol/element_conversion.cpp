@@ -84,7 +84,7 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::convertReferringElement(CDMXMLElement* el
   item->setCOBOLName(ref, m_store.texts());
   item->identifiedBy = ref;
   item->xmlName = ref;
-  if (isRecursivePattern(item)) {
+  if (wouldContainItself(item)) {
     reportRecursion(item->xmlName);
     refuse(item, frame.slot);
     return nullptr;
@@ -104,7 +104,7 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::convertReferringElement(CDMXMLElement* el
 CDMCOBOLRecordItem* CDMCOBOLGenerator::followNamedType(CDMXMLElement* element,
                                                        std::string_view type,
                                                        CDMCOBOLRecordItem* item, WalkFrame& frame) {
-  if (isRecursivePattern(item)) {
+  if (wouldContainItself(item)) {
     reportRecursion(item->xmlName);
     refuse(item, frame.slot);
     return nullptr;

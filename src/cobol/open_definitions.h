@@ -18,6 +18,15 @@ class OpenDefinitions {
   /// Whether an unguarded hop into `definition` would go round for ever.
   bool wouldGoRound(CDMXMLElement const* definition) const;
 
+  /// Whether `definition` has been opened, or noted, in this record.
+  bool hasSeen(CDMXMLElement const* definition) const { return m_openedAt.contains(definition); }
+
+  /// Notes a declaration that is walked without a hop.
+  void note(CDMXMLElement const* declaration) { m_openedAt.try_emplace(declaration, 0U); }
+
+  /// Forgets the record. Nothing may be open.
+  void clear() { m_openedAt.clear(); }
+
   /// Keeps `definition` open for the scope's lifetime.
   class Scope {
    public:

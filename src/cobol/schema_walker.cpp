@@ -103,6 +103,7 @@ void CDMCOBOLGenerator::convertSchema(CDMXMLElement* element, WalkFrame& frame) 
 bool CDMCOBOLGenerator::convertHeadElement(CDMXMLElement* element, WalkFrame const& frame) {
   bool isWritten = false;
   try {
+    m_open.note(element);
     ItemSlot slot = nullptr;
     CDMCOBOLRecordItem* record = getCOBOLFromSchema(element, frame.level, frame.indent, slot);
     RecordOutput output({dataPrefix, countIn, uniqueNames}, m_store.texts(), std::cout);
@@ -115,6 +116,7 @@ bool CDMCOBOLGenerator::convertHeadElement(CDMXMLElement* element, WalkFrame con
           << static_cast<long long>(RecordStore::kMostItems) << " items" << endLine;
   }
   m_store.clear();
+  m_open.clear();
   m_openMembers.clear();
   return isWritten;
 }

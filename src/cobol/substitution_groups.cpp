@@ -18,6 +18,7 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::walkSubstitution(CDMXMLElement* head,
   for (CDMXMLElement* member : members) {
     // A member whose content leads back to its head would be walked for ever.
     if (!m_openMembers.insert(member).second) continue;
+    m_open.note(member);
     if (isHeldBySlot) {
       walkMemberAsSibling(member, parent, frame);
     } else {

@@ -11,7 +11,10 @@ constexpr std::size_t kBlockBytes = std::size_t{16} << 10;
 
 std::string_view TextPool::keep(std::string_view text) {
   auto known = m_known.find(text);
-  if (known != m_known.end()) return *known;
+  return known != m_known.end() ? *known : *m_known.insert(append(text)).first;
+}
+
+std::string_view TextPool::append(std::string_view text) {
   if (m_capacity - m_used < text.size()) {
     m_capacity = std::max(kBlockBytes, text.size());
     m_blocks.push_back(std::make_unique_for_overwrite<char[]>(m_capacity));
@@ -20,7 +23,7 @@ std::string_view TextPool::keep(std::string_view text) {
   char* copy = m_blocks.empty() ? nullptr : m_blocks.back().get() + m_used;
   std::copy(text.begin(), text.end(), copy);
   m_used += text.size();
-  return *m_known.insert(std::string_view(copy, text.size())).first;
+  return {copy, text.size()};
 }
 
 void TextPool::clear() {

@@ -14,6 +14,11 @@ namespace fdmorph {
 class TextPool {
  public:
   std::string_view keep(std::string_view text);
+
+  /// The same for a text that is new for sure: it isn't looked up, and not
+  /// found again.
+  std::string_view append(std::string_view text);
+
   void clear();
 
  private:

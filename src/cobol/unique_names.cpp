@@ -6,13 +6,17 @@ namespace fdmorph {
 
 void UniqueNames::settleName(CDMCOBOLRecordItem& item) {
   if (item.position == 0) item.position = ++m_lastPosition;
+  std::string_view name = item.dataName;
   if (item.parent != nullptr) {
-    item.dataName = freeName(item.dataName, item.position);
-    m_holders.emplace(item.dataName, item.position);
+    name = freeName(item.dataName, item.position);
+    m_holders.emplace(name, item.position);
   }
-  std::string countIn(item.dataName);
+  // A name made here is like no other, and so is its count field's.
+  bool isMade = name.data() != item.dataName.data();
+  item.dataName = name;
+  std::string countIn(name);
   countIn += "-count";
-  item.countInName = m_texts.keep(countIn);
+  item.countInName = isMade ? m_texts.append(countIn) : m_texts.keep(countIn);
 }
 
 void UniqueNames::noteUnwritten(CDMCOBOLRecordItem const& item) {
@@ -32,7 +36,7 @@ std::string_view UniqueNames::freeName(std::string_view base, unsigned limit) {
     candidate += '-';
     candidate += std::to_string(++suffix);
   } while (isTakenBefore(candidate, limit));
-  return m_texts.keep(candidate);
+  return m_texts.append(candidate);
 }
 
 bool UniqueNames::isTakenBefore(std::string_view name, unsigned limit) {

@@ -119,7 +119,9 @@ class DictionaryOutputs {
       out() << "Failed to validate " << mappingFile << endLine;
       return false;
     }
-    if (CDMXMLElement const* top = parser.getXMLDocument()) m_mapping.Initialize(top, nullptr);
+    CDMXMLElement const* top = parser.getXMLDocument();
+    parser.releaseDocument();
+    if (top != nullptr) m_mapping.Initialize(top, nullptr);
     m_generator.setXMLCOBOLExternalMapping(&m_mapping);
     return true;
   }
@@ -181,6 +183,7 @@ int runCobolToSchema(Settings const& settings) {
     return stop();
   }
   DictionaryOutputs outputs(settings, files, parser.getXMLDocument());
+  parser.releaseDocument();
   removeByProducts(files);
   if (!outputs.applyMappingFile(store)) return stop();
   outputs.writeSchema();

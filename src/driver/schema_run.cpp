@@ -54,7 +54,9 @@ int runSchemaToCobol(Settings const& settings) {
   }
   out() << "No schema errors found, processing XML schema " << schemaFile << endLine;
   SchemaFileLoader loader(store);
-  CDMXMLSchemaDoc document(parser.getXMLDocument(), absoluteName(schemaFile), loader);
+  CDMXMLElement* tree = parser.getXMLDocument();
+  parser.releaseDocument();
+  CDMXMLSchemaDoc document(tree, absoluteName(schemaFile), loader);
   CDMCOBOLGenerator generator(&document);
   if (!FileExists(copybookFile, settings.promptOverwrite) || !settings.promptOverwrite) {
     generator.GenerateFile(copybookFile, settings.dataPrefix, settings.countIn,

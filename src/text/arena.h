@@ -1,6 +1,7 @@
 // Objects that live and die together.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <memory>
 #include <vector>
@@ -8,13 +9,15 @@
 namespace fdmorph {
 
 /// Hands out default-constructed objects whose addresses stay the same until
-/// clear, which ends all of them. Objects are made in blocks.
+/// clear, which ends all of them. Objects are made in blocks
+/// that grow with their number.
 template <typename Object>
 class Arena {
  public:
   Object* create() {
-    if (m_blocks.empty() || m_used == kBlockSize) {
-      m_blocks.push_back(std::make_unique<Object[]>(kBlockSize));
+    if (m_used == m_size) {
+      m_size = m_blocks.empty() ? kFirstBlock : std::min(2 * m_size, kLargestBlock);
+      m_blocks.push_back(std::make_unique<Object[]>(m_size));
       m_used = 0;
     }
     return &m_blocks.back()[m_used++];
@@ -22,14 +25,16 @@ class Arena {
 
   void clear() {
     m_blocks.clear();
-    m_used = 0;
+    m_size = m_used = 0;
   }
 
  private:
-  static constexpr std::size_t kBlockSize = 128;
+  static constexpr std::size_t kFirstBlock = 8;
+  static constexpr std::size_t kLargestBlock = 512;
 
   std::vector<std::unique_ptr<Object[]>> m_blocks;
-  std::size_t m_used = 0;  // objects handed out of the last block
+  std::size_t m_size = 0;  // objects of the last block
+  std::size_t m_used = 0;  // objects handed out of it
 };
 
 }  // namespace fdmorph

@@ -60,6 +60,10 @@ class CDMDOMParser {
   /// first child. Each call builds a new tree and a new formatter.
   CDMXMLElement* getXMLDocument();
 
+  /// Gives up the library's document and grammars, once its tree is built: they
+  /// take more memory than the tree.
+  void releaseDocument();
+
   /// Counts of the process; 1 when there is no error handler.
   int getErrorCount() const;
   int getWarningCount() const;

@@ -40,6 +40,12 @@ CDMXMLElement* CDMDOMParser::getXMLDocument() {
   }
 }
 
+void CDMDOMParser::releaseDocument() {
+  m_pParser->resetDocumentPool();
+  m_pParser->resetCachedGrammarPool();
+  m_bParsed = false;
+}
+
 void CDMDOMParser::getXMLElement(DOMNode const& node, CDMXMLElement* parent) {
   switch (node.getNodeType()) {
     case DOMNode::ELEMENT_NODE:

@@ -1,0 +1,341 @@
+#!/usr/bin/python3
+"""Measures fdmorph against the bare XML library and against itself.
+
+    run.py FDMORPH BARE_LIBRARY [options]
+
+Prints one line per row as it is finished; README.md says what the rows mean.
+A missed goal is only marked, it doesn't change the exit status: these numbers
+are for reading, not for tests.
+"""
+
+import argparse
+import math
+import os
+import re
+import signal
+import statistics
+import subprocess
+import sys
+import tempfile
+import time
+from dataclasses import dataclass
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+import generate  # noqa: E402
+
+# A sample is the mean of as many runs as fill this time: the kernel splits
+# short runs into user and system time only roughly.
+SAMPLE_SECONDS = 0.4
+MOST_REPEATS = 60
+
+LIBRARY_GOAL = 1.15
+TINY_GOAL = 1.3
+GROWTH_GOAL = 12  # for ten times the input
+VALIDATION_GOAL = 1.1
+VALIDATION_MEGABYTES = 64
+BYTES_PER_ITEM = 700
+
+
+class RunFailed(Exception):
+    pass
+
+
+@dataclass(frozen=True)
+class Usage:
+    cost: float  # user seconds, or millions of instructions
+    wall: float  # seconds
+    peak: float  # MB
+
+
+@dataclass(frozen=True)
+class Result:
+    """One line of the table. The ratios of the single pairs show the noise."""
+
+    name: str
+    unit: str
+    ours: float
+    base: float
+    ratios: tuple
+    goal: float
+    usage: Usage
+
+    @property
+    def ratio(self):
+        return self.ours / self.base if self.base > 0 else math.inf
+
+
+def describe(status):
+    if status < 0:
+        return f"was killed by {signal.Signals(-status).name}"
+    return f"ended with status {status}"
+
+
+def measure_time(command):
+    """The exit status of one run, and what it used."""
+    null = [
+        (os.POSIX_SPAWN_OPEN, descriptor, "/dev/null", os.O_RDWR, 0) for descriptor in (0, 1, 2)
+    ]
+    begin = time.perf_counter()
+    pid = os.posix_spawn(command[0], command, os.environ, file_actions=null)
+    _, status, usage = os.wait4(pid, 0)
+    wall = time.perf_counter() - begin
+    return os.waitstatus_to_exitcode(status), Usage(usage.ru_utime, wall, usage.ru_maxrss / 1000)
+
+
+def measure_instructions(command):
+    """The same with a count that other load on the machine doesn't change.
+    Only the cost is of use: a run takes some fifty times its time."""
+    with tempfile.NamedTemporaryFile("r") as log:
+        valgrind = ["valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null"]
+        status = subprocess.run(
+            [*valgrind, f"--log-file={log.name}", *command],
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
+            check=False,
+        ).returncode
+        collected = re.search(r"Collected : (\d+)", log.read())
+    if collected is None:
+        raise RunFailed("valgrind gave no count for: " + " ".join(command))
+    return status, Usage(int(collected[1]) / 1e6, 0, 0)
+
+
+class Bench:
+    def __init__(self, arguments, folder):
+        self.fdmorph = os.path.abspath(arguments.fdmorph)
+        self.bare = os.path.abspath(arguments.bare_library)
+        self.megabytes = arguments.document_size
+        self.quick = arguments.quick
+        self.counts_instructions = arguments.instructions
+        self.runs = 1 if self.counts_instructions else arguments.runs
+        self.unit = "Minstr" if self.counts_instructions else "s"
+        self.folder = Path(folder)
+        self.inputs = {}
+        self.samples = {}
+
+    def input(self, kind, size):
+        if (kind, size) not in self.inputs:
+            self.inputs[kind, size] = generate.generate(kind, size, self.folder)
+        return self.inputs[kind, size]
+
+    def measure(self, command):
+        """fdmorph tells the number of its reports in its status, so a status
+        alone is no failure; a report of the bare library means that the input
+        is wrong."""
+        command = [str(word) for word in command]
+        measured = measure_instructions if self.counts_instructions else measure_time
+        status, usage = measured(command)
+        if status < 0 or (command[0] == self.bare and status != 0):
+            raise RunFailed(f"{' '.join(command)} {describe(status)}")
+        return usage
+
+    def sample(self, command, repeats):
+        usages = [self.measure(command) for _ in range(repeats)]
+        return Usage(
+            statistics.fmean(usage.cost for usage in usages),
+            statistics.fmean(usage.wall for usage in usages),
+            max(usage.peak for usage in usages),
+        )
+
+    def alternate(self, ours, base):
+        """Pairs of samples of two commands, taken in turn."""
+        key = (tuple(ours), tuple(base))
+        if key not in self.samples:
+            repeats = 1
+            if not self.counts_instructions:
+                longest = max(self.measure(command).wall for command in (ours, base))
+                repeats = min(MOST_REPEATS, max(1, math.ceil(SAMPLE_SECONDS / longest)))
+            self.samples[key] = [
+                (self.sample(ours, repeats), self.sample(base, repeats)) for _ in range(self.runs)
+            ]
+        return self.samples[key]
+
+    def convert(self, file, options=()):
+        output = self.folder / "out.cpy"
+        output.unlink(missing_ok=True)
+        return [self.fdmorph, *options, "-noprompt", "-c", output, file]
+
+    def pairs(self, kind, size, options=()):
+        """fdmorph and the bare library on the same schema."""
+        file = self.input(kind, size)
+        return self.alternate(self.convert(file, options), [self.bare, "schema", file])
+
+
+def median_usage(usages):
+    return Usage(
+        statistics.median(usage.cost for usage in usages),
+        statistics.median(usage.wall for usage in usages),
+        statistics.median(usage.peak for usage in usages),
+    )
+
+
+def compared(bench, name, pairs, goal):
+    ours, base = zip(*pairs)
+    usage = median_usage(ours)
+    ratios = tuple(a.cost / b.cost for a, b in pairs if b.cost > 0)
+    return Result(name, bench.unit, usage.cost, median_usage(base).cost, ratios, goal, usage)
+
+
+def library_row(kind, goal, sizes, quick):
+    """Our run against the library's reads of the same file."""
+
+    def rows(bench, name):
+        for size in quick if bench.quick else sizes:
+            label = f"{name} {size:,}" if size else name
+            yield compared(bench, label, bench.pairs(kind, size), goal)
+
+    return rows
+
+
+def growth_row(kind, small, quick, options=()):
+    """Our own part (our run less the library's) at ten times the input."""
+
+    def rows(bench, name):
+        size = quick if bench.quick else small
+        many = bench.pairs(kind, 10 * size, options)
+        few = bench.pairs(kind, size, options)
+        own_many, own_few = ([a.cost - b.cost for a, b in pairs] for pairs in (many, few))
+        ratios = tuple(a / b if b > 0 else math.inf for a, b in zip(own_many, own_few))
+        ours, base = statistics.median(own_many), statistics.median(own_few)
+        usage = median_usage([a for a, _ in many])
+        label = f"{name} {size:,} to {10 * size:,}"
+        yield Result(label, bench.unit, ours, base, ratios, GROWTH_GOAL, usage)
+
+    return rows
+
+
+def memory_per_item_row(options=()):
+    """Peak memory of a large record whose schema is small."""
+
+    def rows(bench, name):
+        if bench.counts_instructions:
+            return
+        items = 100_000 if bench.quick else 1_000_000
+        usage = bench.measure(bench.convert(bench.input("nested-record", items), options))
+        label = f"{name} {items:,}"
+        yield Result(label, "B", usage.peak * 1e6 / items, 1, (), BYTES_PER_ITEM, usage)
+
+    return rows
+
+
+def validation_rows(bench, name):
+    """-V on a document against the library's two passes over it."""
+    file = bench.input("document", bench.megabytes)
+    pairs = bench.alternate([bench.fdmorph, "-V", file], [bench.bare, "sax", file])
+    label = f"{name} {bench.megabytes:,} MB"
+    result = compared(bench, label, pairs, VALIDATION_GOAL)
+    yield result
+    if bench.counts_instructions:
+        return
+    peak, usage = result.usage.peak, result.usage
+    yield Result(label + ", peak memory", "MB", peak, 1, (), VALIDATION_MEGABYTES, usage)
+
+
+def files_rows(kind, count):
+    """A set of files against the library's reads of each file by itself, and
+    against its reads of the main file, in which each file comes once."""
+
+    def rows(bench, name):
+        main = bench.input(kind, count)
+        every = [main, *generate.parts_of(main)]
+        ours = bench.convert(main)
+        pairs = bench.alternate(ours, [bench.bare, "schema", *every])
+        yield compared(bench, f"{name} {len(every)}, each by itself", pairs, LIBRARY_GOAL)
+        pairs = bench.alternate(ours, [bench.bare, "schema", main])
+        yield compared(bench, f"{name} {len(every)}, all at once", pairs, None)
+
+    return rows
+
+
+UNIQUE = ("-unique",)
+ROWS = {
+    "tiny": library_row("tiny", TINY_GOAL, (0,), (0,)),
+    "types": library_row("many-types", LIBRARY_GOAL, (1_000, 10_000), (1_000,)),
+    "own-types": growth_row("many-types", 1_000, 300),
+    "own-elements": growth_row("elements-without-references", 2_000, 1_000),
+    "own-references": growth_row("elements-with-references", 2_000, 1_000),
+    "own-record": growth_row("flat-record", 10_000, 2_000),
+    "own-record-unique": growth_row("flat-record", 10_000, 2_000, UNIQUE),
+    "own-shared-unique": growth_row("shared-names-record", 10_000, 2_000, UNIQUE),
+    "own-nested": growth_row("nested-record", 10_000, 10_000),
+    "own-nested-unique": growth_row("nested-record", 10_000, 10_000, UNIQUE),
+    "own-enumeration": growth_row("enumeration", 1_000, 1_000),
+    "own-refused": growth_row("refused-items", 2_000, 2_000),
+    "own-type-chain": growth_row("type-chain", 1_000, 1_000),
+    "own-restriction-chain": growth_row("restriction-chain", 1_000, 1_000),
+    "layered-files": files_rows("layered-files", 124),
+    "circular-files": files_rows("circular-files", 40),
+    "item-memory": memory_per_item_row(),
+    "item-memory-unique": memory_per_item_row(UNIQUE),
+    "validation": validation_rows,
+}
+
+
+def number(value):
+    return f"{value:,.0f}" if abs(value) >= 100 else f"{value:.3g}"
+
+
+COLUMNS = "{:<42} {:>12} {:>9} {:>7} {:>13} {:>6} {:<4} {:>8} {:>8}"
+
+
+def print_header(bench):
+    heads = ("row", "ours", "base", "ratio", "pairs", "goal", "", "wall s", "peak MB")
+    if bench.counts_instructions:
+        heads = (*heads[:-2], "", "")
+    print(COLUMNS.format(*heads), flush=True)
+
+
+def print_result(result):
+    is_missed = result.goal is not None and not result.ratio <= result.goal
+    spread = f"{min(result.ratios):.2f}-{max(result.ratios):.2f}" if result.ratios else ""
+    is_quotient = bool(result.ratios)
+    timed = result.usage.wall > 0
+    print(
+        COLUMNS.format(
+            result.name,
+            f"{number(result.ours)} {result.unit}",
+            number(result.base) if is_quotient else "",
+            f"{result.ratio:.2f}" if is_quotient else "",
+            spread,
+            "-" if result.goal is None else f"{result.goal:g}",
+            "miss" if is_missed else "",
+            f"{result.usage.wall:.2f}" if timed else "",
+            f"{result.usage.peak:.0f}" if timed else "",
+        ).rstrip(),
+        flush=True,
+    )
+
+
+def parse_arguments():
+    parser = argparse.ArgumentParser(description="Measures fdmorph against the bare library.")
+    parser.add_argument("fdmorph")
+    parser.add_argument("bare_library")
+    parser.add_argument("--only", metavar="NAME", action="append", choices=ROWS, help="a row")
+    parser.add_argument("--quick", action="store_true", help="three pairs, smaller inputs")
+    parser.add_argument("--runs", type=int, metavar="N", help="pairs of samples (7)")
+    parser.add_argument("--document-size", type=int, metavar="MB", help="for validation (100)")
+    parser.add_argument("--instructions", action="store_true", help="count with valgrind, one run")
+    arguments = parser.parse_args()
+    if arguments.runs is None:
+        arguments.runs = 3 if arguments.quick else 7
+    if arguments.document_size is None:
+        arguments.document_size = 10 if arguments.quick else 100
+    return arguments
+
+
+def main():
+    arguments = parse_arguments()
+    with tempfile.TemporaryDirectory(prefix="fdmorph-bench-") as folder:
+        bench = Bench(arguments, folder)
+        print_header(bench)
+        for name in arguments.only or ROWS:
+            try:
+                for result in ROWS[name](bench, name):
+                    print_result(result)
+            except RunFailed as failure:
+                print(f"{name}: {failure}", flush=True)
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,3 @@
+       01  ORDER.
+           05  CODE PIC X(5).
+

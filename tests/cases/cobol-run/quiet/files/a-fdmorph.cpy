@@ -1,0 +1,5 @@
+Tallmere FDMORPH Version 1.0
+Converts between COBOL data definitions and XML Schema
+
+        01 ORDER identified by "ORDER" count in ORDER-count.
+         02 CODE pic X(5) identified by "CODE" count in CODE-count.
