@@ -1,5 +1,6 @@
 #include "xml/entity_guard.h"
 
+#include <algorithm>
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -27,25 +28,32 @@ constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 constexpr std::string_view kEmptySchema = R"(<schema xmlns="http://www.w3.org/2001/XMLSchema"/>)";
 
 // As bytes of UTF-8 and its kin, and of UTF-16 in either order.
-constexpr std::array kEntityDeclarations{
-    "<!ENTITY"sv,
-    "<\0!\0E\0N\0T\0I\0T\0Y\0"sv,
-    "\0<\0!\0E\0N\0T\0I\0T\0Y"sv,
+constexpr std::array kDocumentTypes{
+    "<!DOCTYPE"sv,
+    "<\0!\0D\0O\0C\0T\0Y\0P\0E\0"sv,
+    "\0<\0!\0D\0O\0C\0T\0Y\0P\0E"sv,
 };
+constexpr std::string_view kFileScheme = "file://";
 
-bool holdsDeclaration(std::string_view bytes) {
-  for (std::string_view declaration : kEntityDeclarations) {
-    if (bytes.find(declaration) != std::string_view::npos) return true;
+bool holdsDocumentType(std::string_view bytes) {
+  for (std::string_view type : kDocumentTypes) {
+    if (bytes.find(type) != std::string_view::npos) return true;
   }
   return false;
 }
 
-// What isn't a regular file can be read once only, and that is the library's.
-bool declaresEntities(std::string const& path) {
+// Without a document type there are no entities of the document's own. What
+// isn't a regular file can be read once only, and that is the library's.
+bool hasDocumentType(std::string const& location) {
   std::error_code error;
+  std::string path = location;
+  if (path.compare(0, kFileScheme.size(), kFileScheme) == 0) {
+    std::size_t slash = path.find('/', kFileScheme.size());
+    path.erase(0, std::min(slash, path.size()));
+  }
   if (!std::filesystem::is_regular_file(path, error)) return false;
   std::ifstream file(path, std::ios::binary);
-  constexpr std::size_t kOverlap = kEntityDeclarations.back().size() - 1;
+  constexpr std::size_t kOverlap = kDocumentTypes.back().size() - 1;
   std::string block;
   while (file) {
     std::size_t kept = std::min(block.size(), kOverlap);
@@ -53,7 +61,7 @@ bool declaresEntities(std::string const& path) {
     block.resize(kept + kBlockSize);
     file.read(block.data() + kept, static_cast<std::streamsize>(kBlockSize));
     block.resize(kept + static_cast<std::size_t>(file.gcount()));
-    if (holdsDeclaration(block)) return true;
+    if (holdsDocumentType(block)) return true;
   }
   return false;
 }
@@ -89,7 +97,7 @@ bool isSchemaFile(xerces::XMLResourceIdentifier const& resource) {
 }  // namespace
 
 bool EntityGuard::admits(std::string const& path) {
-  if (!declaresEntities(path)) return true;
+  if (!hasDocumentType(path)) return true;
   std::unique_ptr<xerces::SAX2XMLReader> reader(xerces::XMLReaderFactory::createXMLReader());
   FatalErrors handler(m_errorHandler);
   reader->setErrorHandler(&handler);
@@ -103,7 +111,8 @@ bool EntityGuard::admits(std::string const& path) {
 xerces::InputSource* EntityGuard::resolveEntity(xerces::XMLResourceIdentifier* resource) {
   if (resource->getSystemId() == nullptr || !isSchemaFile(*resource)) return nullptr;
   std::string path = toLocalText(resource->getSystemId());
-  if (isRelativePath(path)) path = weavePaths(toLocalText(resource->getBaseURI()), path);
+  bool isUrl = path.find("://") != std::string::npos;
+  if (!isUrl && isRelativePath(path)) path = weavePaths(toLocalText(resource->getBaseURI()), path);
   if (admits(path)) return nullptr;
   return new xerces::MemBufInputSource(reinterpret_cast<XMLByte const*>(kEmptySchema.data()),
                                        kEmptySchema.size(), resource->getSystemId());

@@ -11,9 +11,9 @@ namespace fdmorph {
 class CDMDOMErrorHandler;
 
 /// The library loads a grammar with a parser of its own that no
-/// SecurityManager reaches. So a schema file that declares entities is first
-/// read once under the limit; files without, that is nearly all, are only
-/// searched for such a declaration. As an entity resolver the guard does this
+/// SecurityManager reaches. So a schema file with a document type, where
+/// entities are declared, is first read once under the limit; files without,
+/// that is nearly all, are only searched for one. As an entity resolver the guard does this
 /// for the files that a grammar refers to, and otherwise leaves every location
 /// to the library.
 class EntityGuard : public xerces::XMLEntityResolver {

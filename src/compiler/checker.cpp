@@ -1,0 +1,136 @@
+#include "compiler/checker.h"
+
+#include <unordered_set>
+
+#include "compiler/item_rules.h"
+#include "compiler/layout.h"
+#include "compiler/redefinitions.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::uint8_t kRenamesLevel = 66;
+
+bool isInside(DataItem const* item, DataItem const* group) {
+  while (item != nullptr && item != group) item = item->parent;
+  return item == group;
+}
+
+bool isInTable(DataItem const* item) {
+  while (item != nullptr && !item->occurs) item = item->parent;
+  return item != nullptr;
+}
+
+}  // namespace
+
+void Checker::check() {
+  for (FileDescription const& file : m_data.files) checkRecords(file.records);
+  checkRecords(m_data.workingStorage);
+  checkRecords(m_data.localStorage);
+  checkRecords(m_data.linkage);
+  if (m_hasReferences) checkReferences();
+}
+
+void Checker::checkRecords(RecordList const& records) {
+  checkSiblings(records.first);
+  std::unordered_set<std::string_view, BlindHash, BlindEqual> names;
+  for (DataItem* record = records.first; record != nullptr; record = record->next) {
+    if (!isFillerName(record->name) && !names.insert(record->name).second) {
+      m_diagnostics.report(Code::duplicateName, record->place,
+                           "there is another record of the name " + quoted(record->name));
+    }
+    layOut(*record, m_diagnostics);
+  }
+}
+
+// Levels rise with each step down, so that the depth is bounded by theirs.
+void Checker::checkSiblings(DataItem* first) {
+  Redefinitions redefinitions(m_diagnostics);
+  for (DataItem* item = first; item != nullptr; item = item->next) {
+    bool isRenames = item->level == kRenamesLevel;
+    if (isRenames || (item->occurs && item->occurs->isDepending)) m_hasReferences = true;
+    if (isRenames) continue;
+    redefinitions.visit(*item);
+    inherit(*item);
+    checkItem(*item, m_diagnostics);
+    checkSiblings(item->firstChild);
+  }
+}
+
+void Checker::inherit(DataItem& item) {
+  DataItem const* group = item.parent;
+  bool hasUsage = item.usage != Usage::none;
+  bool hasSign = item.sign.position != SignPosition::none;
+  item.effectiveUsage = hasUsage || group == nullptr ? item.usage : group->effectiveUsage;
+  item.effectiveSign = hasSign || group == nullptr ? item.sign : group->effectiveSign;
+}
+
+void Checker::checkReferences() {
+  NameIndex index(m_data);
+  for (DataItem& item : m_data.items) {
+    if (item.occurs && item.occurs->isDepending) checkDepending(item, index);
+    if (item.level == kRenamesLevel && item.parent != nullptr) checkRenames(item, index);
+  }
+}
+
+void Checker::reportName(Code code, QualifiedName const& name, NameIndex::Outcome outcome) {
+  bool isUnknown = outcome == NameIndex::Outcome::unknown;
+  m_diagnostics.report(code, name.place,
+                       quoted(name.name) + (isUnknown ? " is not defined" : " is ambiguous"));
+}
+
+void Checker::checkDepending(DataItem& item, NameIndex const& index) {
+  QualifiedName const& name = item.occurs->depending;
+  if (name.name.empty()) return;  // reported by the parser
+  DataItem* object = nullptr;
+  NameIndex::Outcome outcome = index.resolve(name, item, object);
+  if (outcome != NameIndex::Outcome::found) {
+    reportName(Code::depending, name, outcome);
+    return;
+  }
+  auto report = [&](char const* text) {
+    m_diagnostics.report(Code::depending, name.place, quoted(name.name) + text);
+  };
+  if (!isInteger(*object)) {
+    report(" is no integer that a table can depend on");
+  } else if (isInside(object, &item)) {
+    report(" stands in the table that depends on it");
+  } else if (isInTable(object)) {
+    report(" stands in a table and can't tell the size of another one");
+  }
+  item.dependingOn = object;
+}
+
+void Checker::checkRenames(DataItem& item, NameIndex const& index) {
+  DataItem* ends[2] = {nullptr, nullptr};
+  QualifiedName const* names[2] = {item.related.get(), item.through.get()};
+  for (int i = 0; i < 2; ++i) {
+    if (names[i] == nullptr || names[i]->name.empty()) continue;
+    NameIndex::Outcome outcome = index.resolveInRecord(*names[i], item, ends[i]);
+    if (outcome != NameIndex::Outcome::found) {
+      reportName(Code::renames, *names[i], outcome);
+      return;
+    }
+    bool isRenamable = ends[i]->parent != nullptr && ends[i]->level != kRenamesLevel;
+    if (!isRenamable || isInTable(ends[i])) {
+      m_diagnostics.report(Code::renames, names[i]->place,
+                           quoted(names[i]->name) + " can't be renamed");
+      return;
+    }
+  }
+  if (ends[0] == nullptr) return;
+  DataItem const& last = ends[1] == nullptr ? *ends[0] : *ends[1];
+  item.offset = ends[0]->offset;
+  std::uint64_t end = last.offset + last.size;
+  if (end <= item.offset || last.offset < item.offset) {
+    m_diagnostics.report(Code::renames, item.through ? item.through->place : item.place,
+                         "RENAMES runs from an item to one before it");
+    return;
+  }
+  item.size = end - item.offset;
+  bool isOneItem = ends[1] == nullptr && !last.isGroup();
+  item.effectiveUsage = isOneItem ? last.effectiveUsage : Usage::none;
+  if (isOneItem) item.picture = last.picture;
+}
+
+}  // namespace fdmorph::compiler

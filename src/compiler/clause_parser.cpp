@@ -1,0 +1,197 @@
+// The clauses of a data description entry, in any order.
+#include "compiler/letters.h"
+#include "compiler/parser.h"
+
+namespace fdmorph::compiler {
+
+// Returns false, with nothing taken, where no clause begins.
+bool Parser::parseClause(Entry& entry) {
+  Token token = peek();
+  if (token.kind != Token::Kind::word || token.keyword == Keyword::none) return false;
+  DataItem& item = *entry.item;
+  switch (token.keyword) {
+    case Keyword::redefines:
+      once(entry, kRedefines, take());
+      parseRedefines(entry);
+      return true;
+    case Keyword::picture:
+      once(entry, kPicture, take());
+      parsePicture(entry);
+      return true;
+    case Keyword::usage:
+      take();
+      skip(Keyword::is);
+      if (!usageOf(peek().keyword)) {
+        error(Code::usage, peek().place, describe(peek()) + " is no usage");
+        if (peek().kind == Token::Kind::word && !beginsClause(peek().keyword)) take();
+        return true;
+      }
+      token = peek();
+      [[fallthrough]];
+    default:
+      if (!usageOf(token.keyword)) return false;
+      once(entry, kUsage, take());
+      parseUsage(entry, token);
+      return true;
+    case Keyword::sign:
+      take();
+      skip(Keyword::is);
+      if (!peek().is(Keyword::leading) && !peek().is(Keyword::trailing)) {
+        error(Code::syntax, peek().place, "SIGN is followed by neither LEADING nor TRAILING");
+        return true;
+      }
+      token = peek();
+      [[fallthrough]];
+    case Keyword::leading:
+    case Keyword::trailing:
+      once(entry, kSign, take());
+      parseSign(entry, token);
+      return true;
+    case Keyword::occurs:
+      once(entry, kOccurs, take());
+      parseOccurs(entry, token);
+      return true;
+    case Keyword::just:
+      once(entry, kJustified, take());
+      skip(Keyword::right);
+      item.isJustified = true;
+      return true;
+    case Keyword::blank:
+      once(entry, kBlank, take());
+      parseBlank();
+      item.isBlankWhenZero = true;
+      return true;
+    case Keyword::sync:
+      once(entry, kSync, take());
+      if (!skip(Keyword::left)) skip(Keyword::right);
+      item.isSynchronized = true;
+      return true;
+    case Keyword::value:
+      once(entry, kValue, take());
+      parseValue(entry);
+      return true;
+    case Keyword::external:
+      once(entry, kExternal, take());
+      // AS "name"
+      if (skip(Keyword::as) && peek().kind == Token::Kind::literal) take();
+      return true;
+    case Keyword::global:
+      once(entry, kGlobal, take());
+      return true;
+    case Keyword::volatileWord:
+      once(entry, kVolatile, take());
+      return true;
+    case Keyword::is:
+      // IS EXTERNAL, IS GLOBAL
+      if (!peek(1).is(Keyword::external) && !peek(1).is(Keyword::global)) return false;
+      take();
+      return true;
+  }
+}
+
+void Parser::once(Entry& entry, Clause clause, Token const& token) {
+  if ((entry.seen & clause) != 0) {
+    error(Code::duplicateClause, token.place,
+          "the entry has two " + upperCase(token.text) + " clauses");
+  }
+  entry.seen |= clause;
+}
+
+bool Parser::parseName(std::string_view& name) {
+  if (peek().kind != Token::Kind::word) {
+    error(Code::name, peek().place, "a name is missing before " + describe(peek()));
+    return false;
+  }
+  name = take().text;
+  return true;
+}
+
+QualifiedName Parser::parseQualifiedName() {
+  QualifiedName name;
+  name.place = peek().place;
+  if (!parseName(name.name)) return name;
+  while (peek().is(Keyword::of) || peek().is(Keyword::in)) {
+    take();
+    std::string_view qualifier;
+    if (!parseName(qualifier)) break;
+    name.qualifiers.push_back(qualifier);
+  }
+  return name;
+}
+
+void Parser::parseRedefines(Entry& entry) {
+  entry.item->isRedefinition = true;
+  entry.item->related = std::make_unique<QualifiedName>(parseQualifiedName());
+}
+
+void Parser::parsePicture(Entry& entry) {
+  skip(Keyword::is);
+  Token token = peek();
+  if (token.kind != Token::Kind::picture) {
+    error(Code::picture, m_lastToken.place, "the picture is missing");
+    return;
+  }
+  take();
+  auto [known, isNew] = m_pictures.try_emplace(std::string(token.text), nullptr);
+  if (isNew) {
+    auto constant = [this](std::string_view name) { return m_constants.integer(name); };
+    known->second =
+        &m_data.pictures.emplace_back(analysePicture(token.text, m_pictureRules, constant));
+  }
+  Picture const& picture = *known->second;
+  for (std::string const& each : picture.errors) error(Code::picture, token.place, each);
+  for (std::string const& each : picture.warnings) {
+    error(Code::pictureWarning, token.place, each);
+  }
+  entry.item->picture = &picture;
+  entry.item->picturePlace = token.place;
+  // Taken back before the constant is known, a picture must be read again.
+  if (!picture.isValid()) m_pictures.erase(known);
+}
+
+void Parser::parseUsage(Entry& entry, Token const& token) {
+  Usage usage = *usageOf(token.keyword);
+  switch (usage) {
+    case Usage::binaryChar:
+    case Usage::binaryShort:
+    case Usage::binaryLong:
+    case Usage::binaryDouble:
+    case Usage::binaryCLong:
+      if (!skip(Keyword::signedWord) && skip(Keyword::unsignedWord)) entry.item->isUnsigned = true;
+      break;
+    case Usage::object:
+      skip(Keyword::reference);
+      if (peek().kind == Token::Kind::word && peek().keyword == Keyword::none) take();
+      break;
+    case Usage::pointer:
+    case Usage::programPointer:
+    case Usage::procedurePointer:
+    case Usage::functionPointer:
+      if (skip(Keyword::to)) take();
+      break;
+    case Usage::display:
+      // DISPLAY NATIVE
+      if (equalsBlindly(peek().text, "NATIVE")) take();
+      break;
+    default:
+      break;
+  }
+  entry.item->usage = usage;
+}
+
+void Parser::parseSign(Entry& entry, Token const& token) {
+  entry.item->sign.position =
+      token.is(Keyword::leading) ? SignPosition::leading : SignPosition::trailing;
+  entry.item->sign.isSeparate = skip(Keyword::separate);
+  skip(Keyword::character);
+}
+
+void Parser::parseBlank() {
+  skip(Keyword::when);
+  skip(Keyword::is);
+  if (!skip(Keyword::zero)) {
+    error(Code::syntax, peek().place, "BLANK is not followed by ZERO");
+  }
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,119 @@
+#include "compiler/command_line.h"
+
+#include <algorithm>
+
+namespace fdmorph::compiler {
+namespace {
+
+std::string withoutQuotes(std::string const& name) {
+  bool isQuoted = name.size() >= 2 && name.front() == '"' && name.back() == '"';
+  return isQuoted ? name.substr(1, name.size() - 2) : name;
+}
+
+class Reader {
+ public:
+  Reader(std::vector<std::string> const& arguments, FileTree& tree)
+      : m_arguments(arguments), m_tree(tree) {}
+
+  CommandLine read() {
+    findSource();
+    for (std::size_t i = 0; i < m_arguments.size() && m_result.mistake.empty(); ++i) {
+      if (i != m_source) readArgument(m_arguments[i]);
+      if (m_result.action == CommandLine::Action::help ||
+          m_result.action == CommandLine::Action::version) {
+        return m_result;
+      }
+    }
+    if (m_result.mistake.empty() && m_result.sourcePath.empty()) {
+      m_result.mistake = "no source is named";
+    }
+    if (!m_result.mistake.empty()) m_result.action = CommandLine::Action::usageError;
+    return m_result;
+  }
+
+ private:
+  static bool isWord(std::string const& argument) {
+    return !argument.empty() && argument.front() != '-' && argument.front() != '@';
+  }
+
+  // A word right behind options may be a directive, but the last one can't.
+  void findSource() {
+    m_source = m_arguments.size();
+    if (!m_arguments.empty() && isWord(m_arguments.front())) m_source = 0;
+    bool isLast = m_source != 0 && !m_arguments.empty() && isWord(m_arguments.back());
+    // "-C" takes at least one directive.
+    bool isTaken = m_arguments.size() > 1 && m_arguments[m_arguments.size() - 2] == "-C";
+    if (isLast && !isTaken) m_source = m_arguments.size() - 1;
+    if (m_source < m_arguments.size()) m_result.sourcePath = withoutQuotes(m_arguments[m_source]);
+  }
+
+  void readArgument(std::string const& argument) {
+    if (argument == "--help") {
+      m_result.action = CommandLine::Action::help;
+    } else if (argument == "--version") {
+      m_result.action = CommandLine::Action::version;
+    } else if (argument.starts_with("-C")) {
+      m_isAfterOption = true;
+      apply(argument.substr(2));
+    } else if (argument.starts_with("@")) {
+      readFile(withoutQuotes(argument.substr(1)));
+    } else if (argument.starts_with("-")) {
+      m_result.mistake = "unknown option " + argument;
+    } else if (m_isAfterOption) {
+      apply(argument);
+    } else if (!argument.empty()) {
+      m_result.mistake = "more than one source is named";
+    }
+  }
+
+  void apply(std::string const& text) {
+    if (auto wrong = applyDirectives(text, m_result.directives)) {
+      m_result.mistake = "wrong parameter in directive " + *wrong;
+    }
+  }
+
+  void readFile(std::string const& name) {
+    std::optional<std::string> content = m_tree.read(name);
+    if (!content) {
+      m_result.mistake = "can't read directive file " + name;
+    } else if (auto wrong = applyDirectiveFile(*content, m_result.directives)) {
+      m_result.mistake = "wrong parameter in directive " + *wrong + " in " + name;
+    }
+  }
+
+  std::vector<std::string> const& m_arguments;
+  FileTree& m_tree;
+  CommandLine m_result;
+  std::size_t m_source = 0;  // index of the source's name
+  bool m_isAfterOption = false;
+};
+
+}  // namespace
+
+CommandLine readCommandLine(std::vector<std::string> const& arguments, FileTree& tree) {
+  return Reader(arguments, tree).read();
+}
+
+char const* usageText() {
+  return "Usage: zbc [-C DIRECTIVE ...]... [@FILE] SOURCE\n"
+         "Checks the data division of a COBOL program or copybook.\n"
+         "\n"
+         "  -C DIRECTIVE ...   apply compiler directives\n"
+         "  @FILE              apply the directives of a file; lines with * are comments\n"
+         "  --help             show this text\n"
+         "  --version          show the version\n"
+         "\n"
+         "Directives:\n"
+         "  XMLGEN(WS)         write the data dictionary beside the source, as .xml\n"
+         "  XMLGEN(FILE)       the same, with the file section first\n"
+         "  SOURCEFORMAT(F)    F is FIXED, VARIABLE or FREE\n"
+         "  COPYPATH(DIR:DIR)  folders with copy members\n"
+         "  COPYEXT(EXT,EXT)   extensions of copy members\n"
+         "  TABS(N)            distance of tab stops\n"
+         "  DBGI, NOOBJ        accepted\n"
+         "\n"
+         "Exit status: 0 if the data division is right, 1 if it has errors,\n"
+         "2 for a mistake on the command line.\n";
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,93 @@
+#include "compiler/compilation.h"
+
+#include <cstdio>
+
+#include "compiler/checker.h"
+#include "compiler/file_replacement.h"
+#include "compiler/parser.h"
+#include "compiler/text_manipulation.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+// The name of a file without folder and extension.
+std::string_view baseName(std::string_view path) {
+  std::string_view name = path.substr(path.rfind('/') + 1);  // npos + 1 is 0
+  std::size_t dot = name.rfind('.');
+  return dot == std::string_view::npos || dot == 0 ? name : name.substr(0, dot);
+}
+
+void print(std::FILE* stream, std::string const& text) {
+  std::fwrite(text.data(), 1, text.size(), stream);
+}
+
+}  // namespace
+
+std::string dictionaryPath(std::string const& sourcePath) {
+  std::string folder = folderOf(sourcePath);
+  return folder + std::string(baseName(sourcePath)) + ".xml";
+}
+
+CompilationResult compileSource(std::string const& path, Directives const& directives,
+                                FileTree& tree) {
+  CompilationResult result;
+  Sources sources(tree);
+  Diagnostics diagnostics(sources);
+  for (std::string const& each : directives.unknown) {
+    diagnostics.report(Code::directive, {}, "unknown directive " + quoted(each));
+  }
+  DataDivision data;
+  SourceFile const* file = sources.file(path);
+  if (file == nullptr) {
+    diagnostics.report(Code::file, {}, "can't read " + quoted(path));
+  } else {
+    CopySearch search(sources, directives.copying, path);
+    TextPool pool;
+    TextContext context{sources, diagnostics, search, pool, directives.reading};
+    FileText text(context, file, {});
+    ReplaceStatements replaced(text, context);
+    Lexer lexer(replaced, pool);
+    data.programName = baseName(path);
+    Parser(lexer, pool, diagnostics, data).parse();
+    Checker(data, diagnostics).check();
+    if (directives.writesDictionary && !diagnostics.hasErrors()) {
+      result.dictionary = buildDictionary(data, directives.order, diagnostics);
+    }
+  }
+  result.diagnostics = diagnostics.print();
+  result.status = diagnostics.hasErrors() ? kWrong : kRight;
+  return result;
+}
+
+int runCompiler(std::vector<std::string> const& arguments) {
+  DiskTree tree;
+  CommandLine line = readCommandLine(arguments, tree);
+  switch (line.action) {
+    case CommandLine::Action::help:
+      print(stdout, usageText());
+      return kRight;
+    case CommandLine::Action::version:
+      print(stdout, std::string("zbc ") + kVersion + "\n");
+      return kRight;
+    case CommandLine::Action::usageError:
+      print(stderr, "zbc: " + line.mistake + "\n" + usageText());
+      return kUsageError;
+    case CommandLine::Action::compile:
+      break;
+  }
+  std::string target = dictionaryPath(line.sourcePath);
+  if (line.directives.writesDictionary && target == line.sourcePath) {
+    print(stderr, "zbc: the dictionary would replace its source " + target + "\n");
+    return kUsageError;
+  }
+  CompilationResult result = compileSource(line.sourcePath, line.directives, tree);
+  print(stderr, result.diagnostics);
+  if (result.dictionary.empty()) return result.status;
+  if (!replaceFile(target, result.dictionary)) {
+    print(stderr, "zbc: error: can't write " + target + " [file]\n");
+    return kWrong;
+  }
+  return result.status;
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,33 @@
+// One run of the compiler: all passes over one source.
+#pragma once
+
+#include <string>
+
+#include "compiler/command_line.h"
+
+namespace fdmorph::compiler {
+
+inline constexpr char kVersion[] = "1.0";
+
+inline constexpr int kRight = 0;
+inline constexpr int kWrong = 1;
+inline constexpr int kUsageError = 2;
+
+/// What a compilation leaves.
+struct CompilationResult {
+  int status = kRight;
+  std::string diagnostics;
+  std::string dictionary;  ///< empty if none is wanted or there were errors
+};
+
+/// Compiles a source; no file is written.
+CompilationResult compileSource(std::string const& path, Directives const& directives,
+                                FileTree& tree);
+
+/// The dictionary's name: that of the source with the extension xml.
+std::string dictionaryPath(std::string const& sourcePath);
+
+/// The compiler's `main`.
+int runCompiler(std::vector<std::string> const& arguments);
+
+}  // namespace fdmorph::compiler

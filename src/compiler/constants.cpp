@@ -1,0 +1,25 @@
+#include "compiler/constants.h"
+
+namespace fdmorph::compiler {
+
+std::optional<std::uint64_t> integerOf(std::string_view digits) {
+  constexpr std::uint64_t kMost = std::uint64_t{1} << 53;
+  if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
+  if (!isAllDigits(digits)) return std::nullopt;
+  std::uint64_t value = 0;
+  for (char c : digits) {
+    value = value * 10 + static_cast<std::uint64_t>(c - '0');
+    if (value > kMost) return std::nullopt;
+  }
+  return value;
+}
+
+std::optional<std::uint64_t> Constants::integer(std::string_view name) const {
+  Literal const* value = find(name);
+  if (value == nullptr) return std::nullopt;
+  if (value->kind == Literal::Kind::zero) return 0;
+  if (value->kind != Literal::Kind::number) return std::nullopt;
+  return integerOf(value->text);
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,52 @@
+// The one reporter: every error and warning of a compilation passes through
+// here, and it alone knows whether there was an error.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "compiler/diagnostic_codes.h"
+#include "compiler/sources.h"
+
+namespace fdmorph::compiler {
+
+class Diagnostics {
+ public:
+  /// Reports beyond this number, of errors and of warnings, are only counted.
+  static constexpr std::size_t kMost = 100;
+
+  explicit Diagnostics(Sources const& sources) : m_sources(sources) {}
+
+  /// Notes an error or a warning, as the code is. A place that is not known
+  /// belongs to the command line.
+  void report(Code code, Place place, std::string text);
+
+  bool hasErrors() const { return m_errors != 0; }
+  std::size_t errorCount() const { return m_errors; }
+  std::size_t warningCount() const { return m_warnings; }
+
+  /// Everything noted, in the order of the source: a line
+  /// `FILE:LINE:COLUMN: error: TEXT [code]`, the source line, a caret, and a
+  /// note for each COPY statement that led there.
+  std::string print() const;
+
+ private:
+  struct Report {
+    Code code;
+    Place place;
+    std::string text;
+  };
+
+  void printReport(Report const& report, std::string& out) const;
+
+  Sources const& m_sources;
+  std::vector<Report> m_reports;
+  std::size_t m_errors = 0;
+  std::size_t m_warnings = 0;
+};
+
+/// Text of the source between apostrophes, for a message: cut when long, and
+/// without control characters.
+std::string quoted(std::string_view text);
+
+}  // namespace fdmorph::compiler

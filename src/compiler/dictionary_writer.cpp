@@ -1,0 +1,196 @@
+#include "compiler/dictionary_writer.h"
+
+#include <unordered_map>
+
+#include "compiler/item_rules.h"
+#include "compiler/literals.h"
+#include "compiler/xml_text.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::uint8_t kRenamesLevel = 66;
+
+char const* elementOf(ItemKind kind) {
+  switch (kind) {
+    case ItemKind::numeric:
+      return "numeric";
+    case ItemKind::numericEdited:
+      return "numericEdited";
+    case ItemKind::alphanumeric:
+      return "alphanumeric";
+    case ItemKind::alphanumericEdited:
+      return "alphanumericEdited";
+    case ItemKind::national:
+      return "national";
+    case ItemKind::group:
+      break;
+  }
+  return "group";
+}
+
+// The name that stands for none.
+std::string_view nameOf(DataItem const& item) {
+  return item.name.empty() ? "FILLER" : item.name;
+}
+
+class Writer {
+ public:
+  Writer(DataDivision const& data, Diagnostics& diagnostics)
+      : m_data(data), m_diagnostics(diagnostics) {
+    for (FileDescription const& file : data.files) {
+      DataItem const* record = file.records.first;
+      for (; record != nullptr; record = record->next) m_files[record] = file.name;
+    }
+  }
+
+  std::string write(DictionaryOrder order) {
+    m_xml.begin("program");
+    m_xml.attribute("name", m_data.programName);
+    if (order == DictionaryOrder::filesFirst) writeFiles();
+    if (m_data.workingStorage.first != nullptr) {
+      m_xml.begin("dataItems");
+      writeItems(m_data.workingStorage.first);
+      m_xml.end("dataItems");
+    }
+    if (order == DictionaryOrder::workingStorageFirst) writeFiles();
+    m_xml.end("program");
+    return m_xml.release();
+  }
+
+ private:
+  void writeFiles() {
+    bool isAny = false;
+    for (FileDescription const& file : m_data.files) isAny |= file.records.first != nullptr;
+    if (!isAny) return;
+    m_xml.begin("fileSection");
+    for (FileDescription const& file : m_data.files) {
+      if (file.records.first == nullptr) continue;
+      m_xml.begin("fd");
+      m_xml.attribute("name", file.name);
+      writeItems(file.records.first);
+      m_xml.end("fd");
+    }
+    m_xml.end("fileSection");
+  }
+
+  void writeItems(DataItem const* first) {
+    for (DataItem const* item = first; item != nullptr; item = item->next) writeItem(*item);
+  }
+
+  void writeItem(DataItem const& item) {
+    char const* element = elementOf(kindOf(item));
+    m_xml.begin(element);
+    m_xml.attribute("name", nameOf(item));
+    m_xml.attribute("level", std::uint64_t{item.isImplied ? 1U : item.level});
+    if (!item.isGroup() && item.level != kRenamesLevel) writePicture(item);
+    m_xml.attribute("length", item.size);
+    writeOccurs(item);
+    if (item.isRedefinition) m_xml.attribute("redefines", "true");
+    if (item.level == kRenamesLevel) m_xml.attribute("renames", "true");
+    if (!item.isGroup()) writeClauses(item);
+    for (DataItem const* each = item.firstCondition; each != nullptr; each = each->next) {
+      writeCondition(*each, item);
+    }
+    writeItems(item.firstChild);
+    m_xml.end(element);
+  }
+
+  void writePicture(DataItem const& item) {
+    std::string usage(entryOf(item.effectiveUsage).name);
+    if (item.isUnsigned) usage += " unsigned";
+    bool isNational = kindOf(item) == ItemKind::national && usage == "display";
+    m_xml.attribute("usage", isNational ? std::string("national") : usage);
+    if (item.picture == nullptr) return;
+    if (item.picture->category == Category::numeric) {
+      m_xml.attribute("digits", std::uint64_t{item.picture->digits});
+      m_xml.attribute("alignment", std::uint64_t{item.picture->scale});
+    }
+    m_xml.attribute("picture", item.picture->text);
+  }
+
+  // A group that doesn't repeat says so: without bounds it would pass for a
+  // table of any number.
+  void writeOccurs(DataItem const& item) {
+    bool isSubordinateGroup = item.isGroup() && item.parent != nullptr;
+    if (!item.occurs && !isSubordinateGroup) return;
+    m_xml.attribute("minOccurs", item.occurs ? item.occurs->least : 1);
+    m_xml.attribute("maxOccurs", item.occurrences());
+    if (item.dependingOn != nullptr) m_xml.attribute("odo", dottedName(*item.dependingOn));
+  }
+
+  std::string dottedName(DataItem const& item) const {
+    std::string name;
+    if (item.parent != nullptr) {
+      name = dottedName(*item.parent) + ".";
+    } else {
+      auto file = m_files.find(&item);
+      if (file != m_files.end()) name = std::string(file->second) + ".";
+    }
+    return name += nameOf(item);
+  }
+
+  void writeClauses(DataItem const& item) {
+    bool isSigned = item.picture != nullptr && item.picture->isSigned &&
+                    kindOf(item) == ItemKind::numeric && item.effectiveUsage <= Usage::display;
+    if (isSigned && item.effectiveSign.position != SignPosition::none) {
+      std::string sign = item.effectiveSign.position == SignPosition::leading ? "l" : "t";
+      m_xml.attribute("sign", sign + (item.effectiveSign.isSeparate ? "s" : "i"));
+    }
+    if (item.isJustified) m_xml.attribute("justified", "right");
+    if (item.isBlankWhenZero) m_xml.attribute("blankWhenZero", "true");
+    if (item.values.empty()) return;
+    std::optional<std::string> text = textOf(item.values.front().from, item);
+    if (text) m_xml.attribute("value", *text);
+  }
+
+  // Nothing for values that no text stands for.
+  std::optional<std::string> textOf(Literal const& value, DataItem const& item) const {
+    bool isNumeric = kindOf(item) == ItemKind::numeric;
+    std::uint64_t size =
+        item.picture != nullptr && !item.isGroup() ? item.picture->size : item.size;
+    std::optional<std::string> text = valueText(value, isNumeric, size);
+    if (text && !isXmlText(*text)) text.reset();
+    return text;
+  }
+
+  void writeCondition(DataItem const& condition, DataItem const& item) {
+    bool isNumeric = kindOf(item) == ItemKind::numeric;
+    char const* element = isNumeric ? "numericCondition" : "alphanumericCondition";
+    m_xml.begin(element);
+    m_xml.attribute("name", nameOf(condition));
+    for (ValueRange const& range : condition.values) writeRange(range, item, isNumeric);
+    m_xml.end(element);
+  }
+
+  void writeRange(ValueRange const& range, DataItem const& item, bool isNumeric) {
+    std::optional<std::string> from = textOf(range.from, item);
+    bool isRange = range.to.kind != Literal::Kind::none;
+    std::optional<std::string> to = isRange ? textOf(range.to, item) : std::nullopt;
+    if (!from || (isRange && !to)) {
+      m_diagnostics.report(Code::valueLost, range.from.place,
+                           "the dictionary can't hold this value of a condition");
+      return;
+    }
+    std::string element = isNumeric ? "numeric" : "alphanumeric";
+    element += isRange ? "Range" : "Constant";
+    m_xml.begin(element);
+    m_xml.attribute(isRange ? "from" : "value", *from);
+    if (isRange) m_xml.attribute("to", *to);
+    m_xml.end(element);
+  }
+
+  DataDivision const& m_data;
+  Diagnostics& m_diagnostics;
+  std::unordered_map<DataItem const*, std::string_view> m_files;  // of records
+  XmlText m_xml;
+};
+
+}  // namespace
+
+std::string buildDictionary(DataDivision const& data, DictionaryOrder order,
+                            Diagnostics& diagnostics) {
+  return Writer(data, diagnostics).write(order);
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,157 @@
+#include "compiler/directives.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+#include "compiler/letters.h"
+#include "compiler/source_directives.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr unsigned kMostTabs = 255;
+
+bool setDictionary(std::string_view parameter, Directives& directives) {
+  bool isFile = equalsBlindly(parameter, "FILE");
+  if (!isFile && !equalsBlindly(parameter, "WS")) return false;
+  directives.writesDictionary = true;
+  directives.order = isFile ? DictionaryOrder::filesFirst : DictionaryOrder::workingStorageFirst;
+  return true;
+}
+
+bool setFormat(std::string_view parameter, Directives& directives) {
+  std::optional<Format> format = formatOfName(parameter);
+  if (format) directives.reading.format = *format;
+  return format.has_value();
+}
+
+bool setTabs(std::string_view parameter, Directives& directives) {
+  unsigned tabs = 0;
+  auto [end, fault] = std::from_chars(parameter.data(), parameter.data() + parameter.size(), tabs);
+  bool isGood = fault == std::errc() && end == parameter.data() + parameter.size() && tabs > 0 &&
+                tabs <= kMostTabs;
+  if (isGood) directives.reading.tabs = tabs;
+  return isGood;
+}
+
+std::vector<std::string> split(std::string_view text, char separator) {
+  std::vector<std::string> parts;
+  while (true) {
+    std::size_t end = text.find(separator);
+    parts.emplace_back(text.substr(0, end));
+    if (end == std::string_view::npos) return parts;
+    text.remove_prefix(end + 1);
+  }
+}
+
+bool setCopyPath(std::string_view parameter, Directives& directives) {
+  if (parameter.empty()) return false;
+  directives.copying.folders = split(parameter, ':');
+  return true;
+}
+
+// A member may go without an extension always.
+bool setCopyExtensions(std::string_view parameter, Directives& directives) {
+  directives.copying.extensions.clear();
+  for (std::string& each : split(parameter, ',')) {
+    std::erase(each, ' ');
+    if (!each.empty() && each.front() == '.') each.erase(0, 1);
+    directives.copying.extensions.push_back(each);
+  }
+  std::vector<std::string>& all = directives.copying.extensions;
+  if (std::find(all.begin(), all.end(), "") == all.end()) all.emplace_back();
+  return true;
+}
+
+// No object code is made and nothing is left for a debugger.
+bool ignore(std::string_view, Directives&) {
+  return true;
+}
+
+struct Entry {
+  std::string_view name;
+  bool (*apply)(std::string_view parameter, Directives& directives);
+};
+
+constexpr std::array kDirectives{
+    Entry{"XMLGEN", setDictionary}, Entry{"DBGI", ignore},
+    Entry{"NODBGI", ignore},        Entry{"OBJ", ignore},
+    Entry{"NOOBJ", ignore},         Entry{"SOURCEFORMAT", setFormat},
+    Entry{"COPYPATH", setCopyPath}, Entry{"COPYEXT", setCopyExtensions},
+    Entry{"TABS", setTabs},
+};
+
+bool isBlank(char c) {
+  return static_cast<unsigned char>(c) <= ' ';
+}
+
+/// Cuts `NAME`, `NAME(PARAMETER)` and `NAME"PARAMETER"` off a text.
+class DirectiveReader {
+ public:
+  explicit DirectiveReader(std::string_view text) : m_text(text) {}
+
+  bool next() {
+    while (m_at < m_text.size() && isBlank(m_text[m_at])) ++m_at;
+    std::size_t begin = m_at;
+    while (m_at < m_text.size() && !isBlank(m_text[m_at]) && m_text[m_at] != '(' &&
+           m_text[m_at] != '"') {
+      ++m_at;
+    }
+    name = m_text.substr(begin, m_at - begin);
+    parameter = {};
+    if (m_at < m_text.size() && !isBlank(m_text[m_at])) readParameter();
+    return m_at > begin;
+  }
+
+  std::string_view name;
+  std::string_view parameter;
+
+ private:
+  void readParameter() {
+    char close = m_text[m_at] == '(' ? ')' : '"';
+    std::size_t end = m_text.find(close, m_at + 1);
+    if (end == std::string_view::npos) end = m_text.size();
+    parameter = m_text.substr(m_at + 1, end - m_at - 1);
+    m_at = std::min(end + 1, m_text.size());
+    if (parameter.size() >= 2 && parameter.front() == '"' && parameter.back() == '"') {
+      parameter = parameter.substr(1, parameter.size() - 2);
+    }
+  }
+
+  std::string_view m_text;
+  std::size_t m_at = 0;
+};
+
+}  // namespace
+
+std::optional<std::string> applyDirectives(std::string_view text, Directives& directives) {
+  DirectiveReader reader(text);
+  while (reader.next()) {
+    auto found = std::find_if(kDirectives.begin(), kDirectives.end(), [&](Entry const& each) {
+      return equalsBlindly(each.name, reader.name);
+    });
+    if (found == kDirectives.end()) {
+      std::string name = upperCase(reader.name);
+      std::vector<std::string>& unknown = directives.unknown;
+      if (std::find(unknown.begin(), unknown.end(), name) == unknown.end()) unknown.push_back(name);
+    } else if (!found->apply(reader.parameter, directives)) {
+      return std::string(found->name) + "(" + std::string(reader.parameter) + ")";
+    }
+  }
+  return std::nullopt;
+}
+
+std::optional<std::string> applyDirectiveFile(std::string_view content, Directives& directives) {
+  while (!content.empty()) {
+    std::size_t end = std::min(content.find('\n'), content.size());
+    std::string_view line = content.substr(0, end);
+    content.remove_prefix(std::min(end + 1, content.size()));
+    while (!line.empty() && isBlank(line.front())) line.remove_prefix(1);
+    if (line.starts_with('*')) continue;
+    if (auto wrong = applyDirectives(line, directives)) return wrong;
+  }
+  return std::nullopt;
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,230 @@
+// Data description entries: level number, name, clauses, period.
+#include "compiler/letters.h"
+#include "compiler/parser.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::size_t kLongestName = 63;
+constexpr std::uint8_t kRenamesLevel = 66;
+constexpr std::uint8_t kSingleLevel = 77;
+constexpr std::uint8_t kConstantLevel = 78;
+constexpr std::uint8_t kConditionLevel = 88;
+
+bool isLevel(int level) {
+  return (level >= 1 && level <= 49) || level == kRenamesLevel || level == kSingleLevel ||
+         level == kConstantLevel || level == kConditionLevel;
+}
+
+// Why a word can't be a name; null if it can.
+char const* faultOfName(std::string_view name) {
+  if (name.size() > kLongestName) return "is longer than 63 characters";
+  if (name.find(':') != std::string_view::npos) return "holds a tag that nothing replaces";
+  if (name.front() == '-' || name.front() == '_') return "begins with a hyphen or underscore";
+  if (name.back() == '-' || name.back() == '_') return "ends in a hyphen or underscore";
+  for (char c : name) {
+    bool isLetterToUs = isLetter(c) || static_cast<unsigned char>(c) >= 0x80;
+    if (isLetterToUs) return nullptr;
+  }
+  return "holds no letter";
+}
+
+}  // namespace
+
+void Parser::checkName(Token const& token) {
+  if (char const* fault = faultOfName(token.text)) {
+    error(Code::name, token.place, "the name " + quoted(token.text) + " " + fault);
+  }
+}
+
+void Parser::parseEntry() {
+  Token number = take();
+  bool isShort = isAllDigits(number.text) && number.text.size() <= 2;
+  int level = isShort ? std::stoi(std::string(number.text)) : 0;
+  if (!isLevel(level)) {
+    if (!m_isProgram && !m_hasData) {
+      error(Code::syntax, number.place,
+            describe(number) + " begins neither a program nor a data description");
+      while (!isEnd()) take();
+      return;
+    }
+    error(Code::level, number.place, quoted(number.text) + " is no level number");
+    skipSentence();
+    return;
+  }
+  m_hasData = true;
+  Entry entry;
+  entry.item = newItem(static_cast<std::uint8_t>(level), number.place);
+  parseEntryName(entry);
+  switch (level) {
+    case kConstantLevel:
+      parseConstant(entry);
+      return;
+    case kConditionLevel:
+      parseCondition(entry);
+      return;
+    case kRenamesLevel:
+      parseRenames(entry);
+      return;
+    default:
+      break;
+  }
+  if (peek().is(Keyword::constant) && level == 1) {
+    take();
+    parseConstant(entry);
+    return;
+  }
+  parseClauses(entry);
+  attach(entry.item);
+}
+
+// Whether the word behind a level number is a name. A word that begins a
+// clause is one where what follows can't go on with that clause.
+bool Parser::isNameNext() {
+  Token const& token = peek();
+  if (token.kind != Token::Kind::word) return false;
+  Keyword keyword = token.keyword;
+  if (keyword == Keyword::none || keyword == Keyword::filler) return true;
+  bool isUsage = usageOf(keyword).has_value();
+  if (!isUsage && !beginsClause(keyword)) return true;
+  Token const& following = peek(1);
+  bool isOtherClause = following.kind == Token::Kind::word && beginsClause(following.keyword);
+  switch (keyword) {
+    case Keyword::picture:
+      return following.keyword == Keyword::picture;
+    case Keyword::value:
+    case Keyword::usage:
+    case Keyword::occurs:
+    case Keyword::redefines:
+    case Keyword::renames:
+    case Keyword::blank:
+    case Keyword::constant:
+      return following.kind == Token::Kind::period || isOtherClause;
+    case Keyword::sign:
+    case Keyword::leading:
+    case Keyword::trailing:
+      return following.kind == Token::Kind::period || following.is(Keyword::picture) ||
+             following.is(Keyword::occurs) || following.is(Keyword::redefines);
+    case Keyword::index:
+    case Keyword::pointer:
+    case Keyword::object:
+    case Keyword::signedInt:
+    case Keyword::external:
+    case Keyword::global:
+    case Keyword::volatileWord:
+      // Without a picture these may be clauses of an item without a name.
+      return following.is(Keyword::picture);
+    default:
+      return false;
+  }
+}
+
+void Parser::parseEntryName(Entry& entry) {
+  DataItem& item = *entry.item;
+  bool takesAnyName =
+      item.level == kRenamesLevel || item.level == kConstantLevel || item.level == kConditionLevel;
+  if (peek().isSymbol(':')) {
+    error(Code::name, peek().place, "the name begins with a tag that nothing replaces");
+    while (!isEnd() && peek().kind != Token::Kind::period && !peek().is(Keyword::picture) &&
+           !isEntryStart()) {
+      take();
+    }
+    return;
+  }
+  bool isName = takesAnyName ? peek().kind == Token::Kind::word : isNameNext();
+  if (!isName) {
+    if (takesAnyName) error(Code::name, peek().place, "the entry lacks a name");
+    return;
+  }
+  Token name = take();
+  item.name = name.text;
+  item.place = name.place;
+  if (!name.is(Keyword::filler)) checkName(name);
+}
+
+void Parser::parseClauses(Entry& entry) {
+  while (!isEnd() && peek().kind != Token::Kind::period && !isEntryStart() && !isHeader(0)) {
+    if (parseClause(entry)) continue;
+    Token const& token = peek();
+    error(Code::syntax, token.place, describe(token) + " begins no clause of a data description");
+    // One report is enough for what stands up to the next clause.
+    while (!isEnd() && peek().kind != Token::Kind::period && !isEntryStart() && !isHeader(0) &&
+           !beginsClause(peek().keyword)) {
+      take();
+    }
+  }
+  endEntry();
+}
+
+void Parser::endEntry() {
+  expectPeriod("the data description entry");
+}
+
+// 78 NAME VALUE 5., 01 NAME CONSTANT AS 5.
+void Parser::parseConstant(Entry& entry) {
+  DataItem& item = *entry.item;
+  skip(Keyword::is);
+  if (skip(Keyword::global)) skip(Keyword::is);
+  if (!skip(Keyword::value)) skip(Keyword::as);
+  skip(Keyword::is);
+  Literal value = parseExpression();
+  if (value.kind == Literal::Kind::none) {
+    error(Code::constant, peek().place,
+          "the constant's value is neither a literal nor a sum of them");
+    skipSentence();
+    return;
+  }
+  if (!item.name.empty() && !m_constants.add(item.name, value)) {
+    error(Code::constant, item.place, "the constant " + quoted(item.name) + " is defined twice");
+  }
+  endEntry();
+}
+
+void Parser::parseCondition(Entry& entry) {
+  DataItem* item = entry.item;
+  if (!peek().is(Keyword::value)) {
+    error(Code::value, item->place, "the condition " + quoted(item->name) + " has no VALUE clause");
+    skipSentence();
+  } else {
+    take();
+    parseValue(entry);
+    if (peek().is(Keyword::when) || equalsBlindly(peek().text, "FALSE")) {
+      // WHEN SET TO FALSE IS literal
+      while (!isEnd() && peek().kind != Token::Kind::period && !isEntryStart()) take();
+    }
+    parseClauses(entry);
+  }
+  if (m_lastItem == nullptr) {
+    error(Code::levelOrder, item->place,
+          "the condition " + quoted(item->name) + " belongs to no item");
+    return;
+  }
+  item->parent = m_lastItem;
+  if (m_lastItem->lastCondition == nullptr) {
+    m_lastItem->firstCondition = item;
+  } else {
+    m_lastItem->lastCondition->next = item;
+  }
+  m_lastItem->lastCondition = item;
+}
+
+void Parser::parseRenames(Entry& entry) {
+  DataItem* item = entry.item;
+  if (!skip(Keyword::renames)) {
+    error(Code::renames, item->place, "an entry of level 66 has no RENAMES clause");
+    skipSentence();
+    return;
+  }
+  item->related = std::make_unique<QualifiedName>(parseQualifiedName());
+  if (skip(Keyword::thru)) item->through = std::make_unique<QualifiedName>(parseQualifiedName());
+  parseClauses(entry);
+  if (m_open.empty()) {
+    error(Code::levelOrder, item->place, "an entry of level 66 follows no record");
+    return;
+  }
+  m_open.resize(1);
+  attachToGroup(item);
+  m_lastItem = item;
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,48 @@
+#include "compiler/file_replacement.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr int kMostTries = 100;
+constexpr mode_t kMode = 0666;  // less what the user masks
+
+bool writeAll(int file, std::string const& content) {
+  std::size_t done = 0;
+  while (done < content.size()) {
+    ssize_t written = ::write(file, content.data() + done, content.size() - done);
+    if (written < 0 && errno == EINTR) continue;
+    if (written <= 0) return false;
+    done += static_cast<std::size_t>(written);
+  }
+  return true;
+}
+
+int createBeside(std::string const& path, std::string& name) {
+  for (int i = 0; i < kMostTries; ++i) {
+    name = path + "." + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp";
+    int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode);
+    if (file >= 0 || errno != EEXIST) return file;
+  }
+  return -1;
+}
+
+}  // namespace
+
+bool replaceFile(std::string const& path, std::string const& content) {
+  std::string name;
+  int file = createBeside(path, name);
+  if (file < 0) return false;
+  bool isWritten = writeAll(file, content);
+  isWritten = ::close(file) == 0 && isWritten;
+  isWritten = isWritten && std::rename(name.c_str(), path.c_str()) == 0;
+  if (!isWritten) ::unlink(name.c_str());
+  return isWritten;
+}
+
+}  // namespace fdmorph::compiler

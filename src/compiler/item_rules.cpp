@@ -1,0 +1,172 @@
+#include "compiler/item_rules.h"
+
+#include "compiler/literals.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::uint32_t kBinaryDigits = 18;
+
+class ItemCheck {
+ public:
+  ItemCheck(DataItem const& item, Diagnostics& diagnostics)
+      : m_item(item), m_usage(entryOf(item.effectiveUsage)), m_diagnostics(diagnostics) {}
+
+  void check() {
+    if (m_item.isGroup()) {
+      checkGroup();
+    } else if (m_item.picture == nullptr) {
+      checkWithoutPicture();
+    } else if (m_item.picture->isValid()) {
+      checkUsage();
+      checkClauses();
+    }
+    for (ValueRange const& range : m_item.values) checkValue(range.from);
+  }
+
+ private:
+  void report(Code code, std::string text) {
+    m_diagnostics.report(code, m_item.place, std::move(text));
+  }
+  std::string name() const {
+    return m_item.name.empty() ? "the item" : "the item " + quoted(m_item.name);
+  }
+
+  void checkGroup() {
+    if (m_item.picture != nullptr) {
+      m_diagnostics.report(Code::picture, m_item.picturePlace,
+                           name() + " has a picture and items below it");
+    }
+    if (m_item.isJustified) report(Code::clause, "a group can't be JUSTIFIED");
+    if (m_item.isBlankWhenZero) report(Code::clause, "a group can't be BLANK WHEN ZERO");
+  }
+
+  void checkWithoutPicture() {
+    if (takesPicture(m_item.effectiveUsage))
+      report(Code::pictureMissing, name() + " has no picture");
+    if (m_item.isJustified) report(Code::clause, "JUSTIFIED needs a picture of characters");
+    if (m_item.isBlankWhenZero) report(Code::clause, "BLANK WHEN ZERO needs a numeric picture");
+  }
+
+  void checkUsage() {
+    Category category = m_item.picture->category;
+    bool isNumber = category == Category::numeric;
+    bool fits = true;
+    switch (m_usage.storage) {
+      case Storage::fixed:
+        fits = false;
+        break;
+      case Storage::nativeBinary:
+      case Storage::shortBinary:
+        fits = isNumber || category == Category::alphanumeric;
+        break;
+      case Storage::binary:
+      case Storage::packed:
+      case Storage::packedUnsigned:
+        fits = isNumber;
+        break;
+      case Storage::nationalCharacters:
+        fits = category != Category::alphanumeric && category != Category::alphabetic &&
+               category != Category::alphanumericEdited;
+        break;
+      case Storage::characters:
+        break;
+    }
+    if (!fits) {
+      m_diagnostics.report(Code::usage, m_item.picturePlace,
+                           "the picture doesn't go with the usage " + std::string(m_usage.name));
+    }
+    bool isBinary = m_usage.storage == Storage::binary || m_usage.storage == Storage::nativeBinary;
+    if (isNumber && isBinary && m_item.picture->nines > kBinaryDigits) {
+      m_diagnostics.report(Code::binarySize, m_item.picturePlace,
+                           "a binary item holds 18 digits at most");
+    }
+  }
+
+  void checkClauses() {
+    Category category = m_item.picture->category;
+    bool isNumber = category == Category::numeric;
+    bool isCharacters =
+        m_usage.storage == Storage::characters || m_usage.storage == Storage::nationalCharacters;
+    if (m_item.isJustified && (isNumber || category == Category::numericEdited)) {
+      report(Code::clause, "JUSTIFIED needs a picture of characters");
+    }
+    bool isZeroable = (isNumber && isCharacters) || category == Category::numericEdited;
+    if (m_item.isBlankWhenZero && !isZeroable) {
+      report(Code::clause, "BLANK WHEN ZERO needs a numeric picture of usage DISPLAY");
+    }
+    bool hasOwnSign = m_item.sign.position != SignPosition::none;
+    if (hasOwnSign && !(isNumber && m_item.picture->isSigned && isCharacters)) {
+      report(Code::clauseWarning, "SIGN has no meaning without 'S' in a picture of usage DISPLAY");
+    }
+  }
+
+  void checkValue(Literal const& value) {
+    if (m_item.picture == nullptr || !m_item.picture->isValid()) return;
+    bool isNumber = m_item.picture->category == Category::numeric;
+    bool isText = value.kind == Literal::Kind::text;
+    if (isNumber && isText) {
+      m_diagnostics.report(Code::valueSize, value.place,
+                           "the value of a numeric item is written as a text");
+      return;
+    }
+    bool isCharacters = !isNumber && m_item.picture->category != Category::numericEdited;
+    if (isCharacters && isText && !value.isAll &&
+        decodeLiteral(value.text).characters > m_item.picture->size) {
+      m_diagnostics.report(Code::valueSize, value.place, "the value is longer than the item");
+    }
+  }
+
+  DataItem const& m_item;
+  UsageEntry const& m_usage;
+  Diagnostics& m_diagnostics;
+};
+
+}  // namespace
+
+void checkItem(DataItem const& item, Diagnostics& diagnostics) {
+  ItemCheck(item, diagnostics).check();
+}
+
+bool isInteger(DataItem const& item) {
+  if (item.isGroup()) return false;
+  UsageEntry const& usage = entryOf(item.effectiveUsage);
+  bool isFloat = usage.usage == Usage::comp1 || usage.usage == Usage::comp2 ||
+                 usage.usage == Usage::floatShort || usage.usage == Usage::floatLong;
+  if (usage.storage == Storage::fixed) return usage.isNumeric && !isFloat;
+  if (item.picture == nullptr) return false;
+  // X stands for bytes of a number in these usages.
+  bool isBytes = usage.storage == Storage::nativeBinary || usage.storage == Storage::shortBinary;
+  bool isNumber = item.picture->category == Category::numeric;
+  return (isNumber && item.picture->scale == 0) || (isBytes && !isNumber);
+}
+
+ItemKind kindOf(DataItem const& item) {
+  if (item.isGroup()) return ItemKind::group;
+  UsageEntry const& usage = entryOf(item.effectiveUsage);
+  if (usage.storage == Storage::fixed) {
+    return usage.isNumeric ? ItemKind::numeric : ItemKind::alphanumeric;
+  }
+  bool isNative = usage.storage == Storage::nativeBinary || usage.storage == Storage::shortBinary;
+  if (item.picture == nullptr || isNative) {
+    return isNative ? ItemKind::numeric : ItemKind::alphanumeric;
+  }
+  switch (item.picture->category) {
+    case Category::numeric:
+      // Blanks are no number.
+      return item.isBlankWhenZero ? ItemKind::numericEdited : ItemKind::numeric;
+    case Category::numericEdited:
+      return ItemKind::numericEdited;
+    case Category::national:
+    case Category::nationalEdited:
+      return ItemKind::national;
+    case Category::alphanumericEdited:
+      return ItemKind::alphanumericEdited;
+    case Category::alphabetic:
+    case Category::alphanumeric:
+      break;
+  }
+  return ItemKind::alphanumeric;
+}
+
+}  // namespace fdmorph::compiler

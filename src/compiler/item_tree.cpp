@@ -1,0 +1,101 @@
+// How level numbers make a tree of the entries.
+#include "compiler/parser.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::uint8_t kSingleLevel = 77;
+
+}  // namespace
+
+DataItem* Parser::newItem(std::uint8_t level, Place place) {
+  DataItem& item = m_data.items.emplace_back();
+  item.level = level;
+  item.place = place;
+  return &item;
+}
+
+RecordList& Parser::records() {
+  switch (m_section) {
+    case Section::file:
+      if (m_file != nullptr) return m_file->records;
+      break;
+    case Section::localStorage:
+      return m_data.localStorage;
+    case Section::linkage:
+      return m_data.linkage;
+    default:
+      break;
+  }
+  return m_data.workingStorage;
+}
+
+void Parser::attach(DataItem* item) {
+  m_lastItem = item;
+  bool isRecord = item->level == 1 || item->level == kSingleLevel;
+  if (isRecord) {
+    m_open.clear();
+    attachRecord(item);
+    return;
+  }
+  if (m_open.empty()) {
+    if (m_isProgram) {
+      error(Code::levelOrder, item->place, "a record begins with level 01 or 77");
+    }
+    m_open.push_back(openRecord(item->place, 0));
+  }
+  attachToGroup(item);
+}
+
+void Parser::attachRecord(DataItem* item) {
+  if (m_section == Section::file && m_file == nullptr) {
+    error(Code::levelOrder, item->place, "the record belongs to no file description");
+  }
+  RecordList& list = records();
+  if (list.last == nullptr) {
+    list.first = item;
+  } else {
+    list.last->next = item;
+  }
+  list.last = item;
+  m_open.push_back(item);
+}
+
+// A bare copybook may begin below level 01. A record without a name holds its
+// items then, so that they stay together.
+DataItem* Parser::openRecord(Place place, std::uint8_t level) {
+  DataItem* record = newItem(level, place);
+  record->isImplied = true;
+  attachRecord(record);
+  m_open.pop_back();
+  return record;
+}
+
+void Parser::attachToGroup(DataItem* item) {
+  DataItem* closed = nullptr;
+  while (m_open.size() > 1 && m_open.back()->level >= item->level) {
+    closed = m_open.back();
+    m_open.pop_back();
+  }
+  DataItem* group = m_open.back();
+  bool isOutOfStep = closed != nullptr && closed->level != item->level && item->level < 50 &&
+                     !(group->isImplied && closed->level > item->level);
+  if (isOutOfStep) {
+    error(Code::levelOrder, item->place,
+          "level " + std::to_string(item->level) + " follows level " +
+              std::to_string(closed->level) + " in the same group");
+  }
+  if (group->level == kSingleLevel && item->level < 50) {
+    error(Code::levelOrder, item->place, "an item of level 77 has no items below it");
+  }
+  item->parent = group;
+  if (group->lastChild == nullptr) {
+    group->firstChild = item;
+  } else {
+    group->lastChild->next = item;
+  }
+  group->lastChild = item;
+  if (item->level < 50) m_open.push_back(item);
+}
+
+}  // namespace fdmorph::compiler

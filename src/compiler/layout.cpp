@@ -1,0 +1,155 @@
+#include "compiler/layout.h"
+
+#include <algorithm>
+#include <array>
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::uint8_t kRenamesLevel = 66;
+
+// The least bytes that hold a number of so many digits.
+std::uint64_t shortSize(std::uint32_t digits, bool isSigned) {
+  constexpr std::array<std::uint32_t, 8> kUnsigned{2, 4, 7, 9, 12, 14, 16, 19};
+  constexpr std::array<std::uint32_t, 8> kSigned{2, 4, 6, 9, 11, 14, 16, 18};
+  std::array<std::uint32_t, 8> const& most = isSigned ? kSigned : kUnsigned;
+  auto found = std::lower_bound(most.begin(), most.end(), digits);
+  return static_cast<std::uint64_t>(std::min<std::ptrdiff_t>(found - most.begin() + 1, 8));
+}
+
+std::uint64_t binarySize(std::uint32_t digits) {
+  if (digits <= 2) return 1;
+  if (digits <= 4) return 2;
+  return digits <= 9 ? 4 : 8;
+}
+
+// A native number in place of so many characters.
+std::uint64_t nativeSize(std::uint64_t characters) {
+  for (std::uint64_t size : {1U, 2U, 4U}) {
+    if (characters <= size) return size;
+  }
+  return 8;
+}
+
+bool isNationalPicture(Picture const& picture) {
+  return picture.category == Category::national || picture.category == Category::nationalEdited;
+}
+
+std::uint64_t alignmentOf(DataItem const& item) {
+  if (!item.isSynchronized || item.isGroup()) return 1;
+  switch (entryOf(item.effectiveUsage).storage) {
+    case Storage::binary:
+    case Storage::nativeBinary:
+    case Storage::shortBinary:
+    case Storage::fixed:
+      break;
+    default:
+      return 1;
+  }
+  bool isWhole = item.size == 2 || item.size == 4 || item.size == 8;
+  return isWhole ? item.size : 1;
+}
+
+class Layout {
+ public:
+  explicit Layout(Diagnostics& diagnostics) : m_diagnostics(diagnostics) {}
+
+  // The offset of `item` is set.
+  void place(DataItem& item) {
+    if (item.isGroup()) {
+      placeChildren(item);
+    } else {
+      item.size = sizeOf(item);
+    }
+    if (item.size > kLargestSize / item.occurrences()) {
+      m_diagnostics.report(Code::size, item.place, "the item is larger than 2 GB");
+      item.size = kLargestSize / item.occurrences();
+    }
+  }
+
+ private:
+  void placeChildren(DataItem& group) {
+    std::uint64_t size = 0;
+    std::uint64_t widest = 1;  // alignment below this group
+    for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
+      if (child->level == kRenamesLevel) continue;
+      if (child->redefined != nullptr) {
+        placeRedefinition(*child, group, size);
+        continue;
+      }
+      child->offset = group.offset + size;
+      place(*child);
+      size += child->size * child->occurrences();
+      std::uint64_t alignment = alignmentOf(*child);
+      std::uint64_t slack = (alignment - child->offset % alignment) % alignment;
+      child->offset += slack;
+      size = std::min(size + slack, kLargestSize + 1);
+      widest = std::max(widest, alignment);
+    }
+    std::uint64_t slack = (widest - size % widest) % widest;
+    if (group.occurrences() > 1 && slack != 0) {
+      size += slack;
+      for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
+        child->offset += slack;
+      }
+    }
+    group.size = size;
+  }
+
+  void placeRedefinition(DataItem& item, DataItem const& group, std::uint64_t& size) {
+    DataItem const& redefined = *item.redefined;
+    item.offset = redefined.offset;
+    place(item);
+    std::uint64_t room = redefined.size * redefined.occurrences();
+    std::uint64_t needed = item.size * item.occurrences();
+    if (needed <= room) return;
+    reportLarger(item, needed, room);
+    // The group grows by what sticks out at its end.
+    size = std::max(size, item.offset - group.offset + needed);
+  }
+
+  void reportLarger(DataItem const& item, std::uint64_t needed, std::uint64_t room) {
+    m_diagnostics.report(Code::redefinesSize, item.place,
+                         "the item is larger (" + std::to_string(needed) +
+                             " bytes) than what it redefines (" + std::to_string(room) + ")");
+  }
+
+  Diagnostics& m_diagnostics;
+};
+
+}  // namespace
+
+std::uint64_t sizeOf(DataItem const& item) {
+  UsageEntry const& usage = entryOf(item.effectiveUsage);
+  if (usage.storage == Storage::fixed) return usage.size;
+  if (item.picture == nullptr || !item.picture->isValid()) return 0;
+  Picture const& picture = *item.picture;
+  bool isNumber = picture.category == Category::numeric;
+  switch (usage.storage) {
+    case Storage::binary:
+      return isNumber ? binarySize(picture.nines) : 0;
+    case Storage::nativeBinary:
+      return isNumber ? binarySize(picture.nines) : nativeSize(picture.size);
+    case Storage::shortBinary:
+      if (isNumber) return shortSize(picture.nines, picture.isSigned);
+      return std::min<std::uint64_t>(picture.size, 8);
+    case Storage::packed:
+      return isNumber ? picture.nines / 2 + 1 : 0;
+    case Storage::packedUnsigned:
+      return isNumber ? (picture.nines + 1) / 2 : 0;
+    case Storage::nationalCharacters:
+      return picture.size * 2;
+    default:
+      break;
+  }
+  if (isNationalPicture(picture)) return picture.size * 2;
+  bool isSignStored = isNumber && picture.isSigned && item.effectiveSign.isSeparate;
+  return picture.size + (isSignStored ? 1U : 0U);
+}
+
+void layOut(DataItem& record, Diagnostics& diagnostics) {
+  record.offset = 0;
+  Layout(diagnostics).place(record);
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,103 @@
+#include "compiler/literals.h"
+
+#include <charconv>
+
+#include "compiler/letters.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+// Longer values than a literal may be are of no use to anybody.
+constexpr std::uint64_t kLongestValue = 160;
+
+unsigned digitOf(char c) {
+  return static_cast<unsigned>(isDigit(c) ? c - '0' : toUpper(c) - 'A' + 10) & 0xFU;
+}
+
+void appendUtf8(std::string& out, unsigned code) {
+  if (code < 0x80) {
+    out += static_cast<char>(code);
+  } else if (code < 0x800) {
+    out += static_cast<char>(0xC0U | (code >> 6U));
+    out += static_cast<char>(0x80U | (code & 0x3FU));
+  } else {
+    out += static_cast<char>(0xE0U | (code >> 12U));
+    out += static_cast<char>(0x80U | ((code >> 6U) & 0x3FU));
+    out += static_cast<char>(0x80U | (code & 0x3FU));
+  }
+}
+
+LiteralContent decodeHexadecimal(std::string_view digits, std::size_t unit) {
+  LiteralContent content;
+  for (std::size_t at = 0; at + unit <= digits.size(); at += unit) {
+    unsigned code = 0;
+    for (char c : digits.substr(at, unit)) code = code * 16 + digitOf(c);
+    if (unit == 2) {
+      content.text += static_cast<char>(code);
+    } else {
+      appendUtf8(content.text, code);
+    }
+    ++content.characters;
+  }
+  return content;
+}
+
+LiteralContent decodeNumber(std::string_view digits, int base) {
+  std::uint64_t number = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), number, base);
+  return {std::to_string(number), 0, true};
+}
+
+std::string repeated(std::string const& text, std::uint64_t size) {
+  std::string result;
+  if (text.empty()) return result;
+  std::uint64_t length = std::min(size, kLongestValue);
+  while (result.size() < length) result += text;
+  result.resize(length);
+  return result;
+}
+
+}  // namespace
+
+LiteralContent decodeLiteral(std::string_view literal) {
+  std::size_t quote = literal.find_first_of("\"'");
+  if (quote == std::string_view::npos || literal.size() < quote + 2) return {};
+  std::string prefix = upperCase(literal.substr(0, quote));
+  std::string_view inside = literal.substr(quote + 1, literal.size() - quote - 2);
+  if (prefix == "X") return decodeHexadecimal(inside, 2);
+  if (prefix == "NX" || prefix == "GX") return decodeHexadecimal(inside, 4);
+  if (prefix == "H") return decodeNumber(inside, 16);
+  if (prefix == "B") return decodeNumber(inside, 2);
+  LiteralContent content;
+  char mark = literal[quote];
+  for (std::size_t i = 0; i < inside.size(); ++i) {
+    content.text += inside[i];
+    if (inside[i] == mark) ++i;
+    bool isFollowing = (static_cast<unsigned char>(content.text.back()) & 0xC0U) == 0x80U;
+    if (!isFollowing) ++content.characters;
+  }
+  return content;
+}
+
+std::optional<std::string> valueText(Literal const& value, bool isNumeric, std::uint64_t size) {
+  switch (value.kind) {
+    case Literal::Kind::number: {
+      std::string_view text = value.text;
+      return std::string(text);
+    }
+    case Literal::Kind::text: {
+      std::string text = decodeLiteral(value.text).text;
+      return value.isAll && !isNumeric ? repeated(text, size) : text;
+    }
+    case Literal::Kind::zero:
+      return isNumeric ? "0" : repeated("0", size);
+    case Literal::Kind::space:
+      return isNumeric ? std::optional<std::string>() : " ";
+    case Literal::Kind::quote:
+      return isNumeric ? std::optional<std::string>() : repeated("\"", size);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,84 @@
+// The OCCURS clause.
+#include "compiler/letters.h"
+#include "compiler/parser.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::uint64_t kMostOccurrences = 0x7FFFFFFF;
+
+}  // namespace
+
+// A number or the name of a constant.
+bool Parser::parseCount(std::uint64_t& count) {
+  Token token = peek();
+  std::optional<std::uint64_t> value;
+  if (token.kind == Token::Kind::number) value = integerOf(token.text);
+  if (token.kind == Token::Kind::word) value = m_constants.integer(token.text);
+  if (!value || *value > kMostOccurrences) {
+    error(Code::occurs, token.place, describe(token) + " is no number of occurrences");
+    if (token.kind == Token::Kind::number) take();
+    return false;
+  }
+  take();
+  count = *value;
+  return true;
+}
+
+void Parser::parseOccurs(Entry& entry, Token const& token) {
+  auto occurs = std::make_unique<OccursClause>();
+  occurs->place = token.place;
+  bool isDynamic = skip(Keyword::dynamic);
+  if (isDynamic) {
+    error(Code::occurs, token.place, "tables of dynamic capacity are not supported");
+  } else if (!parseCount(occurs->most)) {
+    occurs->most = 1;
+  }
+  occurs->least = occurs->most;
+  bool hasRange = skip(Keyword::to);
+  if (hasRange && !parseCount(occurs->most)) occurs->most = occurs->least;
+  skip(Keyword::times);
+  parseOccursPhrases(*occurs);
+  if (occurs->most == 0) {
+    error(Code::occurs, token.place, "the table occurs zero times");
+    occurs->most = 1;
+  } else if (occurs->least > occurs->most || (hasRange && occurs->least == occurs->most)) {
+    error(Code::occurs, token.place, "OCCURS runs from a number to a smaller or equal one");
+    occurs->least = occurs->most;
+  } else if (hasRange && !occurs->isDepending) {
+    error(Code::occurs, token.place, "OCCURS with TO needs DEPENDING ON");
+  }
+  if (!hasRange && occurs->isDepending) occurs->least = 1;
+  entry.item->occurs = std::move(occurs);
+}
+
+// DEPENDING ON, ASCENDING and DESCENDING KEY, INDEXED BY, in any order.
+void Parser::parseOccursPhrases(OccursClause& occurs) {
+  auto isNameListed = [this] {
+    return peek().kind == Token::Kind::word && !beginsClause(peek().keyword) &&
+           !usageOf(peek().keyword) && !peek().is(Keyword::ascending) &&
+           !peek().is(Keyword::descending) && !peek().is(Keyword::indexed) &&
+           !peek().is(Keyword::depending);
+  };
+  for (;;) {
+    if (skip(Keyword::depending)) {
+      skip(Keyword::on);
+      occurs.isDepending = true;
+      occurs.depending = parseQualifiedName();
+    } else if (skip(Keyword::ascending) || skip(Keyword::descending)) {
+      skip(Keyword::key);
+      skip(Keyword::is);
+      if (!isNameListed()) parseQualifiedName();  // reports what is missing
+      while (isNameListed()) parseQualifiedName();
+    } else if (skip(Keyword::indexed)) {
+      skip(Keyword::by);
+      std::string_view name;
+      parseName(name);
+      while (isNameListed()) take();
+    } else {
+      return;
+    }
+  }
+}
+
+}  // namespace fdmorph::compiler

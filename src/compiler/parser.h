@@ -1,0 +1,143 @@
+// The parser, the fourth pass: from tokens to the tree of data items.
+//
+// It reports what breaks the grammar and goes on behind it, so that one run
+// shows all mistakes. After an error the tree holds the items that could be
+// read; names in it are not resolved and clauses not checked against each
+// other.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+#include "compiler/constants.h"
+#include "compiler/data_item.h"
+#include "compiler/diagnostics.h"
+#include "compiler/lexer.h"
+
+namespace fdmorph::compiler {
+
+class Parser {
+ public:
+  Parser(Lexer& lexer, TextPool& pool, Diagnostics& diagnostics, DataDivision& data)
+      : m_lexer(lexer), m_pool(pool), m_diagnostics(diagnostics), m_data(data) {}
+
+  /// Reads up to the header of the procedure division, the end of the first
+  /// program, or the end of the text.
+  void parse();
+
+ private:
+  enum class Section { none, file, workingStorage, localStorage, linkage, skipped };
+
+  /// The clauses of an entry that stand in it once.
+  struct Entry {
+    DataItem* item = nullptr;
+    std::uint32_t seen = 0;  // clauses, a bit for each
+    bool isConstant = false;
+  };
+  enum Clause : std::uint32_t {
+    kRedefines = 1,
+    kPicture = 2,
+    kUsage = 4,
+    kSign = 8,
+    kOccurs = 16,
+    kJustified = 32,
+    kBlank = 64,
+    kSync = 128,
+    kValue = 256,
+    kExternal = 512,
+    kGlobal = 1024,
+    kRenames = 2048,
+    kVolatile = 4096,
+  };
+
+  // parser.cpp: tokens.
+  Token const& peek(std::size_t index = 0) { return m_lexer.peek(index); }
+  Token take();
+  bool skip(Keyword keyword);
+  void error(Code code, Place place, std::string text) {
+    m_diagnostics.report(code, place, std::move(text));
+  }
+  void skipSentence();
+  void expectPeriod(std::string const& what);
+  bool isHeader(std::size_t index);
+  bool isDivision(Keyword keyword);
+  bool isEntryStart();
+  bool isEnd() { return peek().kind == Token::Kind::end; }
+  std::string describe(Token const& token) const;
+
+  // parser.cpp: divisions.
+  bool parseElement();
+  void parseIdentification();
+  void parseProgramId();
+  void parseSection();
+  void unexpected();
+
+  // environment_parser.cpp
+  void parseEnvironment();
+  void parseCurrency();
+
+  // file_parser.cpp
+  void parseFileDescription();
+
+  // entry_parser.cpp
+  void parseEntry();
+  void parseEntryName(Entry& entry);
+  bool isNameNext();
+  void checkName(Token const& token);
+  void parseClauses(Entry& entry);
+  void endEntry();
+  void parseConstant(Entry& entry);
+  void parseCondition(Entry& entry);
+  void parseRenames(Entry& entry);
+
+  // item_tree.cpp
+  DataItem* newItem(std::uint8_t level, Place place);
+  void attach(DataItem* item);
+  void attachRecord(DataItem* item);
+  void attachToGroup(DataItem* item);
+  DataItem* openRecord(Place place, std::uint8_t level);
+  RecordList& records();
+
+  // clause_parser.cpp
+  bool parseClause(Entry& entry);
+  void once(Entry& entry, Clause clause, Token const& token);
+  void parseRedefines(Entry& entry);
+  void parsePicture(Entry& entry);
+  void parseUsage(Entry& entry, Token const& token);
+  void parseSign(Entry& entry, Token const& token);
+  void parseBlank();
+  QualifiedName parseQualifiedName();
+  bool parseName(std::string_view& name);
+
+  // occurs_parser.cpp
+  void parseOccurs(Entry& entry, Token const& token);
+  bool parseCount(std::uint64_t& count);
+  void parseOccursPhrases(OccursClause& occurs);
+
+  // value_parser.cpp
+  void parseValue(Entry& entry);
+  bool parseLiteral(Literal& literal);
+  bool isLiteralNext();
+  void parseValueRanges(DataItem& item);
+  void checkLiteral(Token const& token);
+  Literal parseExpression();
+
+  Lexer& m_lexer;
+  TextPool& m_pool;
+  Diagnostics& m_diagnostics;
+  DataDivision& m_data;
+  Constants m_constants;
+  PictureRules m_pictureRules;
+  std::unordered_map<std::string, Picture const*> m_pictures;
+
+  Section m_section = Section::none;
+  bool m_isProgram = false;  // a division header was there
+  bool m_hasData = false;    // an entry was there
+  FileDescription* m_file = nullptr;
+  std::vector<DataItem*> m_open;   // the groups around the next item, outermost first
+  DataItem* m_lastItem = nullptr;  // what level 88 belongs to
+  Token m_lastToken;
+};
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,257 @@
+#include "compiler/picture.h"
+
+#include <array>
+
+#include "compiler/picture_symbols.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+/// How often each symbol stands in a picture.
+class Counts {
+ public:
+  explicit Counts(std::vector<PictureRun> const& runs) {
+    for (PictureRun const& run : runs) m_counts[index(run.symbol)] += run.count;
+  }
+
+  std::uint64_t of(char symbol) const { return m_counts[index(symbol)]; }
+  bool has(std::string_view symbols) const {
+    for (char each : symbols) {
+      if (of(each) != 0) return true;
+    }
+    return false;
+  }
+
+ private:
+  static std::size_t index(char symbol) { return static_cast<unsigned char>(symbol) & 0x7FU; }
+
+  std::array<std::uint64_t, 128> m_counts{};
+};
+
+/// The rules on the order of symbols in a numeric picture.
+class OrderCheck {
+ public:
+  OrderCheck(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture)
+      : m_runs(runs), m_counts(counts), m_picture(picture) {}
+
+  void check() {
+    for (m_at = 0; m_at < m_runs.size() && m_picture.isValid(); ++m_at) checkRun();
+    if (m_counts.has("+-") && m_counts.has("CD")) fail("a sign stands beside CR or DB");
+    if (m_counts.has("+") && m_counts.has("-")) fail("both '+' and '-' stand in the picture");
+    if (m_counts.has("Z") && m_counts.has("*")) fail("both 'Z' and '*' stand in the picture");
+    if (m_counts.of('V') + m_counts.of('.') > 1) fail("the picture has two decimal points");
+    if (m_counts.has("P") && m_counts.has(".")) fail("'P' and a decimal point exclude each other");
+  }
+
+ private:
+  void fail(char const* text) {
+    if (m_picture.isValid()) m_picture.errors.emplace_back(text);
+  }
+
+  bool isLast() const { return m_at + 1 == m_runs.size(); }
+  bool isFirst() const { return m_at == 0; }
+
+  void checkRun() {
+    PictureRun const& run = m_runs[m_at];
+    switch (run.symbol) {
+      case 'S':
+        if (!isFirst() || run.count > 1) fail("'S' isn't the first symbol of the picture");
+        break;
+      case 'C':
+      case 'D':
+        if (!isLast() || run.count > 1) fail("CR or DB isn't at the end of the picture");
+        break;
+      case 'Z':
+      case '*':
+        if (m_hasNine) fail("a suppressed zero follows a '9'");
+        if (m_hasFloating) fail("a suppressed zero follows a floating sign");
+        m_hasSuppressed = true;
+        break;
+      case '9':
+        m_hasNine = true;
+        break;
+      case 'P':
+        checkScaling();
+        break;
+      case '$':
+      case '+':
+      case '-':
+        checkFloating(run);
+        break;
+      default:
+        break;
+    }
+  }
+
+  // Scaling positions are the outermost ones on their side.
+  void checkScaling() {
+    bool isLeft = true;
+    for (std::size_t i = 0; i < m_at; ++i) {
+      char symbol = m_runs[i].symbol;
+      if (symbol != 'S' && symbol != 'V' && symbol != '+' && symbol != '-' && symbol != '$') {
+        isLeft = false;
+      }
+    }
+    bool isRight = true;
+    for (std::size_t i = m_at + 1; i < m_runs.size(); ++i) {
+      char symbol = m_runs[i].symbol;
+      if (symbol != 'V' && symbol != '+' && symbol != '-' && symbol != 'C' && symbol != 'D') {
+        isRight = false;
+      }
+    }
+    if (!isLeft && !isRight) fail("'P' stands between other symbols of the picture");
+  }
+
+  // One sign is fixed, at an end; more of them float, ahead of the digits.
+  void checkFloating(PictureRun const& run) {
+    bool isFixed = m_counts.of(run.symbol) == 1;
+    bool isSign = run.symbol != '$';
+    if (isFixed) {
+      bool isInFront = !m_hasNine && !m_hasSuppressed && !m_hasFloating;
+      bool isBehind = isLast() || (m_at + 2 == m_runs.size() && isEndSign(m_runs[m_at + 1].symbol));
+      if (!isInFront && !isBehind) {
+        fail(isSign ? "a sign stands between other symbols of the picture"
+                    : "the currency sign stands between other symbols of the picture");
+      }
+      return;
+    }
+    if (m_hasNine || m_hasSuppressed) fail("a floating sign follows digits");
+    if (m_hasFloating && m_floating != run.symbol) fail("two signs float");
+    m_hasFloating = true;
+    m_floating = run.symbol;
+  }
+
+  static bool isEndSign(char symbol) {
+    return symbol == '+' || symbol == '-' || symbol == 'C' || symbol == 'D' || symbol == '$';
+  }
+
+  std::vector<PictureRun> const& m_runs;
+  Counts const& m_counts;
+  Picture& m_picture;
+  std::size_t m_at = 0;
+  bool m_hasNine = false;
+  bool m_hasSuppressed = false;
+  bool m_hasFloating = false;
+  char m_floating = 0;
+};
+
+void findSize(std::vector<PictureRun> const& runs, Picture& picture) {
+  for (PictureRun const& run : runs) {
+    bool isStored = run.symbol != 'S' && run.symbol != 'V' && run.symbol != 'P';
+    bool isPair = run.symbol == 'C' || run.symbol == 'D';
+    if (isStored) picture.size += run.count * (isPair ? 2U : 1U);
+  }
+}
+
+// Digits before and behind the decimal point; where it isn't written, it
+// stands right of the last digit or left of leading scaling positions.
+void findDigits(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture) {
+  std::uint64_t nines = counts.of('9') + counts.of('Z') + counts.of('*');
+  for (char symbol : {'+', '-', '$'}) {
+    if (counts.of(symbol) > 1) nines += counts.of(symbol) - 1;
+  }
+  bool isBehind = false;
+  bool hasDigits = false;
+  std::uint64_t behind = 0;
+  for (PictureRun const& run : runs) {
+    switch (run.symbol) {
+      case 'V':
+      case '.':
+        isBehind = true;
+        break;
+      case 'P':
+        if (!hasDigits) isBehind = true;
+        if (isBehind && !hasDigits) behind += run.count;
+        break;
+      case '9':
+      case 'Z':
+      case '*':
+        hasDigits = true;
+        if (isBehind) behind += run.count;
+        break;
+      case '+':
+      case '-':
+      case '$':
+        if (isBehind && counts.of(run.symbol) > 1) behind += run.count;
+        break;
+      default:
+        break;
+    }
+  }
+  if (nines + counts.of('P') > kMostDigits) {
+    picture.errors.push_back("a number has more than " + std::to_string(kMostDigits) + " digits");
+    return;
+  }
+  picture.nines = static_cast<std::uint32_t>(nines);
+  picture.digits = static_cast<std::uint32_t>(nines + counts.of('P'));
+  picture.scale = static_cast<std::uint32_t>(behind);
+}
+
+// An exponent: sign, digits, E, sign, digits.
+bool isFloatingPoint(std::vector<PictureRun> const& runs) {
+  std::string shape;
+  for (PictureRun const& run : runs) {
+    char symbol = run.symbol == '-' ? '+' : run.symbol;
+    shape += symbol == 'V' ? '.' : symbol;
+  }
+  return shape == "+9.9E+9" || shape == "+.9E+9" || shape == "+9.E+9" || shape == "+9E+9";
+}
+
+void checkCharacters(Counts const& counts, Picture& picture) {
+  if (counts.has("SVPZ*+-$.CDE,")) {
+    picture.errors.emplace_back("symbols of numbers and of texts stand in one picture");
+  }
+}
+
+bool hasPositions(Counts const& counts) {
+  return counts.has("AXNGZ*9") || counts.of('+') > 1 || counts.of('-') > 1 || counts.of('$') > 1;
+}
+
+Category findCategory(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture) {
+  if (counts.has("NG")) {
+    checkCharacters(counts, picture);
+    if (counts.has("AX9")) {
+      picture.errors.emplace_back("national and other characters stand in one picture");
+    }
+    return counts.has("B0/") ? Category::nationalEdited : Category::national;
+  }
+  if (counts.has("AX")) {
+    checkCharacters(counts, picture);
+    if (counts.has("X9")) {
+      return counts.has("B0/") ? Category::alphanumericEdited : Category::alphanumeric;
+    }
+    return counts.has("0/") ? Category::alphanumericEdited : Category::alphabetic;
+  }
+  if (counts.has("E")) {
+    if (!isFloatingPoint(runs)) picture.errors.emplace_back("this is no floating-point picture");
+    return Category::numericEdited;
+  }
+  OrderCheck(runs, counts, picture).check();
+  findDigits(runs, counts, picture);
+  return counts.has("B0/,.+-$Z*CD") ? Category::numericEdited : Category::numeric;
+}
+
+}  // namespace
+
+Picture analysePicture(std::string_view text, PictureRules rules, ConstantLookup const& constant) {
+  PictureRuns read = readPictureRuns(text, rules, constant);
+  Picture picture;
+  picture.text = std::move(read.text);
+  picture.errors = std::move(read.errors);
+  if (!picture.isValid()) return picture;
+  Counts counts(read.runs);
+  if (!hasPositions(counts)) {
+    picture.errors.emplace_back("the picture describes no character");
+    return picture;
+  }
+  findSize(read.runs, picture);
+  picture.isSigned = counts.has("S");
+  picture.isScaled = counts.has("P");
+  picture.category = findCategory(read.runs, counts, picture);
+  if (picture.isSigned && picture.category == Category::numericEdited) {
+    picture.warnings.emplace_back("'S' has no meaning in an edited picture");
+  }
+  return picture;
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,214 @@
+#include "compiler/source_reader.h"
+
+#include "compiler/letters.h"
+#include "compiler/source_directives.h"
+#include "compiler/source_line.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::size_t kIndicator = 6;  // columns from 0
+constexpr std::size_t kTextBegin = 7;
+constexpr std::size_t kTextEnd = 72;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool isQuote(char c) {
+  return c == '"' || c == '\'';
+}
+
+class Reader {
+ public:
+  Reader(ReadingRules rules, std::uint32_t number, Diagnostics& diagnostics)
+      : m_rules(rules), m_number(number), m_diagnostics(diagnostics) {}
+
+  ReadText read(std::string_view content) {
+    m_out.text.reserve(content.size() + 1);
+    std::size_t at = content.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
+    while (at < content.size()) {
+      std::size_t end = content.find('\n', at);
+      if (end == std::string_view::npos) end = content.size();
+      std::string_view line = content.substr(at, end - at);
+      if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+      m_line.set(line, at, m_rules.tabs);
+      readLine();
+      at = end + 1;
+    }
+    startPiece(static_cast<std::uint32_t>(content.size()));
+    m_out.text += '\n';
+    m_out.endFormat = m_rules.format;
+    return std::move(m_out);
+  }
+
+ private:
+  void readLine() {
+    std::string_view text = m_line.text();
+    std::size_t begin = text.find_first_not_of(' ');
+    if (begin == std::string_view::npos) return;
+    if (text.substr(begin).starts_with("*>")) return;
+    if ((text[begin] == '>' || text[begin] == '$') && readDirective()) return;
+    if (m_rules.format == Format::free) {
+      readFreeLine(begin);
+    } else {
+      readColumns();
+    }
+  }
+
+  bool readDirective() {
+    std::optional<SourceDirective> directive = readSourceDirective(m_line.text());
+    if (!directive) return false;
+    if (directive->format) m_rules.format = *directive->format;
+    if (!directive->isKnown) {
+      report(Code::sourceDirective, m_line.text().find_first_not_of(' '),
+             "this directive is passed over");
+    }
+    return true;
+  }
+
+  void readFreeLine(std::size_t begin) {
+    if (m_line.text().front() == '*' || m_line.text().front() == '/') return;
+    if (m_isContinued && isQuote(m_line.at(begin))) {
+      addCode(begin + 1, m_line.size(), m_line.at(begin), false);
+    } else {
+      addCode(0, m_line.size(), 0, true);
+    }
+    m_isContinued = false;
+    cutContinuationMark();
+  }
+
+  // In free format a hyphen behind the closing quote continues the literal.
+  void cutContinuationMark() {
+    std::string& text = m_out.text;
+    if (m_openQuote != 0 || text.size() < 2 || text.back() != '-') return;
+    if (!isQuote(text[text.size() - 2]) || m_lastQuote != text.size() - 2) return;
+    text.resize(text.size() - 2);
+    m_isContinued = true;
+  }
+
+  void readColumns() {
+    char indicator = m_line.at(kIndicator);
+    std::size_t end = m_line.size();
+    if (m_rules.format == Format::fixed && end > kTextEnd) end = kTextEnd;
+    if (indicator == ' ') {
+      addCode(kTextBegin, end, 0, true);
+    } else if (indicator == '-') {
+      continueCode(end);
+    } else if (indicator != '*' && indicator != '/' && indicator != '$' && !isLetter(indicator)) {
+      // Letters mark lines for debugging and for other compilers.
+      report(Code::indicator, kIndicator,
+             "column 7 holds " + quoted(std::string_view(&indicator, 1)) +
+                 ", which marks no kind of line");
+    }
+  }
+
+  void continueCode(std::size_t end) {
+    std::size_t begin = m_line.text().substr(0, end).find_first_not_of(' ', kTextBegin);
+    if (begin == std::string_view::npos) return;
+    bool isAtQuote = isQuote(m_line.at(begin));
+    if (m_openQuote != 0 && isAtQuote) {
+      padLiteral();
+      addCode(begin + 1, end, m_openQuote, false);
+    } else if (m_closedAtEdge != 0 && m_line.at(begin) == m_closedAtEdge) {
+      // The quote in column 72 is the first of a doubled one, or the last of a
+      // literal that goes on.
+      addCode(begin + 1, end, continuesPastQuote(begin) ? m_closedAtEdge : '\0', false);
+    } else {
+      trimEnd();
+      addCode(begin, end, 0, false);
+    }
+  }
+
+  bool continuesPastQuote(std::size_t begin) {
+    if (m_line.at(begin + 1) == m_closedAtEdge) return false;  // scanned as a quote
+    m_out.text.pop_back();
+    return true;
+  }
+
+  // An open literal reaches to the edge of its line.
+  void padLiteral() {
+    if (m_rules.format == Format::fixed && m_lastEnd < kTextEnd) {
+      m_out.text.append(kTextEnd - m_lastEnd, ' ');
+    }
+  }
+
+  void trimEnd() {
+    std::size_t last = m_out.text.find_last_not_of(' ');
+    m_out.text.resize(last == std::string::npos ? 0 : last + 1);
+  }
+
+  // Appends the columns up to `end`, a comment at their end left out. `quote`
+  // is the literal that is open at `begin`.
+  void addCode(std::size_t begin, std::size_t end, char quote, bool isNewLine) {
+    if (begin >= end) return;
+    std::size_t lastQuote = std::string::npos;
+    std::size_t at = begin;
+    for (; at < end; ++at) {
+      char c = m_line.text()[at];
+      if (quote != 0) {
+        if (c == quote) {
+          quote = 0;
+          lastQuote = at;
+        }
+      } else if (isQuote(c)) {
+        quote = c;
+      } else if (c == '*' && at + 1 < end && m_line.text()[at + 1] == '>') {
+        break;
+      }
+    }
+    if (isNewLine) {
+      startPiece(m_line.offsetOf(0));
+      m_out.text += '\n';
+    }
+    std::size_t textEnd = at;
+    if (quote == 0) {
+      while (textEnd > begin && m_line.text()[textEnd - 1] == ' ') --textEnd;
+    }
+    std::size_t textBegin = m_out.text.size();
+    appendColumns(begin, textEnd);
+    m_openQuote = quote;
+    m_lastEnd = at;
+    m_lastQuote =
+        lastQuote == std::string::npos ? std::string::npos : textBegin + (lastQuote - begin);
+    m_closedAtEdge = lastQuote == kTextEnd - 1 ? m_line.text()[lastQuote] : '\0';
+  }
+
+  void appendColumns(std::size_t begin, std::size_t end) {
+    if (m_line.isPlain()) {
+      startPiece(m_line.offsetOf(begin));
+      m_out.text.append(m_line.text(), begin, end - begin);
+      return;
+    }
+    for (std::size_t at = begin; at < end; ++at) {
+      startPiece(m_line.offsetOf(at));
+      m_out.text += m_line.text()[at];
+    }
+  }
+
+  void startPiece(std::uint32_t offset) {
+    m_out.pieces.push_back({static_cast<std::uint32_t>(m_out.text.size()), offset});
+  }
+
+  void report(Code code, std::size_t column, std::string text) {
+    m_diagnostics.report(code, {m_number, m_line.offsetOf(column)}, std::move(text));
+  }
+
+  ReadingRules m_rules;
+  std::uint32_t m_number;
+  Diagnostics& m_diagnostics;
+  SourceLine m_line;
+  ReadText m_out;
+  // What the last line of code left behind.
+  char m_openQuote = 0;     // the literal that it didn't close
+  char m_closedAtEdge = 0;  // the literal that it closed in column 72
+  std::size_t m_lastEnd = 0;
+  std::size_t m_lastQuote = 0;  // its last closing quote, in the text
+  bool m_isContinued = false;   // a free line ended in a continuation mark
+};
+
+}  // namespace
+
+ReadText readSource(std::string_view content, ReadingRules rules, std::uint32_t number,
+                    Diagnostics& diagnostics) {
+  return Reader(rules, number, diagnostics).read(content);
+}
+
+}  // namespace fdmorph::compiler

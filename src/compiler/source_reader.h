@@ -1,0 +1,48 @@
+// The source reader, the first pass: from the lines of a file to one running
+// text without sequence numbers, comments and line structure.
+//
+// In the text a line feed stands between lines; lines that continue one
+// another are joined, tabs are blanks, comments and directives are gone. A
+// literal that is left open at the end of its line stays so: whether anybody
+// minds is known only where the text is used. Every character of the text can
+// be traced to its byte in the file.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "compiler/diagnostics.h"
+#include "compiler/places.h"
+
+namespace fdmorph::compiler {
+
+enum class Format {
+  fixed,     ///< columns 1-6 sequence, 7 indicator, 8-72 text, the rest ignored
+  variable,  ///< the same with text to the end of the line
+  free,      ///< text from column 1
+};
+
+struct ReadingRules {
+  Format format = Format::fixed;
+  unsigned tabs = 8;  ///< distance of tab stops
+};
+
+struct ReadText {
+  /// From `at` of the text on, characters stand at `offset` of the file on.
+  struct Piece {
+    std::uint32_t at;
+    std::uint32_t offset;
+  };
+
+  std::string text;
+  std::vector<Piece> pieces;         ///< ascending; the first is at 0
+  Format endFormat = Format::fixed;  ///< the format that directives left in force
+};
+
+/// Reads `content`. Reports refer to the text `number`.
+ReadText readSource(std::string_view content, ReadingRules rules, std::uint32_t number,
+                    Diagnostics& diagnostics);
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,261 @@
+#include "compiler/text_manipulation.h"
+
+#include <algorithm>
+
+#include "compiler/letters.h"
+#include "compiler/replacing_phrase.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+// The name of a member or library without its quotes.
+std::string_view nameOf(TextWord const& word) {
+  std::string_view name = word.text;
+  if (word.kind != TextWord::Kind::literal) return name;
+  name.remove_prefix(1);
+  if (!word.isOpen) name.remove_suffix(1);
+  return name;
+}
+
+bool isName(TextWord const& word) {
+  return word.kind == TextWord::Kind::word ||
+         (word.kind == TextWord::Kind::literal && (word.text[0] == '"' || word.text[0] == '\''));
+}
+
+// The languages whose statements are embedded between EXEC and END-EXEC.
+bool isEmbedded(TextWord const& word) {
+  for (std::string_view each : {"SQL", "CICS", "DLI", "SQLIMS", "ADO", "ORACLE", "HTML", "JAVA"}) {
+    if (word.isWord(each)) return true;
+  }
+  return false;
+}
+
+// Members that come with the database and not with the source.
+bool isDatabaseMember(std::string_view name) {
+  return equalsBlindly(name, "SQLCA") || equalsBlindly(name, "SQLDA");
+}
+
+ReadText const& readFile(TextContext& context, SourceFile const* file, std::uint32_t number) {
+  return context.pool.keep(readSource(file->content, context.rules, number, context.diagnostics));
+}
+
+}  // namespace
+
+FileText::FileText(TextContext& context, SourceFile const* file, Place copiedFrom)
+    : m_context(context),
+      m_number(context.sources.open(file, copiedFrom)),
+      m_text(readFile(context, file, m_number)),
+      m_scanner(m_text, m_number) {
+  m_context.open.push_back(file);
+}
+
+FileText::~FileText() {
+  // An abandoned text still holds its member.
+  m_replacer.reset();
+  m_member.reset();
+  m_context.open.pop_back();
+}
+
+TextWord FileText::next() {
+  for (;;) {
+    if (m_member) {
+      TextWord word = m_replacer ? m_replacer->next() : m_member->next();
+      if (!word.isEnd()) return word;
+      m_replacer.reset();
+      m_member.reset();
+      m_isApart = true;
+    }
+    TextWord word = scan();
+    if (m_isApart) word.isApart = true;
+    m_isApart = false;
+    if (word.kind == TextWord::Kind::word && handleStatement(word)) {
+      m_isApart = true;
+      continue;
+    }
+    m_isStart = false;
+    return word;
+  }
+}
+
+TextWord FileText::scan() {
+  if (m_unscanned.empty()) return m_scanner.next();
+  TextWord word = m_unscanned.back();
+  m_unscanned.pop_back();
+  return word;
+}
+
+void FileText::unscan(TextWord const& word) {
+  m_unscanned.push_back(word);
+}
+
+bool FileText::handleStatement(TextWord const& word) {
+  switch (toUpper(word.text.front())) {
+    case 'C':
+      if (!word.isWord("COPY")) break;
+      copyStatement(word);
+      return true;
+    case 'E':
+      if (word.isWord("EXEC") || word.isWord("EXECUTE")) return execBlock(word);
+      break;
+    default:
+      break;
+  }
+  return word.isFirstOnLine && listingStatement(word);
+}
+
+// EJECT, SKIP1 to SKIP3, TITLE, and lines of compiler options ahead of the
+// program. A period after them is theirs.
+bool FileText::listingStatement(TextWord const& word) {
+  if (m_isStart && (word.isWord("CBL") || word.isWord("PROCESS"))) {
+    m_scanner.skipLine();
+    return true;
+  }
+  bool isTitle = word.isWord("TITLE");
+  bool isSpacing =
+      word.isWord("EJECT") || word.isWord("SKIP1") || word.isWord("SKIP2") || word.isWord("SKIP3");
+  if (!isTitle && !isSpacing) return false;
+  TextWord following = scan();
+  bool isStatement = isTitle ? following.kind == TextWord::Kind::literal
+                             : following.is('.') || following.isFirstOnLine || following.isEnd();
+  if (!isTitle || !isStatement) unscan(following);
+  if (isStatement) skipPeriod();
+  return isStatement;
+}
+
+void FileText::skipPeriod() {
+  TextWord word = scan();
+  if (!word.is('.')) unscan(word);
+}
+
+void FileText::copyStatement(TextWord const& word) {
+  TextWord member = scan();
+  if (!isName(member)) {
+    m_context.diagnostics.report(Code::copySyntax, word.place,
+                                 "COPY is not followed by the name of a member");
+    unscan(member);
+    return;
+  }
+  TextWord following = scan();
+  std::string_view library;
+  if (following.isWord("OF") || following.isWord("IN")) {
+    TextWord name = scan();
+    if (isName(name)) library = nameOf(name);
+    following = scan();
+  }
+  if (following.isWord("SUPPRESS")) following = scan();
+  if (following.isWord("PRINTING")) following = scan();
+  ReplacementList list;
+  if (following.isWord("REPLACING")) {
+    std::optional<TextWord> mistake = readReplacements(
+        scan(), [this] { return scan(); }, list);
+    if (mistake) {
+      m_context.diagnostics.report(Code::copySyntax, mistake->place,
+                                   "this doesn't fit into the REPLACING phrase");
+    }
+  } else if (!following.is('.')) {
+    m_context.diagnostics.report(Code::copySyntax, following.place,
+                                 "the period at the end of the COPY statement is missing");
+    unscan(following);
+  }
+  open(member, nameOf(member), library, std::move(list));
+}
+
+bool FileText::execBlock(TextWord const& word) {
+  TextWord language = scan();
+  if (!isEmbedded(language)) {
+    unscan(language);
+    return false;
+  }
+  TextWord statement = scan();
+  TextWord member;
+  bool isInclude = language.isWord("SQL") && statement.isWord("INCLUDE");
+  if (isInclude) member = statement = scan();
+  while (!statement.isWord("END-EXEC")) {
+    if (statement.isEnd()) {
+      m_context.diagnostics.report(Code::execEnd, word.place, "END-EXEC is missing");
+      return true;
+    }
+    statement = scan();
+  }
+  skipPeriod();
+  if (isInclude && isName(member)) includeMember(member);
+  return true;
+}
+
+void FileText::includeMember(TextWord const& word) {
+  std::string_view name = nameOf(word);
+  std::string const& path = m_context.sources.fileOf(m_number)->path;
+  if (isDatabaseMember(name) && m_context.search.find(name, "", path) == nullptr) {
+    m_context.diagnostics.report(Code::copyPassed, word.place,
+                                 "copy member " + quoted(name) + " is not here and passed over");
+    return;
+  }
+  open(word, name, "", {});
+}
+
+void FileText::open(TextWord const& at, std::string_view member, std::string_view library,
+                    ReplacementList list) {
+  std::string const& path = m_context.sources.fileOf(m_number)->path;
+  SourceFile const* file = m_context.search.find(member, library, path);
+  if (file == nullptr) {
+    m_context.diagnostics.report(Code::copyMissing, at.place,
+                                 "copy member " + quoted(member) + " is not found");
+    return;
+  }
+  if (!mayOpen(at.place, file)) return;
+  m_context.copiedBytes += file->content.size();
+  ReadingRules before = m_context.rules;
+  m_context.rules.format = m_text.endFormat;
+  m_member = std::make_unique<FileText>(m_context, file, at.place);
+  m_context.rules = before;
+  if (list.isEmpty()) return;
+  m_replacer = std::make_unique<Replacer>(*m_member, m_context.pool);
+  m_replacer->list() = std::move(list);
+}
+
+bool FileText::mayOpen(Place at, SourceFile const* file) {
+  std::vector<SourceFile const*> const& open = m_context.open;
+  if (std::find(open.begin(), open.end(), file) != open.end()) {
+    m_context.diagnostics.report(Code::copyCircle, at,
+                                 "copy member " + quoted(file->path) + " copies itself");
+    return false;
+  }
+  bool isTooMuch = open.size() >= TextContext::kDeepestCopy ||
+                   m_context.sources.textCount() >= TextContext::kMostCopies ||
+                   m_context.copiedBytes + file->content.size() > TextContext::kMostText;
+  if (isTooMuch) {
+    m_context.diagnostics.report(Code::copyLimit, at,
+                                 open.size() >= TextContext::kDeepestCopy
+                                     ? "COPY statements are nested too deeply"
+                                     : "too much text is copied");
+  }
+  return !isTooMuch;
+}
+
+TextWord ReplaceStatements::next() {
+  for (;;) {
+    TextWord word = m_replacer.next();
+    if (!word.isWord("REPLACE")) return word;
+    TextWord const& following = m_replacer.peekRaw();
+    bool isStatement = following.kind == TextWord::Kind::pseudo || following.isWord("OFF") ||
+                       following.isWord("ALSO") || following.isWord("LAST") ||
+                       following.isWord("LEADING") || following.isWord("TRAILING");
+    if (!isStatement) return word;
+    statement(m_replacer.nextRaw());
+  }
+}
+
+void ReplaceStatements::statement(TextWord const& word) {
+  ReplacementList& list = m_replacer.list();
+  TextWord first = word;
+  if (!first.isWord("ALSO")) list.clear();
+  if (first.isWord("ALSO") || first.isWord("LAST")) first = m_replacer.nextRaw();
+  if (first.isWord("OFF")) first = m_replacer.nextRaw();
+  std::optional<TextWord> mistake = readReplacements(
+      first, [this] { return m_replacer.nextRaw(); }, list);
+  if (!mistake) return;
+  m_diagnostics.report(Code::replaceSyntax, mistake->place,
+                       "this doesn't fit into the REPLACE statement");
+}
+
+}  // namespace fdmorph::compiler

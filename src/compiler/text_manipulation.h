@@ -1,0 +1,80 @@
+// Text manipulation, the second pass: COPY and REPLACE statements, EXEC
+// blocks and the statements that lay out a listing. What comes out holds none
+// of them.
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "compiler/copy_search.h"
+#include "compiler/diagnostics.h"
+#include "compiler/replacing.h"
+#include "compiler/source_reader.h"
+#include "compiler/text_source.h"
+
+namespace fdmorph::compiler {
+
+/// What all texts of a compilation share.
+struct TextContext {
+  static constexpr std::size_t kDeepestCopy = 64;
+  static constexpr std::size_t kMostCopies = 100000;
+  static constexpr std::size_t kMostText = std::size_t{1} << 30;  ///< bytes of all members
+
+  Sources& sources;
+  Diagnostics& diagnostics;
+  CopySearch& search;
+  TextPool& pool;
+  ReadingRules rules;
+  std::vector<SourceFile const*> open = {};  ///< being read, outermost first
+  std::size_t copiedBytes = 0;
+};
+
+/// The words of one file with those of its members in their places.
+class FileText : public TextSource {
+ public:
+  FileText(TextContext& context, SourceFile const* file, Place copiedFrom);
+  ~FileText() override;
+
+  TextWord next() override;
+
+ private:
+  TextWord scan();
+  void unscan(TextWord const& word);
+  bool handleStatement(TextWord const& word);
+  bool listingStatement(TextWord const& word);
+  void skipPeriod();
+  void copyStatement(TextWord const& word);
+  bool execBlock(TextWord const& word);
+  void includeMember(TextWord const& word);
+  void open(TextWord const& at, std::string_view member, std::string_view library,
+            ReplacementList list);
+  bool mayOpen(Place at, SourceFile const* file);
+
+  TextContext& m_context;
+  std::uint32_t m_number;
+  ReadText const& m_text;
+  WordScanner m_scanner;
+  std::vector<TextWord> m_unscanned;
+  bool m_isApart = false;  // what comes next follows a statement
+  bool m_isStart = true;   // no word has been handed out
+  std::unique_ptr<FileText> m_member;
+  std::unique_ptr<Replacer> m_replacer;  // over m_member
+};
+
+/// Applies REPLACE statements to a text.
+class ReplaceStatements : public TextSource {
+ public:
+  ReplaceStatements(TextSource& inner, TextContext& context)
+      : m_replacer(inner, context.pool), m_diagnostics(context.diagnostics) {}
+
+  TextWord next() override;
+
+ private:
+  void statement(TextWord const& word);
+
+  Replacer m_replacer;
+  Diagnostics& m_diagnostics;
+};
+
+}  // namespace fdmorph::compiler

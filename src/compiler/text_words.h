@@ -1,0 +1,58 @@
+// Text words: what the statements that manipulate text see of it. A text word
+// is a word, a literal, or a single other character; whether a blank stands
+// before it is kept, so that words which are put together from pieces can be
+// joined again.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "compiler/places.h"
+#include "compiler/source_reader.h"
+
+namespace fdmorph::compiler {
+
+struct TextWord {
+  enum class Kind : std::uint8_t {
+    end,
+    word,     ///< letters, digits, hyphens, underscores
+    literal,  ///< with its quotes and the letters before them
+    symbol,   ///< one character
+    pseudo,   ///< ==
+  };
+
+  std::string_view text;
+  Place place;
+  Kind kind = Kind::end;
+  bool isApart = true;        ///< a blank or a line end stands before it
+  bool isFirstOnLine = true;  ///< nothing but blanks before it
+  bool isOpen = false;        ///< a literal without its closing quote
+
+  bool is(char symbol) const { return kind == Kind::symbol && text.front() == symbol; }
+  bool isWord(std::string_view word) const;
+  bool isEnd() const { return kind == Kind::end; }
+};
+
+/// Cuts a text into its words. The text must outlive the words.
+class WordScanner {
+ public:
+  WordScanner(ReadText const& text, std::uint32_t number) : m_source(text), m_number(number) {}
+
+  TextWord next();
+
+  /// Moves on to the next line.
+  void skipLine();
+
+ private:
+  std::string_view text() const { return m_source.text; }
+  void scanLiteral(TextWord& word);
+  void scanWord(TextWord& word);
+  std::uint32_t offsetOf(std::size_t at);
+
+  ReadText const& m_source;
+  std::uint32_t m_number;
+  std::size_t m_at = 0;
+  std::size_t m_piece = 0;
+};
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,168 @@
+// The VALUE clause, literals, and the values of constants.
+#include "compiler/letters.h"
+#include "compiler/parser.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+Literal::Kind figurativeOf(Keyword keyword) {
+  switch (keyword) {
+    case Keyword::zero:
+      return Literal::Kind::zero;
+    case Keyword::space:
+      return Literal::Kind::space;
+    case Keyword::quote:
+      return Literal::Kind::quote;
+    case Keyword::lowValue:
+      return Literal::Kind::lowValue;
+    case Keyword::highValue:
+      return Literal::Kind::highValue;
+    case Keyword::null:
+      return Literal::Kind::null;
+    default:
+      return Literal::Kind::none;
+  }
+}
+
+bool isHexadecimal(std::string_view digits) {
+  for (char c : digits) {
+    if (!isDigit(c) && (toUpper(c) < 'A' || toUpper(c) > 'F')) return false;
+  }
+  return true;
+}
+
+}  // namespace
+
+void Parser::checkLiteral(Token const& token) {
+  if (token.isOpen) {
+    error(Code::literal, token.place, "the literal has no closing quote");
+    return;
+  }
+  std::size_t quote = token.text.find_first_of("\"'");
+  std::string_view inside = token.text.substr(quote + 1, token.text.size() - quote - 2);
+  std::string prefix = upperCase(token.text.substr(0, quote));
+  if (prefix == "X" || prefix == "NX" || prefix == "H" || prefix == "GX") {
+    std::size_t unit = prefix == "X" ? 2 : prefix == "H" ? 1 : 4;
+    if (!isHexadecimal(inside) || inside.size() % unit != 0) {
+      error(Code::literal, token.place, quoted(token.text) + " is no hexadecimal literal");
+    }
+  }
+}
+
+bool Parser::isLiteralNext() {
+  Token const& token = peek();
+  if (token.kind == Token::Kind::number || token.kind == Token::Kind::literal) return true;
+  if (token.kind != Token::Kind::word) return false;
+  return token.is(Keyword::all) || figurativeOf(token.keyword) != Literal::Kind::none ||
+         m_constants.find(token.text) != nullptr;
+}
+
+bool Parser::parseLiteral(Literal& literal) {
+  if (!isLiteralNext()) return false;
+  literal.isAll = skip(Keyword::all);
+  Token token = peek();
+  literal.place = token.place;
+  literal.text = token.text;
+  if (token.kind == Token::Kind::number) {
+    literal.kind = Literal::Kind::number;
+  } else if (token.kind == Token::Kind::literal) {
+    literal.kind = Literal::Kind::text;
+    checkLiteral(token);
+  } else if (Literal const* constant = m_constants.find(token.text)) {
+    bool isAll = literal.isAll;
+    literal = *constant;
+    literal.isAll = isAll;
+    literal.place = token.place;
+  } else {
+    literal.kind = figurativeOf(token.keyword);
+  }
+  if (literal.kind == Literal::Kind::none) return false;
+  take();
+  // "a" & "b"
+  while (peek().isSymbol('&') && literal.kind == Literal::Kind::text) {
+    take();
+    Token more = peek();
+    if (more.kind != Token::Kind::literal) return false;
+    take();
+    checkLiteral(more);
+    bool isPlain = !more.isOpen && more.text.front() == literal.text.back();
+    if (!isPlain) {
+      error(Code::literal, more.place, "literals of different kinds are joined");
+      continue;
+    }
+    std::string joined(literal.text.substr(0, literal.text.size() - 1));
+    joined += more.text.substr(1);
+    literal.text = m_pool.keep(std::move(joined));
+  }
+  return true;
+}
+
+void Parser::parseValue(Entry& entry) {
+  DataItem& item = *entry.item;
+  if (!skip(Keyword::is)) skip(Keyword::are);
+  item.hasValue = true;
+  parseValueRanges(item);
+  if (item.values.empty()) {
+    error(Code::value, peek().place, "VALUE is followed by " + describe(peek()) + ", no literal");
+  }
+}
+
+void Parser::parseValueRanges(DataItem& item) {
+  while (isLiteralNext() && !(isEntryStart() && !item.values.empty())) {
+    ValueRange range;
+    if (!parseLiteral(range.from)) break;
+    if (skip(Keyword::thru) && !parseLiteral(range.to)) {
+      error(Code::value, peek().place, "THRU is followed by no literal");
+      break;
+    }
+    item.values.push_back(range);
+    // Signs and commas aside, an item that is no condition has one value.
+    if (item.level != 88) break;
+  }
+}
+
+// A literal, or numbers and constants with + - * / between them, worked out
+// from left to right.
+Literal Parser::parseExpression() {
+  Literal literal;
+  if (!parseLiteral(literal)) return {};
+  if (literal.kind != Literal::Kind::number) return literal;
+  std::int64_t value = 0;
+  auto operandOf = [](Literal const& operand, std::int64_t& result) {
+    if (operand.kind == Literal::Kind::zero) result = 0;
+    if (operand.kind == Literal::Kind::zero) return true;
+    std::optional<std::uint64_t> number = integerOf(operand.text);
+    if (operand.kind != Literal::Kind::number || !number) return false;
+    result = static_cast<std::int64_t>(*number);
+    return true;
+  };
+  bool isSum = false;
+  for (;;) {
+    Token sign = peek();
+    bool isMinus = sign.kind == Token::Kind::word && sign.text == "-";
+    bool isOperator = isMinus || sign.isSymbol('+') || sign.isSymbol('*') || sign.isSymbol('/');
+    if (!isOperator) break;
+    if (!isSum && !operandOf(literal, value)) return {};
+    isSum = true;
+    take();
+    Literal right;
+    std::int64_t operand = 0;
+    if (!parseLiteral(right) || !operandOf(right, operand)) return {};
+    bool isOverflow = false;
+    if (isMinus) {
+      isOverflow = __builtin_sub_overflow(value, operand, &value);
+    } else if (sign.isSymbol('+')) {
+      isOverflow = __builtin_add_overflow(value, operand, &value);
+    } else if (sign.isSymbol('*')) {
+      isOverflow = __builtin_mul_overflow(value, operand, &value);
+    } else {
+      isOverflow = operand == 0;
+      if (!isOverflow) value /= operand;
+    }
+    if (isOverflow) return {};
+  }
+  if (isSum) literal.text = m_pool.keep(std::to_string(value));
+  return literal;
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,6 @@
+// The data-division compiler.
+#include "compiler/compilation.h"
+
+int main(int count, char** arguments) {
+  return fdmorph::compiler::runCompiler({arguments + (count > 0 ? 1 : 0), arguments + count});
+}

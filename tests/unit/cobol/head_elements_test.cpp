@@ -1,0 +1,180 @@
+// Which global elements become records.
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/generator_fixture.h"
+#include "text/console.h"
+
+namespace fdmorph {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+constexpr char kNoHead[] =
+    "Error : No schema head element found in schema definition. A non-referenced\n"
+    " global head element is required for conversion to COBOL record\n";
+constexpr char kManyHeads[] =
+    "Warning : More than one head element was found in the schema definition."
+    " Attempting to generate multiple file definitions\n";
+
+class HeadElements : public GeneratorTest {
+ protected:
+  std::vector<std::string> heads() {
+    std::vector<CDMXMLElement*> list;
+    only = generator->getSchemaHeadElement(list);
+    return namesOf(list);
+  }
+
+  CDMXMLElement* only = nullptr;
+};
+
+TEST_F(HeadElements, OneIsTheResult) {
+  use(schema({element("a"), component("complexType", "T")}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+  EXPECT_EQ(only, at("a"));
+  EXPECT_EQ(captured.err(), "");
+}
+
+TEST_F(HeadElements, TwoAreListedAndWarnedAbout) {
+  use(schema({element("b"), element("a")}));
+  EXPECT_THAT(heads(), ElementsAre("b", "a"));
+  EXPECT_EQ(only, nullptr);
+  EXPECT_EQ(captured.err(), kManyHeads);
+  EXPECT_EQ(console.m_nWarningCount, 1);
+}
+
+TEST_F(HeadElements, NoneIsAnError) {
+  use(schema({component("complexType", "T")}));
+  EXPECT_THAT(heads(), IsEmpty());
+  EXPECT_EQ(only, nullptr);
+  EXPECT_EQ(captured.err(), kNoHead);
+  EXPECT_EQ(console.m_nErrorCount, 1);
+}
+
+TEST_F(HeadElements, ReferencedElementIsNone) {
+  use(schema({element("a", {}, {sequenceType({reference("b")})}), element("b")}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+}
+
+TEST_F(HeadElements, ElementsThatReferToEachOtherAreNone) {
+  use(schema({element("a", {}, {sequenceType({reference("b")})}),
+              element("b", {}, {sequenceType({reference("a")})})}));
+  EXPECT_THAT(heads(), IsEmpty());
+  EXPECT_EQ(captured.err(), kNoHead);
+}
+
+TEST_F(HeadElements, ElementThatRefersToItselfIsNone) {
+  use(schema({element("a", {}, {sequenceType({reference("a")})}), element("b")}));
+  EXPECT_THAT(heads(), ElementsAre("b"));
+}
+
+TEST_F(HeadElements, ReferencesFromGlobalTypesCount) {
+  use(schema({element("a"), element("b"), sequenceType({reference("b")}, "T")}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+}
+
+TEST_F(HeadElements, OnlyElementsRefer) {
+  use(schema({element("a"), {"xs:group", {{"ref", "a"}}}, {"xs:attribute", {{"ref", "a"}}}}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+}
+
+TEST_F(HeadElements, LocalElementIsNeverOne) {
+  use(schema({component("complexType", "T", {element("local")}), element("a")}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+}
+
+TEST_F(HeadElements, ElementWithoutANameIsNone) {
+  use(schema({{"xs:element", {{"id", "x"}}}, element("a")}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+}
+
+TEST_F(HeadElements, MemberOfASubstitutionGroupIsNone) {
+  use(schema({element("m", {{"substitutionGroup", "a"}}), element("n", {{"substitutionGroup", ""}}),
+              element("a")}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+}
+
+TEST_F(HeadElements, AbstractElementIsSteppedOver) {
+  use(schema({element("b", {{"abstract", "true"}}), element("a")}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+}
+
+TEST_F(HeadElements, OnlyTheWordTrueMakesAbstract) {
+  use(schema({element("a", {{"abstract", "1"}}), element("b", {{"abstract", "false"}}),
+              element("c", {{"abstract", "True"}})}));
+  EXPECT_THAT(heads(), ElementsAre("a", "b", "c"));
+}
+
+// Prefix x is bound to the target namespace, y to another one.
+TEST_F(HeadElements, ReferenceCountsInTheNamespaceOfTheReferringElement) {
+  Tree tree = schemaOf("urn:t", {element("a", {}, {sequenceType({reference("x:b"), reference("y:c"),
+                                                                 reference("z:d")})}),
+                                 element("b"), element("c"), element("d")});
+  tree.attributes.emplace_back("xmlns:x", "urn:t");
+  tree.attributes.emplace_back("xmlns:y", "urn:other");
+  use(tree);
+  EXPECT_THAT(heads(), ElementsAre("a", "c", "d"));
+}
+
+TEST_F(HeadElements, ReferenceOfAnImportedSchemaToItsOwnCountsForALikeNamedElement) {
+  Tree other = schemaOf("urn:o", {element("z", {}, {sequenceType({reference("o:b")})})});
+  other.attributes.emplace_back("xmlns:o", "urn:o");
+  loader.add("o.xsd", other);
+  use(schemaOf("urn:t", {import("urn:o", "o.xsd"), element("a"), element("b")}));
+  EXPECT_THAT(heads(), ElementsAre("a"));
+}
+
+TEST_F(HeadElements, OfIncludedFilesAreAmongThem) {
+  loader.add("/s/a.xsd", schema({element("included")}));
+  use(schema({include("a.xsd"), element("m")}));
+  EXPECT_THAT(heads(), ElementsAre("m", "included"));
+}
+
+TEST_F(HeadElements, OfImportedFilesAreNotWhileTheMainSchemaHasACandidate) {
+  loader.add("a.xsd", schema({element("imported")}));
+  use(schema({import("urn:a", "a.xsd"), element("m")}));
+  EXPECT_THAT(heads(), ElementsAre("m"));
+}
+
+TEST_F(HeadElements, OfImportedFilesAreAFallback) {
+  loader.add("a.xsd", schema({element("one"), element("skipped", {{"abstract", "true"}})}));
+  loader.add("b.xsd", schema({element("two", {{"abstract", "1"}})}));
+  use(schema({import("urn:a", "a.xsd"), import("urn:b", "b.xsd"),
+              element("m", {{"abstract", "true"}})}));
+  EXPECT_THAT(heads(), ElementsAre("one", "two"));
+}
+
+// A candidate that is referenced later is a candidate all the same.
+TEST_F(HeadElements, ReferencedCandidateKeepsImportedFilesOut) {
+  loader.add("a.xsd", schema({element("imported")}));
+  use(schema({import("urn:a", "a.xsd"), element("m", {}, {sequenceType({reference("m")})})}));
+  EXPECT_THAT(heads(), IsEmpty());
+}
+
+TEST_F(HeadElements, ImportedFilesOfAbstractElementsAloneGiveNone) {
+  loader.add("a.xsd", schema({element("x", {{"abstract", "true"}})}));
+  use(schema({import("urn:a", "a.xsd")}));
+  EXPECT_THAT(heads(), IsEmpty());
+  EXPECT_EQ(captured.err(), kNoHead);
+}
+
+TEST_F(HeadElements, AreAppendedToTheList) {
+  use(schema({element("a")}));
+  std::vector<CDMXMLElement*> list{document->rootElement};
+  EXPECT_EQ(generator->getSchemaHeadElement(list), at("a"));
+  EXPECT_EQ(list.size(), 2U);
+}
+
+TEST_F(HeadElements, WithoutADocumentOrARootThereIsNone) {
+  std::vector<CDMXMLElement*> list;
+  EXPECT_EQ(CDMCOBOLGenerator().getSchemaHeadElement(list), nullptr);
+  CDMXMLSchemaDoc empty;
+  EXPECT_EQ(CDMCOBOLGenerator(&empty).getSchemaHeadElement(list), nullptr);
+  EXPECT_THAT(list, IsEmpty());
+  EXPECT_EQ(captured.err(), "");
+}
+
+}  // namespace
+}  // namespace fdmorph

@@ -1,0 +1,80 @@
+// Which hops would go round for ever.
+
+#include "cobol/open_definitions.h"
+
+#include <gtest/gtest.h>
+
+namespace fdmorph {
+namespace {
+
+using Scope = OpenDefinitions::Scope;
+using Hop = Scope::Hop;
+
+class OpenDefinitionsTest : public testing::Test {
+ protected:
+  OpenDefinitions open;
+  CDMXMLElement type;
+  CDMXMLElement other;
+};
+
+TEST_F(OpenDefinitionsTest, ClosedDefinitionCanBeEntered) {
+  EXPECT_FALSE(open.wouldGoRound(&type));
+}
+
+TEST_F(OpenDefinitionsTest, OpenDefinitionCannotBeEnteredAgain) {
+  Scope scope(open, &type, Hop::unguarded);
+  EXPECT_TRUE(open.wouldGoRound(&type));
+  EXPECT_FALSE(open.wouldGoRound(&other));
+}
+
+TEST_F(OpenDefinitionsTest, DefinitionOpenedByAGuardedHopCannotBeEnteredAgainEither) {
+  Scope scope(open, &type, Hop::guarded);
+  EXPECT_TRUE(open.wouldGoRound(&type));
+}
+
+TEST_F(OpenDefinitionsTest, UnguardedHopsInBetweenChangeNothing) {
+  Scope scope(open, &type, Hop::unguarded);
+  Scope inner(open, &other, Hop::unguarded);
+  EXPECT_TRUE(open.wouldGoRound(&type));
+}
+
+TEST_F(OpenDefinitionsTest, GuardedHopInBetweenMakesTheWayFree) {
+  Scope scope(open, &type, Hop::unguarded);
+  Scope inner(open, &other, Hop::guarded);
+  EXPECT_FALSE(open.wouldGoRound(&type));
+  EXPECT_TRUE(open.wouldGoRound(&other));
+}
+
+TEST_F(OpenDefinitionsTest, WayIsClosedAgainWhenTheGuardedHopIsOver) {
+  Scope scope(open, &type, Hop::unguarded);
+  { Scope inner(open, &other, Hop::guarded); }
+  EXPECT_TRUE(open.wouldGoRound(&type));
+}
+
+TEST_F(OpenDefinitionsTest, DefinitionIsClosedWhenItsScopeEnds) {
+  { Scope scope(open, &type, Hop::unguarded); }
+  { Scope scope(open, &type, Hop::guarded); }
+  EXPECT_FALSE(open.wouldGoRound(&type));
+}
+
+TEST_F(OpenDefinitionsTest, DefinitionOpenedAgainIsJudgedByItsLastOpening) {
+  Scope scope(open, &type, Hop::unguarded);
+  Scope between(open, &other, Hop::guarded);
+  {
+    Scope again(open, &type, Hop::unguarded);
+    EXPECT_TRUE(open.wouldGoRound(&type));
+  }
+  EXPECT_FALSE(open.wouldGoRound(&type));
+}
+
+TEST_F(OpenDefinitionsTest, GuardedHopIntoTheSameDefinitionCountsAsItsOpening) {
+  Scope scope(open, &type, Hop::unguarded);
+  {
+    Scope again(open, &type, Hop::guarded);
+    EXPECT_TRUE(open.wouldGoRound(&type));
+  }
+  EXPECT_TRUE(open.wouldGoRound(&type));
+}
+
+}  // namespace
+}  // namespace fdmorph

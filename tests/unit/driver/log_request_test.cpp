@@ -1,0 +1,83 @@
+// Which arguments open the log.
+
+#include <gtest/gtest.h>
+
+#include <iostream>
+
+#include "driver/command_line.h"
+#include "support/arguments.h"
+#include "support/captured_console.h"
+#include "support/temporary_folder.h"
+#include "text/console.h"
+
+namespace fdmorph {
+namespace {
+
+class LogRequest : public ConsoleTest {
+ protected:
+  bool opensLog(std::initializer_list<std::string> list) {
+    CapturedConsole own;
+    Arguments arguments(list);
+    openRequestedLog(arguments.count(), arguments.values());
+    EXPECT_EQ(folder.has("fdmorph.log"), console.logMode);
+    bool const isOpen = console.logMode;
+    RestoreStreams();
+    std::filesystem::remove("fdmorph.log");
+    return isOpen;
+  }
+
+  WorkingFolder folder;
+};
+
+TEST_F(LogRequest, IsAnArgumentThatBeginsWithLog) {
+  EXPECT_TRUE(opensLog({"-LOG"}));
+  EXPECT_TRUE(opensLog({"a.xsd", "-log"}));
+  EXPECT_TRUE(opensLog({"-LOGFILE"}));
+  EXPECT_TRUE(opensLog({"-Logging", "a.xsd"}));
+}
+
+TEST_F(LogRequest, IsNothingElse) {
+  EXPECT_FALSE(opensLog({}));
+  EXPECT_FALSE(opensLog({"-lo", "log", "--log", "a.log", "-q"}));
+}
+
+TEST_F(LogRequest, BehindAFileOptionIsAFileName) {
+  for (std::string option : {"-C", "-c", "-X", "-x", "-M", "-m", "-D", "-d"}) {
+    EXPECT_FALSE(opensLog({option, "-log", "a.cbl"})) << option;
+  }
+}
+
+TEST_F(LogRequest, BehindOtherOptionsCounts) {
+  EXPECT_TRUE(opensLog({"-p", "-log", "a.cbl"}));
+  EXPECT_TRUE(opensLog({"-v", "-log"}));
+  EXPECT_TRUE(opensLog({"-noprompt", "-log"}));
+}
+
+TEST_F(LogRequest, BehindAFileOptionWithItsValueCounts) {
+  EXPECT_TRUE(opensLog({"-cout.cpy", "-log"}));
+  EXPECT_TRUE(opensLog({"-cx", "-log"}));
+}
+
+TEST_F(LogRequest, ShieldedOneDoesNotHideALaterOne) {
+  EXPECT_TRUE(opensLog({"-c", "-log", "-log"}));
+  EXPECT_TRUE(opensLog({"-c", "-log", "a.cbl", "-LOG"}));
+}
+
+TEST_F(LogRequest, BannerIsTheFirstOfTheLog) {
+  console.headerShown = false;
+  Arguments arguments{"-log"};
+  openRequestedLog(arguments.count(), arguments.values());
+  RestoreStreams();
+  EXPECT_EQ(folder.read("fdmorph.log").substr(0, 29), "Tallmere FDMORPH Version 1.0\n");
+  EXPECT_EQ(captured.out(), "");
+}
+
+TEST_F(LogRequest, WithoutOneThereIsNoBannerYet) {
+  console.headerShown = false;
+  Arguments arguments{"a.xsd"};
+  openRequestedLog(arguments.count(), arguments.values());
+  EXPECT_FALSE(console.headerShown);
+}
+
+}  // namespace
+}  // namespace fdmorph

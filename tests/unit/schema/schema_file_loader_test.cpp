@@ -1,0 +1,126 @@
+// Schemas from files are read once and reported each time.
+
+#include "schema/schema_file_loader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "schema/DMXMLSchemaDoc.h"
+#include "support/parser_fixture.h"
+#include "support/trees.h"
+#include "text/console.h"
+
+namespace fdmorph {
+namespace {
+
+using testing::ElementsAre;
+
+class FileLoader : public ConsoleTest {
+ protected:
+  std::string announced(std::string const& name) const {
+    return "\nValidating " + folder.path(name) + " for well-formedness.\n";
+  }
+
+  TemporaryFolder folder;
+  CDMXMLNodeStore store;
+  CDMDOMParser platform{store};  // keeps the XML library up
+  SchemaFileLoader loader{store};
+};
+
+TEST_F(FileLoader, GoodFileGivesItsTree) {
+  CDMXMLElement* tree = loader.load(folder.write("a.xsd", kGoodSchema));
+  ASSERT_NE(tree, nullptr);
+  EXPECT_EQ(tree->name, "");
+  EXPECT_EQ(tree->getFirstChildElem()->name, "xs:schema");
+  EXPECT_EQ(captured.out(), announced("a.xsd"));
+  EXPECT_EQ(captured.err(), "");
+}
+
+TEST_F(FileLoader, FileLoadedTwiceIsAnnouncedTwiceAndGivesTwoTrees) {
+  std::string const file = folder.write("a.xsd", kGoodSchema);
+  CDMXMLElement* first = loader.load(file);
+  CDMXMLElement* second = loader.load(file);
+  ASSERT_NE(first, nullptr);
+  ASSERT_NE(second, nullptr);
+  EXPECT_NE(first, second);
+  EXPECT_NE(named(first, "a"), nullptr);
+  EXPECT_NE(named(second, "a"), nullptr);
+  EXPECT_NE(named(first, "a"), named(second, "a"));
+  EXPECT_EQ(captured.out(), announced("a.xsd") + announced("a.xsd"));
+}
+
+TEST_F(FileLoader, FileAskedForAgainIsNotReadAgain) {
+  std::string const file = folder.write("a.xsd", kGoodSchema);
+  loader.load(file);
+  std::filesystem::remove(file);
+  EXPECT_NE(loader.load(file), nullptr);
+  EXPECT_EQ(captured.err(), "");
+}
+
+TEST_F(FileLoader, BadFileIsReportedAndCountedEachTime) {
+  std::string const file = folder.write("a.xsd", kBadSchema);
+  EXPECT_EQ(loader.load(file), nullptr);
+  std::string const once = captured.err();
+  EXPECT_EQ(countOf("\n", once), 1);
+  EXPECT_EQ(console.m_nErrorCount, 1);
+  EXPECT_EQ(loader.load(file), nullptr);
+  EXPECT_EQ(captured.err(), once + once);
+  EXPECT_EQ(console.m_nErrorCount, 2);
+  EXPECT_EQ(captured.out(), announced("a.xsd") + announced("a.xsd"));
+}
+
+TEST_F(FileLoader, MissingFileIsReportedEachTime) {
+  EXPECT_EQ(loader.load(folder.path("missing.xsd")), nullptr);
+  std::string const once = captured.err();
+  int const count = console.m_nErrorCount + console.m_nWarningCount;
+  EXPECT_GT(count, 0);
+  EXPECT_EQ(loader.load(folder.path("missing.xsd")), nullptr);
+  EXPECT_EQ(captured.err(), once + once);
+  EXPECT_EQ(console.m_nErrorCount + console.m_nWarningCount, 2 * count);
+}
+
+TEST_F(FileLoader, NothingIsUsableOnceSomethingWasCounted) {
+  std::string const bad = folder.write("bad.xsd", kBadSchema);
+  std::string const good = folder.write("good.xsd", kGoodSchema);
+  loader.load(bad);
+  EXPECT_EQ(loader.load(good), nullptr);
+  EXPECT_EQ(captured.out(), announced("bad.xsd") + announced("good.xsd"));
+}
+
+TEST_F(FileLoader, FileThatWasGoodIsNotUsableOnceSomethingWasCounted) {
+  std::string const good = folder.write("good.xsd", kGoodSchema);
+  EXPECT_NE(loader.load(good), nullptr);
+  out() << "Warning : x";
+  EXPECT_EQ(loader.load(good), nullptr);
+}
+
+TEST_F(FileLoader, FileThatIsPartOfNoCircleContributesEachTime) {
+  folder.write("a.xsd", kGoodSchema);
+  CDMXMLElement* main = buildDocument(
+      store, {"xs:schema",
+              {},
+              {{"xs:include", {{"schemaLocation", "a.xsd"}}},
+               {"xs:include", {{"schemaLocation", "a.xsd"}}}}});
+  CDMXMLSchemaDoc document(main, folder.path("main.xsd"), loader);
+  EXPECT_THAT(namesOf(document.elements), ElementsAre("a", "a"));
+  EXPECT_EQ(captured.out(), announced("a.xsd") + announced("a.xsd"));
+}
+
+TEST_F(FileLoader, CopyIsMadeOfTheFileNotOfItsUse) {
+  folder.write("a.xsd",
+               R"(<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema" targetNamespace="urn:a">
+  <xs:element name="a" type="xs:int"/>
+</xs:schema>
+)");
+  CDMXMLElement* main =
+      buildDocument(store, {"xs:schema", {}, {{"xs:include", {{"schemaLocation", "a.xsd"}}}}});
+  CDMXMLSchemaDoc document(main, folder.path("main.xsd"), loader);
+  ASSERT_NE(document.elements.findByName("a")->getAttribute("targetNamespace"), nullptr);
+  CDMXMLElement* again = loader.load(folder.path("a.xsd"));
+  EXPECT_EQ(named(again, "a")->getAttribute("targetNamespace"), nullptr);
+}
+
+}  // namespace
+}  // namespace fdmorph
