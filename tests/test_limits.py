@@ -119,6 +119,31 @@ def test_an_exit_status_above_255_is_given_as_255(tmp_path: Path) -> None:
     assert result.returncode == 255
 
 
+def test_a_closed_error_stream_leaves_no_message_in_an_output(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(TINY)
+    result = run(tmp_path, "a.xsd", preexec_fn=lambda: os.close(2))
+    assert result.returncode == 0
+    assert (tmp_path / "a.cpy").read_text() == RECORD
+
+
+def test_a_closed_output_stream_makes_the_status_1(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(TINY)
+    result = run(tmp_path, "a.xsd", preexec_fn=lambda: os.close(1))
+    assert result.returncode == 1
+    assert result.stderr.endswith("Error : Unable to write output file standard output\n")
+    assert (tmp_path / "a.cpy").read_text() == RECORD
+
+
+def test_a_reader_that_goes_away_does_not_end_the_conversion(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(TINY)
+    reading, writing = os.pipe()
+    os.close(reading)
+    with open(writing, "w", encoding="ascii") as pipe:
+        result = run(tmp_path, "a.xsd", stdout=pipe, stderr=subprocess.PIPE)
+    assert result.returncode == 1
+    assert (tmp_path / "a.cpy").read_text() == RECORD
+
+
 def test_a_closed_standard_input_counts_as_no(tmp_path: Path) -> None:
     (tmp_path / "a.xsd").write_text(TINY)
     (tmp_path / "a.cpy").write_text("mine\n")

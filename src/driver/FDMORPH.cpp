@@ -5,6 +5,7 @@
 #include "driver/command_line.h"
 #include "driver/runs.h"
 #include "driver/stack_guard.h"
+#include "driver/standard_streams.h"
 #include "driver/usage.h"
 #include "text/console.h"
 
@@ -35,6 +36,7 @@ int run(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
+  fdmorph::secureStandardStreams();
   fdmorph::guardStack();
   int status = fdmorph::run(argc, argv);
   return fdmorph::flushConsole() || status != 0 ? status : 1;

@@ -7,6 +7,7 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "driver/standard_streams.h"
 #include "text/console.h"
 
 namespace fdmorph {
@@ -59,6 +60,7 @@ CompileOutcome runCompiler(std::string const& compileFile, std::string const& di
   pid_t child = fork();
   if (child < 0) return CompileOutcome::notCreated;
   if (child == 0) {
+    restoreSignals();
     if (console.logMode) {
       runThroughPipe(compileFile, directives);
     } else {

@@ -13,15 +13,16 @@ namespace fdmorph {
 namespace {
 
 std::vector<std::string> const kCharacterTypes{
-    "string",     "boolean",   "duration", "dateTime",         "time",     "date",
-    "gYearMonth", "gYear",     "gMonthDay", "gDay",            "gMonth",   "hexBinary",
-    "base64Binary", "anyURI",  "QName",    "NOTATION",         "normalizedString", "token",
-    "language",   "NMTOKEN",   "Name",     "NCName",           "ID",       "IDREF",
-    "ENTITY",     "CDATA",
+    "string",   "boolean",          "duration",     "dateTime",  "time",
+    "date",     "gYearMonth",       "gYear",        "gMonthDay", "gDay",
+    "gMonth",   "hexBinary",        "base64Binary", "anyURI",    "QName",
+    "NOTATION", "normalizedString", "token",        "language",  "NMTOKEN",
+    "Name",     "NCName",           "ID",           "IDREF",     "ENTITY",
+    "CDATA",
 };
 std::vector<std::string> const kUnsignedTypes{
-    "nonNegativeInteger", "unsignedLong", "unsignedInt", "unsignedShort", "unsignedByte",
-    "positiveInteger",
+    "nonNegativeInteger", "unsignedLong", "unsignedInt",
+    "unsignedShort",      "unsignedByte", "positiveInteger",
 };
 std::vector<std::string> const kSignedTypes{
     "integer", "nonPositiveInteger", "negativeInteger", "long", "int", "short", "byte",

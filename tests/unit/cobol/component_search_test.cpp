@@ -30,16 +30,19 @@ class ComponentSearch : public GeneratorTest {
 };
 
 TEST_F(ComponentSearch, LooksIntoTheListThatIsNamed) {
-  use(mainSchema({component("complexType", "N"), component("simpleType", "N"), component("element", "N"),
-                  component("attribute", "N"), component("group", "N"),
+  use(mainSchema({component("complexType", "N"), component("simpleType", "N"),
+                  component("element", "N"), component("attribute", "N"), component("group", "N"),
                   component("attributeGroup", "N")}));
   struct {
     Search search;
     char const* kind;
   } const kSearches[] = {
-      {Search::complexTypes, "xs:complexType"}, {Search::simpleTypes, "xs:simpleType"},
-      {Search::elements, "xs:element"},         {Search::attributes, "xs:attribute"},
-      {Search::groups, "xs:group"},             {Search::attributeGroups, "xs:attributeGroup"},
+      {Search::complexTypes, "xs:complexType"},
+      {Search::simpleTypes, "xs:simpleType"},
+      {Search::elements, "xs:element"},
+      {Search::attributes, "xs:attribute"},
+      {Search::groups, "xs:group"},
+      {Search::attributeGroups, "xs:attributeGroup"},
   };
   for (auto const& [search, kind] : kSearches) {
     ASSERT_NE(find("m:N", search), nullptr) << kind;
@@ -99,8 +102,8 @@ TEST_F(ComponentSearch, UndeclaredPrefixFindsNothing) {
 
 TEST_F(ComponentSearch, ImportedNamespaceIsSearchedInItsDocumentOnly) {
   loader.add("a.xsd", schemaOf("urn:a", {component("complexType", "T")}));
-  use(mainSchema({import("urn:a", "a.xsd"), component("complexType", "T"),
-                  component("complexType", "U")}));
+  use(mainSchema(
+      {import("urn:a", "a.xsd"), component("complexType", "T"), component("complexType", "U")}));
   EXPECT_EQ(find("a:T"), imported("urn:a")->complexTypes.findByName("T"));
   EXPECT_EQ(find("a:U"), nullptr);
   EXPECT_EQ(find("m:T"), document->complexTypes.findByName("T"));

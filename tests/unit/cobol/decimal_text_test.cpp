@@ -33,7 +33,9 @@ TEST(DecimalValue, TextWithoutANumberIsZero) {
   EXPECT_EQ(decimalValue("x12"), 0);
 }
 
-TEST(DecimalValue, EndsWithItsText) { EXPECT_EQ(decimalValue(std::string_view("1234", 2)), 12); }
+TEST(DecimalValue, EndsWithItsText) {
+  EXPECT_EQ(decimalValue(std::string_view("1234", 2)), 12);
+}
 
 TEST(DecimalValue, StaysInTheRangeOfAnInt) {
   EXPECT_EQ(decimalValue("2147483648"), INT_MAX);

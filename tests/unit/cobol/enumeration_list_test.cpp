@@ -74,8 +74,8 @@ TEST_F(Enumeration, RepeatedFirstValueRaisesNothing) {
 
 TEST_F(Enumeration, RepetitionsAddUp) {
   add({"A", "B", "B", "B", "C", "D"});
-  EXPECT_THAT(conditions(), ElementsAre("enumerator-0=A", "enumerator-1=B", "enumerator-4=C",
-                                        "enumerator-3=D"));
+  EXPECT_THAT(conditions(),
+              ElementsAre("enumerator-0=A", "enumerator-1=B", "enumerator-4=C", "enumerator-3=D"));
 }
 
 TEST_F(Enumeration, OtherChildrenCount) {
@@ -86,8 +86,8 @@ TEST_F(Enumeration, OtherChildrenCount) {
 
 TEST_F(Enumeration, ValuesAreComparedExactly) {
   add({"red", "RED", "red "});
-  EXPECT_THAT(conditions(), ElementsAre("enumerator-0=red", "enumerator-1=RED",
-                                        "enumerator-2=red "));
+  EXPECT_THAT(conditions(),
+              ElementsAre("enumerator-0=red", "enumerator-1=RED", "enumerator-2=red "));
 }
 
 TEST_F(Enumeration, OfADerivedTypeReplacesThatOfItsBase) {

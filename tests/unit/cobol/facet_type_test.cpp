@@ -36,7 +36,9 @@ TEST(FacetTypes, AnythingElseIsNoFacet) {
   }
 }
 
-TEST(FacetTypes, NullIsNoFacet) { EXPECT_EQ(getFacetType(nullptr), FacetType::other); }
+TEST(FacetTypes, NullIsNoFacet) {
+  EXPECT_EQ(getFacetType(nullptr), FacetType::other);
+}
 
 }  // namespace
 }  // namespace fdmorph

@@ -78,10 +78,10 @@ TEST(FixedFormatLine, LongEntryTakesFourLines) {
   EXPECT_EQ(first.size(), 68U);
   EXPECT_EQ(second.size(), 59U);
   EXPECT_EQ(third.size(), 68U);
-  EXPECT_EQ(layOut(blanks(11) + "05 " + name + " PIC X(80) identified by \"" + name +
-                   "\" namespace is " + uri + " count in " + name + "-count."),
-            first + "\n" + second + "\n" + third + "\n" + blanks(14) + "count in " + name +
-                "-count.\n");
+  EXPECT_EQ(
+      layOut(blanks(11) + "05 " + name + " PIC X(80) identified by \"" + name + "\" namespace is " +
+             uri + " count in " + name + "-count."),
+      first + "\n" + second + "\n" + third + "\n" + blanks(14) + "count in " + name + "-count.\n");
 }
 
 TEST(FixedFormatComment, AsteriskStandsInColumn7) {
@@ -103,9 +103,9 @@ TEST(FixedFormatComment, WrappedLinesKeepTheMargin) {
 }
 
 TEST(FixedFormatComment, LongTokenGoesOnWithoutAHyphen) {
-  EXPECT_EQ(layOut(blanks(7) + "* " + repeat(100, 'y')),
-            blanks(6) + "* \n      *   " + repeat(62, 'y') + "\n      *   " + repeat(38, 'y') +
-                "\n");
+  EXPECT_EQ(
+      layOut(blanks(7) + "* " + repeat(100, 'y')),
+      blanks(6) + "* \n      *   " + repeat(62, 'y') + "\n      *   " + repeat(38, 'y') + "\n");
 }
 
 TEST(FixedFormatComment, NeedsAnAsteriskOfItsOwn) {

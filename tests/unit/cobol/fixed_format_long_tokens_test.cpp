@@ -15,9 +15,9 @@ TEST(LongToken, FirstOneBeginsOnTheFirstLine) {
 }
 
 TEST(LongToken, LaterOneBeginsOnALineOfItsOwn) {
-  EXPECT_EQ(layOut(blanks(7) + "a " + repeat(72, 'y')),
-            blanks(7) + "a \n" + blanks(10) + repeat(62, 'y') + kContinued + repeat(10, 'y') +
-                "\n");
+  EXPECT_EQ(
+      layOut(blanks(7) + "a " + repeat(72, 'y')),
+      blanks(7) + "a \n" + blanks(10) + repeat(62, 'y') + kContinued + repeat(10, 'y') + "\n");
 }
 
 TEST(LongToken, Of62FillsALineOfItsOwn) {
@@ -39,15 +39,15 @@ TEST(LongToken, FillsEachLineToColumn72) {
 }
 
 TEST(LongToken, KeepsTheMarginBehindTheHyphen) {
-  EXPECT_EQ(layOut(blanks(9) + "a " + repeat(72, 'y')),
-            blanks(9) + "a \n" + blanks(12) + repeat(60, 'y') + kContinued + blanks(2) +
-                repeat(12, 'y') + "\n");
+  EXPECT_EQ(layOut(blanks(9) + "a " + repeat(72, 'y')), blanks(9) + "a \n" + blanks(12) +
+                                                            repeat(60, 'y') + kContinued +
+                                                            blanks(2) + repeat(12, 'y') + "\n");
 }
 
 TEST(LongToken, TextGoesOnBehindItsEnd) {
-  EXPECT_EQ(layOut(blanks(7) + "a " + repeat(72, 'y') + " b c"),
-            blanks(7) + "a \n" + blanks(10) + repeat(62, 'y') + kContinued + repeat(10, 'y') +
-                " b c\n");
+  EXPECT_EQ(
+      layOut(blanks(7) + "a " + repeat(72, 'y') + " b c"),
+      blanks(7) + "a \n" + blanks(10) + repeat(62, 'y') + kContinued + repeat(10, 'y') + " b c\n");
 }
 
 TEST(LongToken, ThatEndsAtColumn72LeavesTheBlankToTheNextLine) {
@@ -76,8 +76,8 @@ TEST(LongLiteral, ReopensBehindTheMargin) {
 
 TEST(LongLiteral, ReopensInACommentAsWell) {
   EXPECT_EQ(layOut(blanks(7) + "* \"" + repeat(100, 'y') + "\""),
-            blanks(6) + "* \n      *   \"" + repeat(61, 'y') + "\n      *   \"" +
-                repeat(39, 'y') + "\"\n");
+            blanks(6) + "* \n      *   \"" + repeat(61, 'y') + "\n      *   \"" + repeat(39, 'y') +
+                "\"\n");
 }
 
 TEST(LongLiteral, IsATokenThatBeginsWithAQuote) {
@@ -87,9 +87,9 @@ TEST(LongLiteral, IsATokenThatBeginsWithAQuote) {
 }
 
 TEST(LongLiteral, BreakAtABlankIsAnOrdinaryMove) {
-  EXPECT_EQ(layOut(blanks(7) + "value is \"" + repeat(40, 'y') + " " + repeat(30, 'z') + "\"."),
-            blanks(7) + "value is \"" + repeat(40, 'y') + " \n" + blanks(10) + repeat(30, 'z') +
-                "\".\n");
+  EXPECT_EQ(
+      layOut(blanks(7) + "value is \"" + repeat(40, 'y') + " " + repeat(30, 'z') + "\"."),
+      blanks(7) + "value is \"" + repeat(40, 'y') + " \n" + blanks(10) + repeat(30, 'z') + "\".\n");
 }
 
 // 254 blanks are a token that is too long for a line: 62 on a line of its own,
@@ -102,8 +102,7 @@ TEST(ManyBlanks, AreOneTokenUpTo254) {
 }
 
 TEST(ManyBlanks, BeyondThatAreFurtherTokens) {
-  EXPECT_EQ(layOut(blanks(7) + "a" + blanks(255) + "b"),
-            blanks(7) + "a" + kTokenOfBlanks + " b\n");
+  EXPECT_EQ(layOut(blanks(7) + "a" + blanks(255) + "b"), blanks(7) + "a" + kTokenOfBlanks + " b\n");
 }
 
 TEST(ManyBlanks, SecondTokenOfThemMovesDownByItself) {

@@ -35,9 +35,9 @@ TEST(WideMargin, Of61LeavesOneColumnOnAWrappedLine) {
 }
 
 TEST(WideMargin, Of61IsTakenAs60WhereAQuoteIsReopened) {
-  EXPECT_EQ(lay(61, {"01", " ", "\"ab\""}),
-            blanks(68) + "01 \n" + blanks(71) + "\"" + kContinued + blanks(60) + "\"a" +
-                kContinued + blanks(60) + "\"b" + kContinued + blanks(60) + "\"\"");
+  EXPECT_EQ(lay(61, {"01", " ", "\"ab\""}), blanks(68) + "01 \n" + blanks(71) + "\"" + kContinued +
+                                                blanks(60) + "\"a" + kContinued + blanks(60) +
+                                                "\"b" + kContinued + blanks(60) + "\"\"");
 }
 
 TEST(WideMargin, Of61IsItselfAgainBehindTheLiteral) {
@@ -61,9 +61,9 @@ TEST(WideMargin, ComesFromTheIndentationOfTheLine) {
 }
 
 TEST(WideMargin, OfACommentLeavesAsMuch) {
-  EXPECT_EQ(lay(61, {"*", " ", "abcd"}, true),
-            blanks(67) + "* \n      *   " + blanks(61) + "a\n      *   " + blanks(61) +
-                "b\n      *   " + blanks(61) + "c\n      *   " + blanks(61) + "d");
+  EXPECT_EQ(lay(61, {"*", " ", "abcd"}, true), blanks(67) + "* \n      *   " + blanks(61) +
+                                                   "a\n      *   " + blanks(61) + "b\n      *   " +
+                                                   blanks(61) + "c\n      *   " + blanks(61) + "d");
 }
 
 TEST(AnyMargin, LeavesNoLineLongerThanColumn72) {

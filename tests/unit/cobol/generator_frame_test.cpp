@@ -105,8 +105,8 @@ TEST_F(GenerateFile, EachHeadElementGivesARecord) {
 }
 
 TEST_F(GenerateFile, NamesAreUniqueWithinEachRecordOnly) {
-  Tree const type = sequenceType({element("x", {{"type", "xs:int"}}),
-                                  element("x", {{"type", "xs:int"}})});
+  Tree const type =
+      sequenceType({element("x", {{"type", "xs:int"}}), element("x", {{"type", "xs:int"}})});
   use(schema({element("a", {}, {type}), element("b", {}, {type})}));
   std::string const text = generate("", false, true);
   EXPECT_EQ(countOf("02 x PIC S9(18) identified by \"x\".\n", text), 2);

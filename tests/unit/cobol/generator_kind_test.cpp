@@ -13,11 +13,12 @@ namespace {
 
 // In the order of the numbers. There is no enumeration among them.
 constexpr std::array kNames{
-    "schema",         "element",        "attribute", "attributeGroup", "simpleType", "group",
-    "complexType",    "simpleContent",  "complexContent", "extension", "restriction", "sequence",
-    "choice",         "union",          "list",      "all",            "any",        "unique",
-    "anyAttribute",   "appInfo",        "key",       "keyRef",         "selector",   "field",
-    "import",         "include",        "redefine",
+    "schema",      "element",     "attribute",     "attributeGroup", "simpleType",
+    "group",       "complexType", "simpleContent", "complexContent", "extension",
+    "restriction", "sequence",    "choice",        "union",          "list",
+    "all",         "any",         "unique",        "anyAttribute",   "appInfo",
+    "key",         "keyRef",      "selector",      "field",          "import",
+    "include",     "redefine",
 };
 
 int kindOf(std::string const& name) {
@@ -32,7 +33,9 @@ TEST(GeneratorKind, EachNameHasItsNumber) {
   }
 }
 
-TEST(GeneratorKind, EnumerationIsNoKind) { EXPECT_EQ(kindOf("xs:enumeration"), 27); }
+TEST(GeneratorKind, EnumerationIsNoKind) {
+  EXPECT_EQ(kindOf("xs:enumeration"), 27);
+}
 
 TEST(GeneratorKind, AnnotationsAreNoKind) {
   EXPECT_EQ(kindOf("xs:annotation"), 27);
@@ -44,7 +47,9 @@ TEST(GeneratorKind, UsualLowerCaseFormsAreUnknown) {
   EXPECT_EQ(kindOf("xs:keyref"), 27);
 }
 
-TEST(GeneratorKind, SecondColonBelongsToTheLocalPart) { EXPECT_EQ(kindOf("a:b:sequence"), 27); }
+TEST(GeneratorKind, SecondColonBelongsToTheLocalPart) {
+  EXPECT_EQ(kindOf("a:b:sequence"), 27);
+}
 
 TEST(GeneratorKind, ComparisonIsExact) {
   EXPECT_EQ(kindOf("Sequence"), 27);

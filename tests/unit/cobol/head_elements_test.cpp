@@ -109,9 +109,10 @@ TEST_F(HeadElements, OnlyTheWordTrueMakesAbstract) {
 
 // Prefix x is bound to the target namespace, y to another one.
 TEST_F(HeadElements, ReferenceCountsInTheNamespaceOfTheReferringElement) {
-  Tree tree = schemaOf("urn:t", {element("a", {}, {sequenceType({reference("x:b"), reference("y:c"),
-                                                                 reference("z:d")})}),
-                                 element("b"), element("c"), element("d")});
+  Tree tree = schemaOf(
+      "urn:t",
+      {element("a", {}, {sequenceType({reference("x:b"), reference("y:c"), reference("z:d")})}),
+       element("b"), element("c"), element("d")});
   tree.attributes.emplace_back("xmlns:x", "urn:t");
   tree.attributes.emplace_back("xmlns:y", "urn:other");
   use(tree);
@@ -141,8 +142,8 @@ TEST_F(HeadElements, OfImportedFilesAreNotWhileTheMainSchemaHasACandidate) {
 TEST_F(HeadElements, OfImportedFilesAreAFallback) {
   loader.add("a.xsd", schema({element("one"), element("skipped", {{"abstract", "true"}})}));
   loader.add("b.xsd", schema({element("two", {{"abstract", "1"}})}));
-  use(schema({import("urn:a", "a.xsd"), import("urn:b", "b.xsd"),
-              element("m", {{"abstract", "true"}})}));
+  use(schema(
+      {import("urn:a", "a.xsd"), import("urn:b", "b.xsd"), element("m", {{"abstract", "true"}})}));
   EXPECT_THAT(heads(), ElementsAre("one", "two"));
 }
 

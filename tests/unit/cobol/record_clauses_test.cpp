@@ -208,9 +208,9 @@ TEST_F(Clauses, PrefixStandsBeforeNameAndCountFieldOnly) {
   item->countInName = "a-count";
   RecordOutput::Options options;
   options.prefix = "W-";
-  EXPECT_EQ(write(item, options), blanks(7) +
-                                      "01 W-a redefines b PIC X(80) identified by \"a\" count in \n" +
-                                      blanks(10) + "W-a-count.\n");
+  EXPECT_EQ(write(item, options),
+            blanks(7) + "01 W-a redefines b PIC X(80) identified by \"a\" count in \n" +
+                blanks(10) + "W-a-count.\n");
 }
 
 TEST_F(Clauses, AllOfThemStandInOneOrder) {
@@ -225,10 +225,10 @@ TEST_F(Clauses, AllOfThemStandInOneOrder) {
   item->xmlNamespace = "urn:a";
   item->isAttribute = true;
   item->countInName = "a-count";
-  EXPECT_EQ(write(item), layOut(blanks(7) +
-                                "01 a redefines b PIC S9(9)V9(9) USAGE COMP-1 occurs 3 times"
-                                " identified by \"a\" namespace is \"urn:a\" is attribute"
-                                " count in a-count."));
+  EXPECT_EQ(write(item),
+            layOut(blanks(7) + "01 a redefines b PIC S9(9)V9(9) USAGE COMP-1 occurs 3 times"
+                               " identified by \"a\" namespace is \"urn:a\" is attribute"
+                               " count in a-count."));
 }
 
 TEST_F(Clauses, EntryThatIsTooLongMovesItsLastTokenDown) {
@@ -236,9 +236,9 @@ TEST_F(Clauses, EntryThatIsTooLongMovesItsLastTokenDown) {
   item->countInName = "order-record-count";
   setPicture({}, {});
   makeField(item, "id");
-  EXPECT_EQ(write(item),
-            blanks(7) + "01 order-record identified by \"order-record\" count in \n" +
-                blanks(10) + "order-record-count.\n" + blanks(8) + "02 id PIC X(80).\n");
+  EXPECT_EQ(write(item), blanks(7) + "01 order-record identified by \"order-record\" count in \n" +
+                             blanks(10) + "order-record-count.\n" + blanks(8) +
+                             "02 id PIC X(80).\n");
 }
 
 }  // namespace

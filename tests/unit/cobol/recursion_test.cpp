@@ -33,7 +33,8 @@ TEST_F(Recursion, NeedsAnItemMadeFromAnElement) {
 }
 
 TEST_F(Recursion, TypeInsideItself) {
-  use(schema({element("head", {{"type", "T"}}), sequenceType({element("c", {{"type", "T"}})}, "T")}));
+  use(schema(
+      {element("head", {{"type", "T"}}), sequenceType({element("c", {{"type", "T"}})}, "T")}));
   CDMCOBOLRecordItem* head = open(nullptr, at("head"), type("T"));
   EXPECT_TRUE(isRecursive(open(head, at("c"))));
 }
@@ -49,8 +50,7 @@ TEST_F(Recursion, ItemItselfIsNotLookedAt) {
 }
 
 TEST_F(Recursion, LengthOfTheCircleDoesNotMatter) {
-  use(schema({element("head", {{"type", "T"}}),
-              sequenceType({element("u", {{"type", "U"}})}, "T"),
+  use(schema({element("head", {{"type", "T"}}), sequenceType({element("u", {{"type", "U"}})}, "T"),
               sequenceType({element("v", {{"type", "V"}})}, "U"),
               sequenceType({element("t", {{"type", "T"}})}, "V")}));
   CDMCOBOLRecordItem* head = open(nullptr, at("head"), type("T"));

@@ -92,14 +92,14 @@ TEST_F(UniqueWarnings, TriesWithItemsBeforeAndBetweenTheHolders) {
   makeGroup(root, "F");
   makeField(root, "A");
   makeField(root, "A");
-  EXPECT_THAT(warnings(), ElementsAre("E",            // written
-                                      "E",            // A, found free
-                                      "F",            // written
-                                      "E",            // second A: A is taken
-                                      "E", "F",       // A-1 is free
-                                      "E",            // third A: A is taken
-                                      "E", "F",       // A-1 is taken
-                                      "E", "F"));     // A-2 is free
+  EXPECT_THAT(warnings(), ElementsAre("E",         // written
+                                      "E",         // A, found free
+                                      "F",         // written
+                                      "E",         // second A: A is taken
+                                      "E", "F",    // A-1 is free
+                                      "E",         // third A: A is taken
+                                      "E", "F",    // A-1 is taken
+                                      "E", "F"));  // A-2 is free
 }
 
 // Nothing precedes B but E: it is written, then passed by B and by A.
@@ -163,7 +163,9 @@ TEST_F(UniqueWarnings, RootPassesNothing) {
   EXPECT_THAT(warnings(), ElementsAre("E"));
 }
 
-TEST_F(UniqueWarnings, EmptyRootWarnsOnce) { EXPECT_THAT(warnings(), ElementsAre("R")); }
+TEST_F(UniqueWarnings, EmptyRootWarnsOnce) {
+  EXPECT_THAT(warnings(), ElementsAre("R"));
+}
 
 }  // namespace
 }  // namespace fdmorph

@@ -86,7 +86,9 @@ TEST_F(Overwrite, EndOfInputIsANo) {
   EXPECT_EQ(questions(), 3);
 }
 
-TEST_F(Overwrite, AnswerNeedsNoLineEnd) { EXPECT_FALSE(isLeftAlone("y")); }
+TEST_F(Overwrite, AnswerNeedsNoLineEnd) {
+  EXPECT_FALSE(isLeftAlone("y"));
+}
 
 TEST_F(Overwrite, LongAnswerIsOneAnswer) {
   EXPECT_TRUE(isLeftAlone(std::string(5000, 'y') + "\nn\n"));

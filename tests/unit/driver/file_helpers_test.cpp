@@ -23,11 +23,17 @@ class CopyFile : public ConsoleTest {
   TemporaryFolder folder;
 };
 
-TEST_F(CopyFile, LastLineGetsALineEnd) { EXPECT_EQ(copyOf("a\nb"), "a\nb\n"); }
+TEST_F(CopyFile, LastLineGetsALineEnd) {
+  EXPECT_EQ(copyOf("a\nb"), "a\nb\n");
+}
 
-TEST_F(CopyFile, FileThatEndsWithALineEndGetsOneMore) { EXPECT_EQ(copyOf("a\nb\n"), "a\nb\n\n"); }
+TEST_F(CopyFile, FileThatEndsWithALineEndGetsOneMore) {
+  EXPECT_EQ(copyOf("a\nb\n"), "a\nb\n\n");
+}
 
-TEST_F(CopyFile, EmptyFileBecomesAnEmptyLine) { EXPECT_EQ(copyOf(""), "\n"); }
+TEST_F(CopyFile, EmptyFileBecomesAnEmptyLine) {
+  EXPECT_EQ(copyOf(""), "\n");
+}
 
 TEST_F(CopyFile, LinesEndAtTheirFirstNul) {
   EXPECT_EQ(copyOf(std::string_view("ab\0cd\nef", 8)), "ab\nef\n");
@@ -39,7 +45,9 @@ TEST_F(CopyFile, LinesMayHaveAnyLength) {
   EXPECT_EQ(copyOf(std::string(1024, 'x')), std::string(1024, 'x') + "\n");
 }
 
-TEST_F(CopyFile, OtherBytesStay) { EXPECT_EQ(copyOf("a\r\n\t\xff\n"), "a\r\n\t\xff\n\n"); }
+TEST_F(CopyFile, OtherBytesStay) {
+  EXPECT_EQ(copyOf("a\r\n\t\xff\n"), "a\r\n\t\xff\n\n");
+}
 
 TEST_F(CopyFile, TargetIsReplaced) {
   folder.write("target", std::string(1000, 'x'));

@@ -19,8 +19,7 @@ namespace {
 using testing::EndsWith;
 using testing::StartsWith;
 
-constexpr char kRecord[] =
-    "       01 a PIC S9(18) identified by \"a\" count in a-count.\n\n";
+constexpr char kRecord[] = "       01 a PIC S9(18) identified by \"a\" count in a-count.\n\n";
 
 class RunTest : public ConsoleTest {
  protected:
@@ -51,9 +50,8 @@ TEST_F(ValidationRun, OfAGoodSchema) {
 
 TEST_F(ValidationRun, OfAGoodDocument) {
   folder.write("s.xsd", kGoodSchema);
-  folder.write("a.xml",
-               R"(<a xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance")"
-               R"( xsi:noNamespaceSchemaLocation="s.xsd">1</a>)");
+  folder.write("a.xml", R"(<a xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance")"
+                        R"( xsi:noNamespaceSchemaLocation="s.xsd">1</a>)");
   settings.givenName = settings.xmlFile = "a.xml";
   EXPECT_EQ(runValidation(settings), 0);
   EXPECT_EQ(captured.out(),
@@ -63,6 +61,14 @@ TEST_F(ValidationRun, OfAGoodDocument) {
             "\n"
             "Validating \"a.xml\" for schema conformity. \n");
   EXPECT_EQ(captured.err(), "0 error(s), 0 warning(s)\n");
+}
+
+TEST_F(ValidationRun, SecondPassAloneTestsConformity) {
+  folder.write("a.xml", kInvalidDocument);
+  settings.givenName = settings.xmlFile = "a.xml";
+  EXPECT_NE(runValidation(settings), 0);
+  EXPECT_EQ(countOf("Error : " + folder.path("a.xml") + "(Line 1, Col ", captured.err()),
+            console.m_nErrorCount);
 }
 
 TEST_F(ValidationRun, SchemaWithOneErrorGivesStatus1) {
@@ -160,11 +166,10 @@ TEST_F(SchemaRun, IncludedFileIsFoundBesideTheSchema) {
   folder.write("sub/b.xsd", kGoodSchema);
   settings.schemaFile = "sub/a.xsd";
   EXPECT_EQ(runSchemaToCobol(settings), 0);
-  EXPECT_THAT(captured.out(),
-              EndsWith("No schema errors found, processing XML schema sub/a.xsd\n"
-                       "\n"
-                       "Validating " +
-                       folder.path("sub/b.xsd") + " for well-formedness.\n"));
+  EXPECT_THAT(captured.out(), EndsWith("No schema errors found, processing XML schema sub/a.xsd\n"
+                                       "\n"
+                                       "Validating " +
+                                       folder.path("sub/b.xsd") + " for well-formedness.\n"));
   EXPECT_EQ(folder.read("sub/a.cpy"), kRecord);
 }
 

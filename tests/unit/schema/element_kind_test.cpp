@@ -13,12 +13,12 @@ namespace {
 
 // In the order of the numbers.
 constexpr std::array kNames{
-    "schema",        "element",     "attribute",      "attributeGroup", "simpleType",
-    "enumeration",   "group",       "complexType",    "simpleContent",  "complexContent",
-    "extension",     "restriction", "sequence",       "choice",         "union",
-    "list",          "all",         "any",            "unique",         "anyAttribute",
-    "appInfo",       "key",         "keyRef",         "selector",       "field",
-    "import",        "include",     "redefine",
+    "schema",      "element",     "attribute",   "attributeGroup", "simpleType",
+    "enumeration", "group",       "complexType", "simpleContent",  "complexContent",
+    "extension",   "restriction", "sequence",    "choice",         "union",
+    "list",        "all",         "any",         "unique",         "anyAttribute",
+    "appInfo",     "key",         "keyRef",      "selector",       "field",
+    "import",      "include",     "redefine",
 };
 
 int kindOf(std::string const& name) {

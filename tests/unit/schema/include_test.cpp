@@ -36,11 +36,14 @@ TEST_F(Include, ComponentsOfANestedFileComeBeforeThoseOfTheFileAround) {
 }
 
 TEST_F(Include, FiveKindsTravelAndTheOthersStay) {
-  loader.add("/s/a.xsd",
-             schema({{"xs:annotation"}, component("element", "e"), component("attribute", "at"),
-                     component("attributeGroup", "ag"), component("simpleType", "s"),
-                     component("group", "g"), component("complexType", "c"),
-                     component("notation", "n")}));
+  loader.add("/s/a.xsd", schema({{"xs:annotation"},
+                                 component("element", "e"),
+                                 component("attribute", "at"),
+                                 component("attributeGroup", "ag"),
+                                 component("simpleType", "s"),
+                                 component("group", "g"),
+                                 component("complexType", "c"),
+                                 component("notation", "n")}));
   load(schema({include("a.xsd")}));
   EXPECT_THAT(mainComponents(), ElementsAre("", "e", "ag", "s", "g", "c"));
   EXPECT_TRUE(document->attributes.empty());

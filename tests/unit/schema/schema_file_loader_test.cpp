@@ -98,11 +98,10 @@ TEST_F(FileLoader, FileThatWasGoodIsNotUsableOnceSomethingWasCounted) {
 
 TEST_F(FileLoader, FileThatIsPartOfNoCircleContributesEachTime) {
   folder.write("a.xsd", kGoodSchema);
-  CDMXMLElement* main = buildDocument(
-      store, {"xs:schema",
-              {},
-              {{"xs:include", {{"schemaLocation", "a.xsd"}}},
-               {"xs:include", {{"schemaLocation", "a.xsd"}}}}});
+  CDMXMLElement* main = buildDocument(store, {"xs:schema",
+                                              {},
+                                              {{"xs:include", {{"schemaLocation", "a.xsd"}}},
+                                               {"xs:include", {{"schemaLocation", "a.xsd"}}}}});
   CDMXMLSchemaDoc document(main, folder.path("main.xsd"), loader);
   EXPECT_THAT(namesOf(document.elements), ElementsAre("a", "a"));
   EXPECT_EQ(captured.out(), announced("a.xsd") + announced("a.xsd"));

@@ -26,7 +26,9 @@ CapturedConsole::CapturedConsole()
   resetConsole(&m_out, &m_err);
 }
 
-CapturedConsole::~CapturedConsole() { resetConsole(m_processOut, m_processErr); }
+CapturedConsole::~CapturedConsole() {
+  resetConsole(m_processOut, m_processErr);
+}
 
 int countOf(std::string const& part, std::string const& text) {
   int count = 0;

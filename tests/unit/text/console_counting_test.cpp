@@ -62,8 +62,8 @@ TEST_F(Counting, HeadAloneCounts) {
 }
 
 TEST_F(Counting, BlankAndColonBelongToTheHead) {
-  for (char const* text : {"Errors found", "Error", "Error ", "Error: x", "Error  : x",
-                           "Warning", "Warnings : 2", "Warning: x", "Internal Error", ""}) {
+  for (char const* text : {"Errors found", "Error", "Error ", "Error: x", "Error  : x", "Warning",
+                           "Warnings : 2", "Warning: x", "Internal Error", ""}) {
     out() << text;
   }
   EXPECT_EQ(errors(), 0);
@@ -84,7 +84,9 @@ TEST_F(Counting, PieceCountsOnceHoweverManyHeadsItHolds) {
 }
 
 TEST_F(Counting, LaterPieceOfALineCountsAsWell) {
-  out() << "Error : a, " << "Error : b, " << "Warning : c";
+  out() << "Error : a, "
+        << "Error : b, "
+        << "Warning : c";
   EXPECT_EQ(errors(), 2);
   EXPECT_EQ(warnings(), 1);
 }
@@ -134,7 +136,9 @@ TEST_F(Counting, StatusIsErrorsPlusWarnings) {
   EXPECT_EQ(reportStatus(), 3);
 }
 
-TEST_F(Counting, StatusOfACleanRunIsZero) { EXPECT_EQ(reportStatus(), 0); }
+TEST_F(Counting, StatusOfACleanRunIsZero) {
+  EXPECT_EQ(reportStatus(), 0);
+}
 
 TEST_F(Counting, StatusOf255IsTheHighest) {
   console.m_nErrorCount = 200;

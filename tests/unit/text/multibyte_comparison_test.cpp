@@ -13,7 +13,9 @@ TEST(Strrchr, TextWithoutTheCharacterGivesAnEmptyString) {
   EXPECT_STREQ(my_strrchr("abc", "."), "");
 }
 
-TEST(Strrchr, EmptyTextGivesAnEmptyString) { EXPECT_STREQ(my_strrchr("", "."), ""); }
+TEST(Strrchr, EmptyTextGivesAnEmptyString) {
+  EXPECT_STREQ(my_strrchr("", "."), "");
+}
 
 TEST(Strrchr, PointsToTheLastOfSeveral) {
   char const* text = "a.b.c";
@@ -25,7 +27,9 @@ TEST(Strrchr, FindsTheFirstAndTheLastCharacter) {
   EXPECT_STREQ(my_strrchr("a.", "."), ".");
 }
 
-TEST(Strrchr, IsBlindToCase) { EXPECT_STREQ(my_strrchr("aXbxc", "X"), "xc"); }
+TEST(Strrchr, IsBlindToCase) {
+  EXPECT_STREQ(my_strrchr("aXbxc", "X"), "xc");
+}
 
 TEST(Strrchr, OnlyTheStartOfTheWantedTextCounts) {
   EXPECT_STREQ(my_strrchr("a.xsd", ".cpy"), ".xsd");
@@ -55,7 +59,9 @@ TEST(Stricmp, ShorterTextDiffers) {
   EXPECT_GT(my_stricmp("-HELPX", "-HELP"), 0);
 }
 
-TEST(Strnicmp, NoCharactersAreEqual) { EXPECT_EQ(my_strnicmp("a", "b", 0), 0); }
+TEST(Strnicmp, NoCharactersAreEqual) {
+  EXPECT_EQ(my_strnicmp("a", "b", 0), 0);
+}
 
 TEST(Strnicmp, ComparesNoMoreThanItIsTold) {
   EXPECT_EQ(my_strnicmp("-Cfile", "-C", 2), 0);
@@ -68,7 +74,9 @@ TEST(Strnicmp, TextThatEndsEarlierDiffers) {
   EXPECT_LT(my_strnicmp("", ".XSD", 4), 0);
 }
 
-TEST(Strnicmp, TextsThatBothEndWithinAreEqual) { EXPECT_EQ(my_strnicmp("-c", "-C", 4), 0); }
+TEST(Strnicmp, TextsThatBothEndWithinAreEqual) {
+  EXPECT_EQ(my_strnicmp("-c", "-C", 4), 0);
+}
 
 TEST(Strnicmp, DifferenceAtTheFirstMismatch) {
   EXPECT_EQ(my_strnicmp("axz", "abz", 3), 'x' - 'b');

@@ -56,12 +56,13 @@ class SchemaEntities : public ParserTest {
 
 // A document type makes the library validate by it, so it has to say it all.
 TEST_F(SchemaEntities, FewAreExpanded) {
-  ASSERT_TRUE(parseSchema(schemaWith("<!DOCTYPE xs:schema [<!ELEMENT xs:schema ANY>"
-                                     "<!ATTLIST xs:schema xmlns:xs CDATA #REQUIRED>"
-                                     "<!ELEMENT xs:element EMPTY>"
-                                     "<!ATTLIST xs:element name CDATA #IMPLIED type CDATA #IMPLIED>"
-                                     "<!ENTITY t \"xs:int\">]>",
-                                     "<xs:element name='a' type='&t;'/>")))
+  ASSERT_TRUE(
+      parseSchema(schemaWith("<!DOCTYPE xs:schema [<!ELEMENT xs:schema ANY>"
+                             "<!ATTLIST xs:schema xmlns:xs CDATA #REQUIRED>"
+                             "<!ELEMENT xs:element EMPTY>"
+                             "<!ATTLIST xs:element name CDATA #IMPLIED type CDATA #IMPLIED>"
+                             "<!ENTITY t \"xs:int\">]>",
+                             "<xs:element name='a' type='&t;'/>")))
       << captured.err();
   CDMXMLElement const* root = parser.getXMLDocument()->getFirstChildElem();
   EXPECT_EQ(root->getFirstChildElem()->getAttribute("type")->value, "xs:int");
@@ -88,8 +89,7 @@ TEST_F(SchemaEntities, DeclarationInUtf16IsSeen) {
 
 TEST_F(SchemaEntities, DeclarationInAnotherFileIsSeen) {
   folder.write("a.dtd", nestedEntities());
-  EXPECT_TRUE(
-      isRefused(schemaWith("<!DOCTYPE xs:schema SYSTEM 'a.dtd'>", annotation("&e5;"))));
+  EXPECT_TRUE(isRefused(schemaWith("<!DOCTYPE xs:schema SYSTEM 'a.dtd'>", annotation("&e5;"))));
 }
 
 TEST_F(SchemaEntities, SchemaIncludedByItsUrlIsBoundedToo) {

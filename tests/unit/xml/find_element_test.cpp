@@ -12,13 +12,17 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-CDMXMLElement* any(CDMXMLElement* candidate, void*) { return candidate; }
+CDMXMLElement* any(CDMXMLElement* candidate, void*) {
+  return candidate;
+}
 
 CDMXMLElement* withKeyAsItsElementName(CDMXMLElement* candidate, void* key) {
   return candidate->name == *static_cast<std::string*>(key) ? candidate : nullptr;
 }
 
-CDMXMLElement* itsParent(CDMXMLElement* candidate, void*) { return candidate->getParent(); }
+CDMXMLElement* itsParent(CDMXMLElement* candidate, void*) {
+  return candidate->getParent();
+}
 
 // root > (a > (a1, a2), b, c > (c1))
 class FindElement : public testing::Test {
@@ -33,12 +37,12 @@ class FindElement : public testing::Test {
   }
 
   CDMXMLNodeStore store;
-  CDMXMLElement* root = build(
-      store, {"n",
-              {{"name", "root"}},
-              {{"n", {{"name", "a"}}, {{"x", {{"name", "a1"}}}, {"n", {{"name", "a2"}}}}},
-               {"x", {{"name", "b"}}},
-               {"n", {{"name", "c"}}, {{"x", {{"name", "c1"}}}}}}});
+  CDMXMLElement* root =
+      build(store, {"n",
+                    {{"name", "root"}},
+                    {{"n", {{"name", "a"}}, {{"x", {{"name", "a1"}}}, {"n", {{"name", "a2"}}}}},
+                     {"x", {{"name", "b"}}},
+                     {"n", {{"name", "c"}}, {{"x", {{"name", "c1"}}}}}}});
 };
 
 TEST_F(FindElement, RecursiveWalkVisitsAParentBeforeItsChildren) {

@@ -18,12 +18,11 @@ TEST(NamespaceScope, IsTheElementItselfIfItDeclaresOne) {
 
 TEST(NamespaceScope, IsTheNearestElementAboveOtherwise) {
   CDMXMLNodeStore store;
-  CDMXMLElement* root =
-      build(store, {"a",
-                    {{"name", "outer"}, {"xmlns", "urn:a"}},
-                    {{"b",
-                      {{"name", "inner"}, {"xmlns:x", "urn:b"}},
-                      {{"c", {}, {{"d", {{"name", "leaf"}}}}}}}}});
+  CDMXMLElement* root = build(store, {"a",
+                                      {{"name", "outer"}, {"xmlns", "urn:a"}},
+                                      {{"b",
+                                        {{"name", "inner"}, {"xmlns:x", "urn:b"}},
+                                        {{"c", {}, {{"d", {{"name", "leaf"}}}}}}}}});
   EXPECT_EQ(named(root, "leaf")->getNamespaceScope(), named(root, "inner"));
   EXPECT_EQ(named(root, "leaf")->getNamespaceScope(), named(root, "inner")) << "asked again";
   EXPECT_EQ(named(root, "leaf")->getParent()->getNamespaceScope(), named(root, "inner"));

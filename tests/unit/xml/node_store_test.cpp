@@ -65,8 +65,8 @@ TEST_F(CopyTree, LeavesAttributesOutThatWereLentToItsOriginal) {
 }
 
 TEST_F(CopyTree, KeepsChildrenThatWereMovedElsewhereMeanwhile) {
-  CDMXMLElement* top = buildDocument(
-      store, {"r", {}, {{"x", {{"name", "x"}}}, {"y", {{"name", "y"}}}}});
+  CDMXMLElement* top =
+      buildDocument(store, {"r", {}, {{"x", {{"name", "x"}}}, {"y", {{"name", "y"}}}}});
   CDMXMLElement* elsewhere = store.newElement();
   elsewhere->addChildElement(named(top, "x"));
   CDMXMLElement* root = store.copyTree(*top)->getFirstChildElem();

@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 #include <xercesc/validators/schema/SchemaValidator.hpp>
 
-#include "text/console.h"
 #include "support/parser_fixture.h"
+#include "text/console.h"
 #include "xml/parser_report.h"
 
 namespace fdmorph {

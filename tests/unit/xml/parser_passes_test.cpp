@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "text/console.h"
 #include "support/parser_fixture.h"
+#include "text/console.h"
 
 namespace fdmorph {
 namespace {
@@ -23,7 +23,9 @@ struct Document {
   std::string text;
 };
 
-void PrintTo(Document const& document, std::ostream* stream) { *stream << document.name; }
+void PrintTo(Document const& document, std::ostream* stream) {
+  *stream << document.name;
+}
 
 class Passes : public ParserTest, public testing::WithParamInterface<Document> {
  protected:
@@ -60,9 +62,8 @@ TEST_P(Passes, ReportTheSameWithAndWithoutADocument) {
   EXPECT_EQ(reportsOfBothPasses(), parsed);
 }
 
-constexpr char kWithSchema[] =
-    R"(<a xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance")"
-    R"( xsi:noNamespaceSchemaLocation=")";
+constexpr char kWithSchema[] = R"(<a xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance")"
+                               R"( xsi:noNamespaceSchemaLocation=")";
 
 INSTANTIATE_TEST_SUITE_P(
     Documents, Passes,
@@ -71,8 +72,8 @@ INSTANTIATE_TEST_SUITE_P(
                     Document{"missing_schema", std::string(kWithSchema) + "missing.xsd\">1</a>"},
                     Document{"no_schema", "<a/>"},
                     Document{"document_type", std::string(kInvalidDocument)},
-                    Document{"malformed", std::string(kMalformedDocument)},
-                    Document{"empty", ""}, Document{"unbound_prefix", "<x:a/>"}),
+                    Document{"malformed", std::string(kMalformedDocument)}, Document{"empty", ""},
+                    Document{"unbound_prefix", "<x:a/>"}),
     [](auto const& instance) { return std::string(instance.param.name); });
 
 class CheckDocument : public ParserTest {

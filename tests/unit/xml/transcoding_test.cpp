@@ -24,7 +24,9 @@ TEST_F(Transcoding, NullAndEmptyTextGiveAnEmptyString) {
   EXPECT_EQ(toLocalText(nullptr), "");
 }
 
-TEST_F(Transcoding, AsciiTextStaysAsItIs) { EXPECT_EQ(toMultibyte(u"xs:element"), "xs:element"); }
+TEST_F(Transcoding, AsciiTextStaysAsItIs) {
+  EXPECT_EQ(toMultibyte(u"xs:element"), "xs:element");
+}
 
 TEST_F(Transcoding, OtherCharactersTakeTheLocalesBytes) {
   EXPECT_EQ(toMultibyte(u"gr\u00fc\u00df \u4e2d"), "gr\u00fc\u00df \u4e2d");

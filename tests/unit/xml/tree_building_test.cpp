@@ -5,8 +5,8 @@
 
 #include <memory>
 
-#include "text/console.h"
 #include "support/parser_fixture.h"
+#include "text/console.h"
 
 namespace fdmorph {
 namespace {
@@ -54,8 +54,7 @@ TEST_F(TreeBuilding, CommentsBesideTheRootLeaveOneChild) {
 }
 
 TEST_F(TreeBuilding, ProcessingInstructionsAndDocumentTypesAreDropped) {
-  EXPECT_THAT(elementNames(top("<?xml version='1.0'?><?p x?><!DOCTYPE a><a/>")),
-              ElementsAre("a"));
+  EXPECT_THAT(elementNames(top("<?xml version='1.0'?><?p x?><!DOCTYPE a><a/>")), ElementsAre("a"));
   EXPECT_EQ(captured.err(), "");
 }
 
@@ -81,8 +80,7 @@ TEST_F(TreeBuilding, ElementWithoutAttributesHasNone) {
 }
 
 TEST_F(TreeBuilding, AttributeValuesAreExpanded) {
-  EXPECT_THAT(attributesOf(root("<a b='&lt;&amp;&quot;&#65;'/>")),
-              ElementsAre(Pair("b", "<&\"A")));
+  EXPECT_THAT(attributesOf(root("<a b='&lt;&amp;&quot;&#65;'/>")), ElementsAre(Pair("b", "<&\"A")));
 }
 
 TEST_F(TreeBuilding, TextBecomesTheValueOfItsElement) {
@@ -163,7 +161,9 @@ TEST_F(TreeBuilding, TreeOutlivesItsParser) {
   EXPECT_THAT(attributesOf(a), ElementsAre(Pair("b", "1")));
 }
 
-TEST_F(TreeBuilding, NothingComesBeforeAParse) { EXPECT_EQ(parser.getXMLDocument(), nullptr); }
+TEST_F(TreeBuilding, NothingComesBeforeAParse) {
+  EXPECT_EQ(parser.getXMLDocument(), nullptr);
+}
 
 TEST_F(TreeBuilding, NothingComesOfAFailedParse) {
   top("<a/>");
