@@ -155,6 +155,29 @@ def test_a_closed_standard_input_counts_as_no(tmp_path: Path) -> None:
     assert (tmp_path / "a.cpy").read_text() == "mine\n"
 
 
+def test_a_record_of_too_many_items_is_given_up_and_the_next_follows(tmp_path: Path) -> None:
+    # Seven layers of types, each with ten elements of the next: ten million items.
+    element = '<xs:element name="e{}" type="{}"/>'
+    types = ""
+    for layer in range(7):
+        below = f"t{layer + 1}" if layer < 6 else "xs:string"
+        members = "".join(element.format(i, below) for i in range(10))
+        types += f'<xs:complexType name="t{layer}"><xs:sequence>{members}</xs:sequence>'
+        types += "</xs:complexType>"
+    heads = element.format("large", "t0") + '<xs:element name="code" type="xs:string"/>'
+    (tmp_path / "a.xsd").write_text(SCHEMA.format(heads + types))
+    result = run(tmp_path, "a.xsd")
+    assert result.returncode == 2
+    assert result.stderr == (
+        "Warning : More than one head element was found in the schema definition."
+        " Attempting to generate multiple file definitions\n"
+        "Error : Record of elarge exceeds 5000000 items\n"
+        "\nSuccessfully converted 1 of 2 schema head element(s).\n\n"
+        "1 error(s), 1 warning(s)\n"
+    )
+    assert (tmp_path / "a.cpy").read_text() == RECORD
+
+
 def entity_bomb() -> str:
     """A schema of a few hundred bytes whose documentation would be a hundred billion letters."""
     entities = "".join(
