@@ -60,6 +60,17 @@ void readSchema(char const* file, CountingHandler& reports) {
   parser.parse(file);
 }
 
+void readDocument(char const* file, CountingHandler& reports) {
+  XercesDOMParser parser;
+  parser.setDoNamespaces(true);
+  parser.setDoSchema(false);
+  parser.setIncludeIgnorableWhitespace(false);
+  parser.setCreateEntityReferenceNodes(false);
+  parser.setErrorHandler(&reports);
+  parser.setValidationScheme(XercesDOMParser::Val_Never);
+  parser.parse(file);
+}
+
 void checkDocument(char const* file, CountingHandler& reports) {
   std::unique_ptr<SAX2XMLReader> reader(xercesc::XMLReaderFactory::createXMLReader());
   reader->setErrorHandler(&reports);
@@ -73,13 +84,16 @@ void checkDocument(char const* file, CountingHandler& reports) {
 }
 
 int usage() {
-  std::cerr << "Usage: bare_library start | schema FILE... | sax FILE...\n";
+  std::cerr << "Usage: bare_library start | schema FILE... | document FILE... | sax FILE...\n";
   return EXIT_FAILURE;
 }
 
 int run(int argc, char** argv) {
   std::string_view task = argc > 1 ? argv[1] : "";
-  auto* read = task == "schema" ? readSchema : task == "sax" ? checkDocument : nullptr;
+  auto* read = task == "schema"     ? readSchema
+               : task == "document" ? readDocument
+               : task == "sax"      ? checkDocument
+                                    : nullptr;
   bool needsFiles = read != nullptr;
   if (!needsFiles && task != "start") return usage();
   if ((argc > 2) != needsFiles) return usage();

@@ -13,6 +13,8 @@ import itertools
 import sys
 from pathlib import Path
 
+import dictionaries
+
 NAMESPACE = "urn:example:bench"
 HEADER = (
     '<?xml version="1.0" encoding="UTF-8"?>\n'
@@ -404,6 +406,8 @@ KINDS = {
     "document": (document, ".xml"),
     "layered-files": (layered_files, ".xsd"),
     "circular-files": (circular_files, ".xsd"),
+    "flat-dictionary": (dictionaries.flat_dictionary, ".xml"),
+    "deep-dictionary": (dictionaries.deep_dictionary, ".xml"),
 }
 
 
