@@ -1,6 +1,6 @@
 #include "xml/transcoding.h"
 
-#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <string_view>
 #include <xercesc/util/PlatformUtils.hpp>
@@ -12,6 +12,7 @@
 namespace fdmorph {
 namespace {
 
+constexpr std::size_t kShortText = 256;
 constexpr XMLCh kFirstNonAscii = 0x80;
 constexpr XMLCh kFirstHighSurrogate = 0xD800;
 constexpr XMLCh kFirstLowSurrogate = 0xDC00;
@@ -44,13 +45,15 @@ std::wstring toWide(XMLCh const* text) {
 
 std::string toMultibyte(XMLCh const* text) {
   if (text == nullptr) return {};
-  std::string narrow;
-  XMLCh const* end = text;
-  while (*end != 0 && *end < kFirstNonAscii) ++end;
-  if (*end != 0) return my_wcstombs(toWide(text).c_str());
-  narrow.resize(static_cast<std::size_t>(end - text));
-  std::transform(text, end, narrow.begin(), [](XMLCh unit) { return static_cast<char>(unit); });
-  return narrow;
+  // Nearly all text is short and ASCII, which every locale has.
+  std::array<char, kShortText> ascii;
+  std::size_t length = 0;
+  while (length < ascii.size() && text[length] != 0 && text[length] < kFirstNonAscii) {
+    ascii[length] = static_cast<char>(text[length]);
+    ++length;
+  }
+  if (length < ascii.size() && text[length] == 0) return {ascii.data(), length};
+  return my_wcstombs(toWide(text).c_str());
 }
 
 std::basic_string<XMLCh> fromMultibyte(char const* text) {

@@ -12,7 +12,6 @@ namespace {
 
 using xerces::XMLFormatter;
 
-constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 constexpr char kFirstPrintable = ' ';
 constexpr char kLastPrintable = '~';
 
@@ -27,13 +26,14 @@ bool isPlain(char c, XmlOutput::Escapes escapes) {
 
 }  // namespace
 
+XmlOutput::XmlOutput(xerces::XMLFormatter& formatter)
+    : m_formatter(formatter), m_isLineByLine(isLineByLine(std::cout.rdbuf())) {}
+
 void XmlOutput::write(std::string_view text, Escapes escapes) {
   bool isAsItStands =
       std::all_of(text.begin(), text.end(), [escapes](char c) { return isPlain(c, escapes); });
   if (isAsItStands) {
-    m_block += text;
-    bool isLineOut = !text.empty() && text.back() == '\n' && isLineByLine(std::cout.rdbuf());
-    if (isLineOut || m_block.size() >= kBlockSize) flush();
+    writeMarkup(text);
     return;
   }
   flush();
@@ -45,7 +45,7 @@ void XmlOutput::write(std::string_view text, Escapes escapes) {
 
 void XmlOutput::flush() {
   std::cout.write(m_block.data(), static_cast<std::streamsize>(m_block.size()));
-  if (isLineByLine(std::cout.rdbuf())) std::cout.flush();
+  if (m_isLineByLine) std::cout.flush();
   m_block.clear();
 }
 

@@ -16,7 +16,8 @@ class XmlOutput {
  public:
   enum class Escapes { none, attribute };
 
-  explicit XmlOutput(xerces::XMLFormatter& formatter) : m_formatter(formatter) {}
+  /// The standard output stream must not be redirected during its lifetime.
+  explicit XmlOutput(xerces::XMLFormatter& formatter);
   ~XmlOutput() { flush(); }
   XmlOutput(XmlOutput const&) = delete;
   XmlOutput& operator=(XmlOutput const&) = delete;
@@ -24,6 +25,12 @@ class XmlOutput {
   /// Writes `text`, in the locale's encoding, as UTF-8. Text that is not valid
   /// in the locale is reported and left out.
   void write(std::string_view text, Escapes escapes);
+
+  /// Writes markup of our own, which is ASCII.
+  void writeMarkup(std::string_view markup) {
+    m_block += markup;
+    if (!markup.empty() && markup.back() == '\n') endLine();
+  }
 
   /// Appends `n` blanks.
   void writeBlanks(unsigned n) { m_block.append(n, ' '); }
@@ -34,7 +41,14 @@ class XmlOutput {
   xerces::XMLFormatter& formatter() { return m_formatter; }
 
  private:
+  void endLine() {
+    if (m_isLineByLine || m_block.size() >= kBlockSize) flush();
+  }
+
+  static constexpr std::size_t kBlockSize = std::size_t{64} << 10;
+
   xerces::XMLFormatter& m_formatter;
+  bool m_isLineByLine;
   std::string m_block;
 };
 
@@ -47,6 +61,13 @@ XmlOutput& writeAttr(XmlOutput& output, std::string_view name, std::string_view 
 
 /// Writes "<" and `name`. The tag is left open for attributes.
 XmlOutput& writeElem(XmlOutput& output, std::string_view name);
+
+/// Writes a literal of the program's own, which is ASCII.
+template <std::size_t Size>
+XmlOutput& operator<<(XmlOutput& output, char const (&markup)[Size]) {
+  output.writeMarkup(std::string_view(markup, Size - 1));
+  return output;
+}
 
 /// Writes `text` without escapes.
 XmlOutput& operator<<(XmlOutput& output, std::string_view text);
