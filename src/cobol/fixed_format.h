@@ -28,7 +28,8 @@ class FixedFormatLayout {
   FixedFormatLayout(int margin, bool isComment);
 
   /// Appends one token, or a run of blanks, to the text. A line feed or a
-  /// carriage return ends the token; the rest of it is dropped.
+  /// carriage return where writing begins or goes on ends the token; the rest
+  /// of it is dropped.
   void OutputCOBOLToken(std::string_view token);
 
   /// The physical lines so far, the last one without its line end.

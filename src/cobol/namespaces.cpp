@@ -25,11 +25,12 @@ bool CDMCOBOLGenerator::getNamespaceURI(CDMXMLElement const* element,
                                         std::string_view& uri) const {
   uri = {};
   if (attributeName.empty()) return false;
-  CDMXMLElement const* scope = element == nullptr ? nullptr : element->getNamespaceScope();
-  while (scope != nullptr) {
-    if (findAttrByName(scope, attributeName, uri)) return true;
-    CDMXMLElement const* above = scope->getParent();
-    scope = above == nullptr ? nullptr : above->getNamespaceScope();
+  bool isDeclaration = isNamespaceDeclaration(attributeName);
+  while (element != nullptr) {
+    if (isDeclaration) element = element->getNamespaceScope();  // nothing below declares any
+    if (element == nullptr) break;
+    if (findAttrByName(element, attributeName, uri)) return true;
+    element = element->getParent();
   }
   if (attributeName != "xmlns" && attributeName != "targetNamespace") return false;
   if (schemaRootElement != nullptr) findAttrByName(schemaRootElement, "targetNamespace", uri);

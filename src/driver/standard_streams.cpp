@@ -18,6 +18,8 @@ void secureStandardStreams() {
   }
 }
 
-void restoreSignals() { std::signal(SIGPIPE, SIG_DFL); }
+void restoreSignals() {
+  std::signal(SIGPIPE, SIG_DFL);
+}
 
 }  // namespace fdmorph

@@ -4,6 +4,7 @@ namespace fdmorph {
 
 CDMXMLNamespaceSchemaPair::CDMXMLNamespaceSchemaPair(std::string_view uri,
                                                      CDMXMLSchemaDoc* document) {
+  if (document == nullptr) return;
   setNS(uri);
   setSchemaDoc(document);
 }

@@ -12,6 +12,8 @@ class CDMXMLSchemaDoc;
 class CDMXMLNamespaceSchemaPair {
  public:
   CDMXMLNamespaceSchemaPair() = default;
+
+  /// Sets both; without a document the pair stays empty.
   CDMXMLNamespaceSchemaPair(std::string_view uri, CDMXMLSchemaDoc* document);
 
   /// Stores the URI; an empty one is ignored.

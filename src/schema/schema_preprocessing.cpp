@@ -10,7 +10,7 @@
 namespace fdmorph {
 namespace {
 
-bool isNamespaceDeclaration(CDMXMLAttribute const* attribute) {
+bool declaresPrefix(CDMXMLAttribute const* attribute) {
   return CDMXMLNode::getNonQualifiedName(attribute->name) == "xmlns" ||
          CDMXMLNode::getNameQualifier(attribute->name) == "xmlns";
 }
@@ -94,7 +94,7 @@ void CDMXMLSchemaDoc::takeComponents(CDMXMLSchemaDoc& included,
   for (CDMXMLElement* component : included.rootElement->getChildElements()) {
     if (!travelsToMainDocument(component)) continue;
     for (CDMXMLAttribute* attribute : included.rootElement->getAttributes()) {
-      if (isNamespaceDeclaration(attribute)) component->addAttribute(attribute);
+      if (declaresPrefix(attribute)) component->addAttribute(attribute);
       if (isTargetNamespace(attribute)) component->addAttribute(attribute);
     }
     pending.push_back(component);

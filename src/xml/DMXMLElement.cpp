@@ -8,8 +8,7 @@ namespace fdmorph {
 namespace {
 
 bool declaresNamespace(CDMXMLAttribute const* attribute) {
-  std::string_view name = attribute->name;
-  return name == "targetNamespace" || name == "xmlns" || name.substr(0, 6) == "xmlns:";
+  return isNamespaceDeclaration(attribute->name);
 }
 
 template <typename Node>
@@ -23,6 +22,11 @@ void append(std::vector<Node*>& list, Node* node) {
 }
 
 }  // namespace
+
+bool isNamespaceDeclaration(std::string_view attributeName) {
+  return attributeName == "targetNamespace" || attributeName == "xmlns" ||
+         attributeName.substr(0, 6) == "xmlns:";
+}
 
 std::string_view CDMXMLNode::getNameQualifier(std::string_view name) {
   std::size_t colon = name.find(':');

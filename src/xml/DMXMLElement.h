@@ -35,6 +35,10 @@ class CDMXMLNode {
   std::string value;  ///< an attribute's value, an element's last text
 };
 
+/// Whether an attribute of this name declares a namespace or the target
+/// namespace.
+bool isNamespaceDeclaration(std::string_view attributeName);
+
 class CDMXMLAttribute : public CDMXMLNode {
  public:
   CDMXMLAttribute() : CDMXMLNode(NodeType::attribute) {}

@@ -76,5 +76,34 @@ TEST_F(OpenDefinitionsTest, GuardedHopIntoTheSameDefinitionCountsAsItsOpening) {
   EXPECT_TRUE(open.wouldGoRound(&type));
 }
 
+TEST_F(OpenDefinitionsTest, SeenIsWhatWasOpenOrNotedInTheRecord) {
+  EXPECT_FALSE(open.hasSeen(&type));
+  { Scope scope(open, &type, Hop::unguarded); }
+  EXPECT_TRUE(open.hasSeen(&type));
+  EXPECT_FALSE(open.hasSeen(&other));
+  open.note(&other);
+  EXPECT_TRUE(open.hasSeen(&other));
+}
+
+TEST_F(OpenDefinitionsTest, NotedDeclarationIsNotOpen) {
+  open.note(&type);
+  EXPECT_FALSE(open.wouldGoRound(&type));
+}
+
+TEST_F(OpenDefinitionsTest, NoteLeavesAnOpenDefinitionOpen) {
+  Scope scope(open, &type, Hop::unguarded);
+  open.note(&type);
+  EXPECT_TRUE(open.wouldGoRound(&type));
+}
+
+TEST_F(OpenDefinitionsTest, NextRecordHasSeenNothing) {
+  open.note(&other);
+  { Scope scope(open, &type, Hop::guarded); }
+  open.clear();
+  EXPECT_FALSE(open.hasSeen(&type));
+  EXPECT_FALSE(open.hasSeen(&other));
+  EXPECT_FALSE(open.wouldGoRound(&type));
+}
+
 }  // namespace
 }  // namespace fdmorph

@@ -48,6 +48,22 @@ TEST(TextPoolTest, TextLongerThanABlockIsKeptWhole) {
   EXPECT_EQ(kept, longText);
 }
 
+TEST(TextPoolTest, AppendedTextIsACopyToo) {
+  TextPool pool;
+  std::string text = "order-1";
+  std::string_view appended = pool.append(text);
+  text = "other-1";
+  EXPECT_EQ(appended, "order-1");
+  EXPECT_EQ(pool.append(""), "");
+}
+
+TEST(TextPoolTest, AppendedTextIsNotFoundAgain) {
+  TextPool pool;
+  std::string_view appended = pool.append("order-1");
+  EXPECT_EQ(pool.keep("order-1"), "order-1");
+  EXPECT_NE(pool.keep("order-1").data(), appended.data());
+}
+
 TEST(TextPoolTest, ViewsStayGoodWhenManyMoreFollow) {
   TextPool pool;
   std::vector<std::string_view> kept;

@@ -96,6 +96,14 @@ TEST_F(Import, InsideAnImportedFileRegistersInTheMainDocument) {
   EXPECT_THAT(imported("urn:a")->importedSchemas, IsEmpty());
 }
 
+TEST_F(Import, InsideAnImportedFileIsRegisteredAheadOfIt) {
+  loader.add("a.xsd", schema({import("urn:x", "b.xsd"), component("element", "outer")}));
+  loader.add("b.xsd", schema({component("element", "inner")}));
+  load(schema({import("urn:x", "a.xsd")}));
+  EXPECT_THAT(importedNamespaces(), ElementsAre("urn:x", "urn:x"));
+  EXPECT_THAT(namesOf(imported("urn:x")->elements), ElementsAre("inner"));
+}
+
 TEST_F(Import, InsideAnIncludedFileRegistersInTheMainDocument) {
   loader.add("/s/a.xsd", schema({import("urn:b", "b.xsd")}));
   loader.add("b.xsd", schema({component("element", "b")}));

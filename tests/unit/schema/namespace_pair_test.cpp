@@ -24,6 +24,12 @@ TEST(NamespacePair, HoldsWhatItIsMadeWith) {
   EXPECT_EQ(pair.getSchemaDoc(), &document);
 }
 
+TEST(NamespacePair, WithoutADocumentStaysEmpty) {
+  Pair pair("urn:a", nullptr);
+  EXPECT_EQ(pair.getNamespaceURI(), "");
+  EXPECT_EQ(pair.getSchemaDoc(), nullptr);
+}
+
 TEST(NamespacePair, EmptyNamespaceKeepsTheEarlierOne) {
   CDMXMLSchemaDoc document;
   Pair pair("urn:a", &document);

@@ -101,6 +101,13 @@ TEST_F(SchemaLists, OnlyTheLocalPartTellsTheTargetNamespace) {
   EXPECT_THAT(doc.namespaceAttributes, IsEmpty());
 }
 
+TEST_F(SchemaLists, DeclarationIsToldByItsQualifierOrItsLocalPart) {
+  CDMXMLSchemaDoc& doc = load({"xs:schema",
+                               {{"xmlns:a", "urn:a"}, {"x:xmlns", "urn:x"}, {"x:a", "1"}},
+                               {component("element", "e")}});
+  EXPECT_THAT(attributeNames(doc.namespaceAttributes), ElementsAre("xmlns:a", "x:xmlns"));
+}
+
 TEST_F(SchemaLists, OtherAttributesAreIgnored) {
   CDMXMLSchemaDoc& doc = load({"xs:schema",
                                {{"version", "1"}, {"xmlnsx", "1"}, {"xml:lang", "en"}},
@@ -120,6 +127,14 @@ TEST_F(SchemaLists, ListsAreAppendedTo) {
   CDMXMLSchemaDoc& doc = load(schema({component("element", "a")}));
   EXPECT_TRUE(doc.InitializeElementLists());
   EXPECT_THAT(namesOf(doc.elements), ElementsAre("a", "a"));
+}
+
+TEST_F(SchemaLists, LastSchemaElementOfAFileIsItsRoot) {
+  CDMXMLSchemaDoc& doc =
+      load(schema({component("element", "outer"),
+                   {"xs:annotation", {}, {schema({component("element", "in")})}}}));
+  EXPECT_EQ(doc.rootElement->getParent()->name, "xs:annotation");
+  EXPECT_THAT(namesOf(doc.elements), ElementsAre("in"));
 }
 
 TEST_F(SchemaLists, RootThatIsNoSchemaIsNoDocument) {

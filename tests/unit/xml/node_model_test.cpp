@@ -71,6 +71,18 @@ TEST(Element, ChildFromAnotherElementBecomesTheLastOfItsNewChain) {
   EXPECT_EQ(moved.getNextSibling(), nullptr);
 }
 
+TEST(Element, ChildFromAnotherElementCanBeTheOnlyOne) {
+  CDMXMLElement former;
+  CDMXMLElement before;
+  CDMXMLElement moved;
+  CDMXMLElement behind;
+  for (CDMXMLElement* child : {&before, &moved, &behind}) former.addChildElement(child);
+  CDMXMLElement parent;
+  parent.addChildElement(&moved);
+  EXPECT_EQ(moved.getPrevSibling(), nullptr);
+  EXPECT_EQ(moved.getNextSibling(), nullptr);
+}
+
 TEST(Element, NeighboursAreThoseOfTheElementPassedIn) {
   CDMXMLElement parent;
   CDMXMLElement a;

@@ -105,6 +105,14 @@ TEST_F(ParseDocument, MistakeIsReportedWithItsPlace) {
   EXPECT_EQ(parser.getWarningCount(), 0);
 }
 
+TEST_F(ParseDocument, FileMayHaveAMultibyteName) {
+  std::string const good = folder.write("gr\u00fc\u00dfe.xml", "<a/>");
+  EXPECT_TRUE(parser.ParseFile(good, Type::XML_DOCUMENT, false));
+  std::string const bad = folder.write("\u4e2d\u6587.xml", kMalformedDocument);
+  EXPECT_FALSE(parser.ParseFile(bad, Type::XML_DOCUMENT, false));
+  EXPECT_THAT(captured.err(), StartsWith("Fatal Error : " + bad + "(Line 3, Col "));
+}
+
 TEST_F(ParseDocument, ReportEndsBehindTheBracketWhenNotVerbose) {
   parser.setVerboseError(false);
   EXPECT_FALSE(parseDocument(kMalformedDocument));

@@ -31,6 +31,7 @@ class Passes : public ParserTest, public testing::WithParamInterface<Document> {
  protected:
   void SetUp() override {
     folder.write("s.xsd", kGoodSchema);
+    folder.write("bad.xsd", kBadSchema);
     folder.write("a.xml", GetParam().text);
   }
 
@@ -65,15 +66,28 @@ TEST_P(Passes, ReportTheSameWithAndWithoutADocument) {
 constexpr char kWithSchema[] = R"(<a xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance")"
                                R"( xsi:noNamespaceSchemaLocation=")";
 
+constexpr char kRepeatedIdentifiers[] =
+    "<!DOCTYPE r [<!ELEMENT r (a*)><!ELEMENT a EMPTY>"
+    "<!ATTLIST a id ID #IMPLIED ref IDREF #IMPLIED>]>\n"
+    "<r><a id='x'/>\n<a id='x' ref='missing'/></r>";
+
 INSTANTIATE_TEST_SUITE_P(
     Documents, Passes,
-    testing::Values(Document{"good", std::string(kWithSchema) + "s.xsd\">1</a>"},
-                    Document{"invalid", std::string(kWithSchema) + "s.xsd\">x</a>"},
-                    Document{"missing_schema", std::string(kWithSchema) + "missing.xsd\">1</a>"},
-                    Document{"no_schema", "<a/>"},
-                    Document{"document_type", std::string(kInvalidDocument)},
-                    Document{"malformed", std::string(kMalformedDocument)}, Document{"empty", ""},
-                    Document{"unbound_prefix", "<x:a/>"}),
+    testing::Values(
+        Document{"good", std::string(kWithSchema) + "s.xsd\">1</a>"},
+        Document{"invalid", std::string(kWithSchema) + "s.xsd\">x</a>"},
+        Document{"missing_schema", std::string(kWithSchema) + "missing.xsd\">1</a>"},
+        Document{"bad_schema", std::string(kWithSchema) + "bad.xsd\">1</a>"},
+        Document{"no_schema", "<a/>"}, Document{"document_type", std::string(kInvalidDocument)},
+        Document{"malformed", std::string(kMalformedDocument)},
+        Document{"missing_document_type", "<!DOCTYPE a SYSTEM 'x.dtd'><a/>"},
+        Document{"missing_entity", "<!DOCTYPE a [<!ENTITY e SYSTEM 'x.ent'>]><a>&e;</a>"},
+        Document{"repeated_identifiers", kRepeatedIdentifiers},
+        Document{"undeclared_entity", "<a>&e;</a>"}, Document{"unbound_prefix", "<x:a/>"},
+        Document{"repeated_attribute", "<a b='1' b='2'/>"},
+        Document{"unknown_encoding", "<?xml version='1.0' encoding='none'?><a/>"},
+        Document{"wrong_encoding", "<a>\xff\xfe</a>"}, Document{"two_roots", "<a/><b/>"},
+        Document{"truncated", "<a><b>"}, Document{"text", "text"}, Document{"empty", ""}),
     [](auto const& instance) { return std::string(instance.param.name); });
 
 class CheckDocument : public ParserTest {

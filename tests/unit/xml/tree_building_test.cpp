@@ -161,6 +161,15 @@ TEST_F(TreeBuilding, TreeOutlivesItsParser) {
   EXPECT_THAT(attributesOf(a), ElementsAre(Pair("b", "1")));
 }
 
+TEST_F(TreeBuilding, TreeOutlivesTheReleasedDocument) {
+  CDMXMLElement* a = root("<a b='1'>text</a>");
+  parser.releaseDocument();
+  EXPECT_EQ(a->value, "text");
+  EXPECT_THAT(attributesOf(a), ElementsAre(Pair("b", "1")));
+  EXPECT_EQ(parser.getXMLDocument(), nullptr);
+  EXPECT_EQ(root("<b/>")->name, "b") << "the parser serves again";
+}
+
 TEST_F(TreeBuilding, NothingComesBeforeAParse) {
   EXPECT_EQ(parser.getXMLDocument(), nullptr);
 }
