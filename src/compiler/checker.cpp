@@ -79,7 +79,7 @@ void Checker::reportName(Code code, QualifiedName const& name, NameIndex::Outcom
                        quoted(name.name) + (isUnknown ? " is not defined" : " is ambiguous"));
 }
 
-void Checker::checkDepending(DataItem& item, NameIndex const& index) {
+void Checker::checkDepending(DataItem& item, NameIndex& index) {
   QualifiedName const& name = item.occurs->depending;
   if (name.name.empty()) return;  // reported by the parser
   DataItem* object = nullptr;
@@ -101,7 +101,7 @@ void Checker::checkDepending(DataItem& item, NameIndex const& index) {
   item.dependingOn = object;
 }
 
-void Checker::checkRenames(DataItem& item, NameIndex const& index) {
+void Checker::checkRenames(DataItem& item, NameIndex& index) {
   DataItem* ends[2] = {nullptr, nullptr};
   QualifiedName const* names[2] = {item.related.get(), item.through.get()};
   for (int i = 0; i < 2; ++i) {

@@ -24,8 +24,8 @@ class Checker {
   void checkSiblings(DataItem* first);
   void inherit(DataItem& item);
   void checkReferences();
-  void checkDepending(DataItem& item, NameIndex const& index);
-  void checkRenames(DataItem& item, NameIndex const& index);
+  void checkDepending(DataItem& item, NameIndex& index);
+  void checkRenames(DataItem& item, NameIndex& index);
   void reportName(Code code, QualifiedName const& name, NameIndex::Outcome outcome);
 
   DataDivision& m_data;

@@ -38,7 +38,8 @@ struct Literal {
   std::string_view text;
   Place place;
   Kind kind = Kind::none;
-  bool isAll = false;  ///< ALL: repeated over the length of the item
+  bool isOpen = false;  ///< a text without its closing quote
+  bool isAll = false;   ///< ALL: repeated over the length of the item
 };
 
 /// One value of a VALUE clause, or a range.
@@ -95,6 +96,7 @@ struct DataItem {
   DataItem const* redefined = nullptr;  ///< the item that storage is shared with
   DataItem const* dependingOn = nullptr;
   DataItem* sameName = nullptr;        ///< another item of this name
+  DataItem* sameInRecord = nullptr;    ///< another one in the same record
   Usage effectiveUsage = Usage::none;  ///< its own or that of a group around it
   SignClause effectiveSign;
   std::uint64_t size = 0;    ///< bytes of one occurrence

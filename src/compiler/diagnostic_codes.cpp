@@ -37,7 +37,6 @@ constexpr std::array kCodes{
     CodeEntry{Code::directive, "directive", false},
     CodeEntry{Code::sourceDirective, "source-directive", false},
     CodeEntry{Code::copyPassed, "copy-passed", false},
-    CodeEntry{Code::missingPeriod, "missing-period", false},
     CodeEntry{Code::duplicateName, "duplicate-name", false},
     CodeEntry{Code::valueSize, "value-size", false},
     CodeEntry{Code::valueLost, "value-lost", false},

@@ -38,7 +38,6 @@ enum class Code {
   directive,
   sourceDirective,
   copyPassed,
-  missingPeriod,
   duplicateName,
   valueSize,
   valueLost,

@@ -146,10 +146,11 @@ class Writer {
 
   // Nothing for values that no text stands for.
   std::optional<std::string> textOf(Literal const& value, DataItem const& item) const {
-    bool isNumeric = kindOf(item) == ItemKind::numeric;
+    ItemKind kind = kindOf(item);
+    bool isNumber = kind == ItemKind::numeric || kind == ItemKind::numericEdited;
     std::uint64_t size =
         item.picture != nullptr && !item.isGroup() ? item.picture->size : item.size;
-    std::optional<std::string> text = valueText(value, isNumeric, size);
+    std::optional<std::string> text = valueText(value, isNumber, size);
     if (text && !isXmlText(*text)) text.reset();
     return text;
   }

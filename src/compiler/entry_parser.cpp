@@ -143,21 +143,29 @@ void Parser::parseEntryName(Entry& entry) {
 }
 
 void Parser::parseClauses(Entry& entry) {
+  bool isBroken = false;
   while (!isEnd() && peek().kind != Token::Kind::period && !isEntryStart() && !isHeader(0)) {
     if (parseClause(entry)) continue;
+    isBroken = true;
     Token const& token = peek();
     error(Code::syntax, token.place, describe(token) + " begins no clause of a data description");
     // One report is enough for what stands up to the next clause.
-    while (!isEnd() && peek().kind != Token::Kind::period && !isEntryStart() && !isHeader(0) &&
-           !beginsClause(peek().keyword)) {
+    do {
       take();
-    }
+    } while (!isEnd() && peek().kind != Token::Kind::period && !isEntryStart() && !isHeader(0) &&
+             !beginsClause(peek().keyword));
   }
-  endEntry();
+  endEntry(isBroken);
 }
 
-void Parser::endEntry() {
-  expectPeriod("the data description entry");
+// One report is enough for an entry that breaks off: its period is not looked
+// for behind another mistake, or a literal that swallowed it.
+void Parser::endEntry(bool isBroken) {
+  if (peek().kind == Token::Kind::period) {
+    take();
+  } else if (!isBroken && !m_lastToken.isOpen) {
+    expectPeriod("the data description entry");
+  }
 }
 
 // 78 NAME VALUE 5., 01 NAME CONSTANT AS 5.
@@ -177,7 +185,7 @@ void Parser::parseConstant(Entry& entry) {
   if (!item.name.empty() && !m_constants.add(item.name, value)) {
     error(Code::constant, item.place, "the constant " + quoted(item.name) + " is defined twice");
   }
-  endEntry();
+  endEntry(false);
 }
 
 void Parser::parseCondition(Entry& entry) {
@@ -222,7 +230,7 @@ void Parser::parseRenames(Entry& entry) {
     error(Code::levelOrder, item->place, "an entry of level 66 follows no record");
     return;
   }
-  m_open.resize(1);
+  m_open.erase(m_open.begin() + 1, m_open.end());
   attachToGroup(item);
   m_lastItem = item;
 }

@@ -42,8 +42,9 @@ class ItemCheck {
   }
 
   void checkWithoutPicture() {
-    if (takesPicture(m_item.effectiveUsage))
+    if (takesPicture(m_item.effectiveUsage)) {
       report(Code::pictureMissing, name() + " has no picture");
+    }
     if (m_item.isJustified) report(Code::clause, "JUSTIFIED needs a picture of characters");
     if (m_item.isBlankWhenZero) report(Code::clause, "BLANK WHEN ZERO needs a numeric picture");
   }
@@ -111,7 +112,8 @@ class ItemCheck {
       return;
     }
     bool isCharacters = !isNumber && m_item.picture->category != Category::numericEdited;
-    if (isCharacters && isText && !value.isAll &&
+    // An open literal is reported already.
+    if (isCharacters && isText && !value.isAll && !value.isOpen &&
         decodeLiteral(value.text).characters > m_item.picture->size) {
       m_diagnostics.report(Code::valueSize, value.place, "the value is longer than the item");
     }

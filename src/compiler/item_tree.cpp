@@ -84,6 +84,7 @@ void Parser::attachToGroup(DataItem* item) {
     error(Code::levelOrder, item->place,
           "level " + std::to_string(item->level) + " follows level " +
               std::to_string(closed->level) + " in the same group");
+    item->level = closed->level;  // so that this is the only report of it
   }
   if (group->level == kSingleLevel && item->level < 50) {
     error(Code::levelOrder, item->place, "an item of level 77 has no items below it");

@@ -64,8 +64,10 @@ Token Lexer::read() {
     bool isFill = word.isWord("IS") || keywordOf(word.text) == Keyword::picture ||
                   (word.isWord("SYMBOL") && ahead(1).kind == TextWord::Kind::literal);
     if (!isFill) return readPicture();
-  } else {
-    m_isPictureNext = false;
+    bool isPictureAfter = word.isWord("IS");
+    Token fill = readWord();
+    m_isPictureNext |= isPictureAfter;
+    return fill;
   }
   return readWord();
 }

@@ -1,5 +1,6 @@
 #include "compiler/literals.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "compiler/letters.h"
@@ -79,22 +80,20 @@ LiteralContent decodeLiteral(std::string_view literal) {
   return content;
 }
 
-std::optional<std::string> valueText(Literal const& value, bool isNumeric, std::uint64_t size) {
+std::optional<std::string> valueText(Literal const& value, bool isNumber, std::uint64_t size) {
   switch (value.kind) {
-    case Literal::Kind::number: {
-      std::string_view text = value.text;
-      return std::string(text);
-    }
+    case Literal::Kind::number:
+      return std::string(value.text);
     case Literal::Kind::text: {
       std::string text = decodeLiteral(value.text).text;
-      return value.isAll && !isNumeric ? repeated(text, size) : text;
+      return value.isAll && !isNumber ? repeated(text, size) : text;
     }
     case Literal::Kind::zero:
-      return isNumeric ? "0" : repeated("0", size);
+      return isNumber ? "0" : repeated("0", size);
     case Literal::Kind::space:
-      return isNumeric ? std::optional<std::string>() : " ";
+      return isNumber ? std::optional<std::string>() : " ";
     case Literal::Kind::quote:
-      return isNumeric ? std::optional<std::string>() : repeated("\"", size);
+      return isNumber ? std::optional<std::string>() : repeated("\"", size);
     default:
       return std::nullopt;
   }

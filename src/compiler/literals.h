@@ -21,10 +21,10 @@ struct LiteralContent {
 /// hexadecimal ones.
 LiteralContent decodeLiteral(std::string_view literal);
 
-/// The text of a value for an item of `size` characters: figurative constants
-/// as the characters that they stand for. One space is any number of them,
-/// since values are filled up with spaces. Nothing for values without
-/// characters.
-std::optional<std::string> valueText(Literal const& value, bool isNumeric, std::uint64_t size);
+/// The text of a value for an item of `size` characters, or for a number:
+/// figurative constants as the characters that they stand for. One space is
+/// any number of them, since values are filled up with spaces. Nothing for
+/// values without characters.
+std::optional<std::string> valueText(Literal const& value, bool isNumber, std::uint64_t size);
 
 }  // namespace fdmorph::compiler

@@ -3,8 +3,9 @@
 namespace fdmorph::compiler {
 namespace {
 
-// Names that are used that often are ambiguous in any case.
-constexpr int kMostCandidates = 1000;
+// Items looked at over all searches. A source needs as many only if it has far
+// more items of one name than its references can tell apart.
+constexpr std::uint64_t kMostSteps = 20'000'000;
 
 constexpr std::uint8_t kHighestGroupLevel = 49;
 constexpr std::uint8_t kRenamesLevel = 66;
@@ -29,12 +30,15 @@ bool isFillerName(std::string_view name) {
 
 NameIndex::NameIndex(DataDivision& data) {
   m_items.reserve(data.items.size());
+  m_inRecords.reserve(data.items.size());
   for (DataItem& item : data.items) {
     if (!isData(item) || isFillerName(item.name)) continue;
-    auto [entry, isNew] = m_items.try_emplace(item.name, &item);
-    if (isNew) continue;
-    item.sameName = entry->second;
-    entry->second = &item;
+    DataItem*& last = m_items[item.name];
+    item.sameName = last;
+    last = &item;
+    DataItem*& lastInRecord = m_inRecords[{recordOf(item), item.name}];
+    item.sameInRecord = lastInRecord;
+    lastInRecord = &item;
   }
   for (FileDescription const& file : data.files) {
     for (DataItem const* record = file.records.first; record != nullptr; record = record->next) {
@@ -44,44 +48,46 @@ NameIndex::NameIndex(DataDivision& data) {
 }
 
 NameIndex::Outcome NameIndex::resolve(QualifiedName const& name, DataItem const& from,
-                                      DataItem*& item) const {
-  Outcome outcome = search(name, nullptr, item);
-  if (outcome != Outcome::ambiguous) return outcome;
-  bool isFoundHere = search(name, recordOf(from), item) == Outcome::found;
-  return isFoundHere ? Outcome::found : Outcome::ambiguous;
+                                      DataItem*& item) {
+  Outcome inRecord = resolveInRecord(name, from, item);
+  if (inRecord != Outcome::unknown) return inRecord;
+  auto found = m_items.find(name.name);
+  return search(name, found == m_items.end() ? nullptr : found->second, &DataItem::sameName, item);
 }
 
 NameIndex::Outcome NameIndex::resolveInRecord(QualifiedName const& name, DataItem const& from,
-                                              DataItem*& item) const {
-  return search(name, recordOf(from), item);
+                                              DataItem*& item) {
+  auto found = m_inRecords.find({recordOf(from), name.name});
+  DataItem* first = found == m_inRecords.end() ? nullptr : found->second;
+  return search(name, first, &DataItem::sameInRecord, item);
 }
 
-NameIndex::Outcome NameIndex::search(QualifiedName const& name, DataItem const* record,
-                                     DataItem*& item) const {
-  auto entry = m_items.find(name.name);
-  DataItem* candidate = entry == m_items.end() ? nullptr : entry->second;
+NameIndex::Outcome NameIndex::search(QualifiedName const& name, DataItem* first, Chain chain,
+                                     DataItem*& item) {
   DataItem* match = nullptr;
-  int tried = 0;
-  for (; candidate != nullptr; candidate = candidate->sameName) {
-    if (++tried > kMostCandidates) return Outcome::ambiguous;
-    DataItem const* group = candidate->parent;
-    bool fits = record == nullptr || recordOf(*candidate) == record;
-    for (std::string_view qualifier : name.qualifiers) {
-      while (group != nullptr && !equalsBlindly(group->name, qualifier)) group = group->parent;
-      if (group == nullptr) {
-        auto file = m_files.find(recordOf(*candidate));
-        fits = fits && file != m_files.end() && equalsBlindly(file->second, qualifier);
-        break;
-      }
-      group = group->parent;
-    }
-    if (!fits) continue;
+  for (DataItem* each = first; each != nullptr; each = each->*chain) {
+    if (++m_steps > kMostSteps) return Outcome::ambiguous;
+    if (!fits(name, *each)) continue;
     if (match != nullptr) return Outcome::ambiguous;
-    match = candidate;
+    match = each;
   }
   if (match == nullptr) return Outcome::unknown;
   item = match;
   return Outcome::found;
+}
+
+// Qualifiers name groups around the item, from the inside out, and its file.
+bool NameIndex::fits(QualifiedName const& name, DataItem const& item) const {
+  DataItem const* group = item.parent;
+  for (std::string_view qualifier : name.qualifiers) {
+    while (group != nullptr && !equalsBlindly(group->name, qualifier)) group = group->parent;
+    if (group == nullptr) {
+      auto file = m_files.find(recordOf(item));
+      return file != m_files.end() && equalsBlindly(file->second, qualifier);
+    }
+    group = group->parent;
+  }
+  return true;
 }
 
 }  // namespace fdmorph::compiler

@@ -86,7 +86,7 @@ class Parser {
   bool isNameNext();
   void checkName(Token const& token);
   void parseClauses(Entry& entry);
-  void endEntry();
+  void endEntry(bool isBroken);
   void parseConstant(Entry& entry);
   void parseCondition(Entry& entry);
   void parseRenames(Entry& entry);

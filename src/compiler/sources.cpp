@@ -56,7 +56,7 @@ SourceFile const* Sources::file(std::string const& path) {
   auto [entry, isNew] = m_files.try_emplace(path);
   if (isNew) {
     if (std::optional<std::string> content = m_tree.read(path)) {
-      entry->second = std::make_unique<SourceFile>(path, std::move(*content));
+      entry->second = std::make_unique<SourceFile>(SourceFile{path, std::move(*content)});
     }
   }
   return entry->second.get();

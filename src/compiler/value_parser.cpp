@@ -67,6 +67,7 @@ bool Parser::parseLiteral(Literal& literal) {
     literal.kind = Literal::Kind::number;
   } else if (token.kind == Token::Kind::literal) {
     literal.kind = Literal::Kind::text;
+    literal.isOpen = token.isOpen;
     checkLiteral(token);
   } else if (Literal const* constant = m_constants.find(token.text)) {
     bool isAll = literal.isAll;

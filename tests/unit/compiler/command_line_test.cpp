@@ -1,0 +1,66 @@
+// The compiler's command line.
+
+#include <gtest/gtest.h>
+
+#include "compiler/command_line.h"
+#include "support/compiled_source.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+using Action = CommandLine::Action;
+
+class CompilerCommandLine : public testing::Test {
+ protected:
+  CommandLine read(std::vector<std::string> const& arguments) {
+    return readCommandLine(arguments, tree);
+  }
+
+  MemoryTree tree;
+};
+
+TEST_F(CompilerCommandLine, IsAsConverterCallsIt) {
+  CommandLine line = read({"-C", "dbgi", "noobj", "-C", "XMLGEN(WS)", "\"my prog.cbl\""});
+  EXPECT_EQ(line.action, Action::compile);
+  EXPECT_EQ(line.sourcePath, "my prog.cbl");
+  EXPECT_TRUE(line.directives.writesDictionary);
+  EXPECT_TRUE(line.directives.unknown.empty());
+}
+
+TEST_F(CompilerCommandLine, ReadsDirectiveFiles) {
+  tree.files["d d"] = "* comment\nSOURCEFORMAT(FREE) tabs(4)\n copyext(inc,.cpy)\n";
+  CommandLine line = read({"-C", "dbgi", "@\"d d\"", "-C", "XMLGEN(FILE)", "a.cbl"});
+  EXPECT_EQ(line.directives.reading.format, Format::free);
+  EXPECT_EQ(line.directives.reading.tabs, 4U);
+  EXPECT_EQ(line.directives.copying.extensions, (std::vector<std::string>{"inc", "cpy", ""}));
+  EXPECT_EQ(line.directives.order, DictionaryOrder::filesFirst);
+}
+
+TEST_F(CompilerCommandLine, TakesTheSourceAheadOfOptionsToo) {
+  CommandLine line = read({"a.cbl", "-C", "COPYPATH(x:y z)", "NOOBJ"});
+  EXPECT_EQ(line.sourcePath, "a.cbl");
+  EXPECT_EQ(line.directives.copying.folders, (std::vector<std::string>{"x", "y z"}));
+}
+
+TEST_F(CompilerCommandLine, NamesItsMistakes) {
+  EXPECT_EQ(read({}).mistake, "no source is named");
+  EXPECT_EQ(read({"-C", "noobj"}).mistake, "no source is named");
+  EXPECT_EQ(read({"-x", "a.cbl"}).mistake, "unknown option -x");
+  EXPECT_EQ(read({"a.cbl", "b.cbl"}).mistake, "more than one source is named");
+  EXPECT_EQ(read({"-C", "TABS(0)", "a.cbl"}).mistake, "wrong parameter in directive TABS(0)");
+  EXPECT_EQ(read({"@none", "a.cbl"}).mistake, "can't read directive file none");
+  EXPECT_EQ(read({"@none", "a.cbl"}).action, Action::usageError);
+}
+
+TEST_F(CompilerCommandLine, ShowsHelpAndVersion) {
+  EXPECT_EQ(read({"--help"}).action, Action::help);
+  EXPECT_EQ(read({"-C", "dbgi", "--version"}).action, Action::version);
+}
+
+TEST(DictionaryPath, ReplacesTheExtension) {
+  EXPECT_EQ(dictionaryPath("d.d/a.b.cbl"), "d.d/a.b.xml");
+  EXPECT_EQ(dictionaryPath("d.d/a"), "d.d/a.xml");
+}
+
+}  // namespace
+}  // namespace fdmorph::compiler

@@ -1,0 +1,119 @@
+// Whole reports, a mistake each.
+
+#include <gtest/gtest.h>
+
+#include "support/compiled_source.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+struct Mistake {
+  char const* source;  // from column 8
+  char const* report;  // its first line
+};
+
+class Report : public testing::TestWithParam<Mistake> {};
+
+TEST_P(Report, NamesThePlaceTheTextAndTheCode) {
+  CompilationResult result = compile(GetParam().source);
+  EXPECT_EQ(result.status, kWrong);
+  EXPECT_EQ(result.diagnostics.substr(0, result.diagnostics.find('\n')), GetParam().report);
+  std::size_t second = result.diagnostics.find("error: ");
+  EXPECT_EQ(result.diagnostics.find("error: ", second + 1), std::string::npos)
+      << result.diagnostics;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, Report,
+    testing::Values(
+        Mistake{"MOVE A TO B.",
+                "a.cpy:1:8: error: 'MOVE' begins neither a program nor a data description "
+                "[syntax]"},
+        Mistake{"01 A PIC X\n01 B PIC X.",
+                "a.cpy:1:18: error: the period at the end of the data description entry is missing "
+                "[period]"},
+        Mistake{"01 A PIC X.\n50 B PIC X.", "a.cpy:2:8: error: '50' is no level number [level]"},
+        Mistake{"01 A.\n 10 B PIC X.\n 05 C PIC X.",
+                "a.cpy:3:12: error: level 5 follows level 10 in the same group [level-order]"},
+        Mistake{"01 A.", "a.cpy:1:11: error: the item 'A' has no picture [picture-missing]"},
+        Mistake{"01 A PIC X.\n 05 B PIC X.",
+                "a.cpy:1:17: error: the item 'A' has a picture and items below it [picture]"},
+        Mistake{"01 A PIC X PIC X.",
+                "a.cpy:1:19: error: the entry has two PIC clauses [duplicate-clause]"},
+        Mistake{"01 A PIC 9Z.", "a.cpy:1:17: error: a suppressed zero follows a '9' [picture]"},
+        Mistake{"01 A PIC X COMP.",
+                "a.cpy:1:17: error: the picture doesn't go with the usage comp-4 [usage]"},
+        Mistake{"01 A PIC X USAGE FOO.", "a.cpy:1:25: error: 'FOO' is no usage [usage]"},
+        Mistake{"01 A PIC 9 JUST.",
+                "a.cpy:1:11: error: JUSTIFIED needs a picture of characters [clause]"},
+        Mistake{
+            "01 A.\n 05 B PIC X.\n 05 C PIC X.\n 05 D REDEFINES B PIC X.",
+            "a.cpy:4:24: error: REDEFINES names 'B', which isn't the item before it in the same "
+            "group [redefines]"},
+        Mistake{"01 A.\n 05 B PIC X OCCURS 2.\n 05 D REDEFINES B PIC X.",
+                "a.cpy:3:24: error: 'B' is a table and can't be redefined [redefines]"},
+        Mistake{"01 A PIC X OCCURS 1 TO 3 DEPENDING ON N.",
+                "a.cpy:1:46: error: 'N' is not defined [depending]"},
+        Mistake{"01 A PIC X OCCURS 0.", "a.cpy:1:19: error: the table occurs zero times [occurs]"},
+        Mistake{"01 A PIC X OCCURS 3 TO 2 DEPENDING ON B.\n01 B PIC 9.",
+                "a.cpy:1:19: error: OCCURS runs from a number to a smaller or equal one [occurs]"},
+        Mistake{"01 A PIC X VALUE .",
+                "a.cpy:1:25: error: VALUE is followed by '.', no literal [value]"},
+        Mistake{"01 A PIC X VALUE \"x.",
+                "a.cpy:1:25: error: the literal has no closing quote [literal]"},
+        Mistake{"01 A PIC X VALUE X\"4\".",
+                "a.cpy:1:25: error: 'X\"4\"' is no hexadecimal literal [literal]"},
+        Mistake{"01 A.\n 05 B PIC X.\n66 C RENAMES D.",
+                "a.cpy:3:21: error: 'D' is not defined [renames]"},
+        Mistake{"COPY M.", "a.cpy:1:13: error: copy member 'M' is not found [copy-missing]"},
+        Mistake{"COPY .",
+                "a.cpy:1:8: error: COPY is not followed by the name of a member [copy-syntax]"},
+        Mistake{"EXEC SQL SELECT", "a.cpy:1:8: error: END-EXEC is missing [exec-end]"},
+        Mistake{"01 :T:-A PIC X.",
+                "a.cpy:1:11: error: the name begins with a tag that nothing replaces [name]"},
+        Mistake{"01 A PIC X FOO BAR.",
+                "a.cpy:1:19: error: 'FOO' begins no clause of a data description [syntax]"},
+        Mistake{"78 K VALUE 1.\n78 K VALUE 2.",
+                "a.cpy:2:11: error: the constant 'K' is defined twice [constant]"}));
+
+TEST(Diagnostics, ShowTheLineTheCaretAndTheCopyChain) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed("COPY M.");
+  tree.files["M.cpy"] = "      * text\n       COPY N.\n";
+  tree.files["N.cpy"] = "       01\tA PIC Q.\n";
+  EXPECT_EQ(compile(tree).diagnostics,
+            "N.cpy:1:17: error: 'Q' is no symbol of a picture [picture]\n"
+            "         01 A PIC Q.\n"
+            "                  ^\n"
+            "M.cpy:2:13: note: copied from here\n"
+            "a.cpy:1:13: note: copied from here\n");
+}
+
+TEST(Diagnostics, StandInTheOrderOfTheSource) {
+  // The checker finds the first of them after the parser found the second.
+  std::string text = compile("01 A.\n01 B PIC Q.").diagnostics;
+  EXPECT_LT(text.find("picture-missing"), text.find("[picture]"));
+}
+
+TEST(Diagnostics, EndAfterAHundredErrors) {
+  std::string lines;
+  for (int i = 0; i < 150; ++i) lines += "01 A" + std::to_string(i) + ".\n";
+  std::string text = compile(lines).diagnostics;
+  std::size_t count = 0;
+  for (std::size_t at = 0; (at = text.find(": error: ", at)) != std::string::npos; ++at) ++count;
+  EXPECT_EQ(count, 100U);
+  EXPECT_TRUE(text.ends_with("zbc: 50 more errors are not shown\n"));
+}
+
+TEST(Diagnostics, WarnOfAnUnknownDirectiveOnce) {
+  Directives directives;
+  EXPECT_EQ(applyDirectives("frob noobj FROB", directives), std::nullopt);
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed("01 A PIC X.");
+  CompilationResult result = compile(tree, directives);
+  EXPECT_EQ(result.diagnostics, "zbc: warning: unknown directive 'FROB' [directive]\n");
+  EXPECT_EQ(result.status, kRight);
+}
+
+}  // namespace
+}  // namespace fdmorph::compiler

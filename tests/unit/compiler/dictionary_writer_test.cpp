@@ -1,0 +1,123 @@
+// Whole dictionaries.
+
+#include <gtest/gtest.h>
+
+#include "compiler/file_replacement.h"
+#include "support/compiled_source.h"
+#include "support/temporary_folder.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::string_view kHead = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
+
+TEST(DictionaryWriter, WritesARecord) {
+  EXPECT_EQ(compile("01 Rec.\n"
+                    " 05 a-b PIC X(5) JUST.\n"
+                    " 05 N PIC S9(5)V99 COMP-3 VALUE -1.5.\n"
+                    " 05 G OCCURS 3.\n"
+                    "  10 PIC ZZ9.")
+                .dictionary,
+            std::string(kHead) +
+                R"xml(<program name="a">
+   <dataItems>
+      <group name="Rec" level="1" length="18">
+         <alphanumeric name="a-b" level="5" usage="display" picture="X(5)" length="5" justified="right"/>
+         <numeric name="N" level="5" usage="comp-3" digits="7" alignment="2" picture="S9(5)V99" length="4" value="-1.5"/>
+         <group name="G" level="5" length="3" minOccurs="3" maxOccurs="3">
+            <numericEdited name="FILLER" level="10" usage="display" picture="ZZ9" length="3"/>
+         </group>
+      </group>
+   </dataItems>
+</program>
+)xml");
+}
+
+constexpr std::string_view kProgram =
+    "IDENTIFICATION DIVISION.\nPROGRAM-ID. P.\nDATA DIVISION.\nFILE SECTION.\n"
+    "FD F RECORDING MODE F.\n01 R PIC X.\nWORKING-STORAGE SECTION.\n01 W PIC X.\n"
+    "LINKAGE SECTION.\n01 L PIC X.\nPROCEDURE DIVISION.\n    STOP RUN.\n"
+    "IDENTIFICATION DIVISION.\nPROGRAM-ID. Q.";
+
+TEST(DictionaryWriter, WritesTheSectionsInTheOrderAskedFor) {
+  std::string item =
+      "<alphanumeric name=\"%\" level=\"1\" usage=\"display\" picture=\"X\""
+      " length=\"1\"/>\n";
+  auto named = [&item](char name) { return std::string(item).replace(item.find('%'), 1, 1, name); };
+  std::string storage = "   <dataItems>\n      " + named('W') + "   </dataItems>\n";
+  std::string files = "   <fileSection>\n      <fd name=\"F\">\n         " + named('R') +
+                      "      </fd>\n   </fileSection>\n";
+  std::string program = std::string(kHead) + "<program name=\"P\">\n";
+  EXPECT_EQ(compile(kProgram).dictionary, program + storage + files + "</program>\n");
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed(kProgram);
+  Directives directives;
+  directives.order = DictionaryOrder::filesFirst;
+  EXPECT_EQ(compile(tree, directives).dictionary, program + files + storage + "</program>\n");
+}
+
+TEST(DictionaryWriter, WritesConditionsUnderTheirItem) {
+  std::string dictionary =
+      compile("01 A PIC 9.\n 88 B VALUE 1 3 THRU 5.\n01 C PIC XX.\n 88 D VALUE ZERO \"x\"\"y\".")
+          .dictionary;
+  EXPECT_NE(dictionary.find(R"(         <numericCondition name="B">
+            <numericConstant value="1"/>
+            <numericRange from="3" to="5"/>
+         </numericCondition>
+)"),
+            std::string::npos);
+  EXPECT_NE(dictionary.find(R"(         <alphanumericCondition name="D">
+            <alphanumericConstant value="00"/>
+            <alphanumericConstant value="x&quot;y"/>
+         </alphanumericCondition>
+)"),
+            std::string::npos);
+}
+
+TEST(DictionaryWriter, NamesTheObjectOfATableInFull) {
+  std::string dictionary =
+      compile("01 R.\n 05 .\n  10 N PIC 9.\n 05 T PIC X OCCURS 1 TO 5 DEPENDING ON N.").dictionary;
+  EXPECT_EQ(attributeOf(dictionary, "T", "odo"), "R.FILLER.N");
+  EXPECT_EQ(attributeOf(dictionary, "T", "minOccurs"), "1");
+  EXPECT_EQ(attributeOf(dictionary, "T", "maxOccurs"), "5");
+}
+
+TEST(DictionaryWriter, SaysThatAGroupDoesNotRepeat) {
+  std::string dictionary = compile("01 R.\n 05 G.\n  10 A PIC X.").dictionary;
+  EXPECT_EQ(attributeOf(dictionary, "R", "maxOccurs"), std::nullopt);
+  EXPECT_EQ(attributeOf(dictionary, "G", "maxOccurs"), "1");
+  EXPECT_EQ(attributeOf(dictionary, "A", "maxOccurs"), std::nullopt);
+}
+
+TEST(DictionaryWriter, HoldsTheItemsOfACopybookTogetherThatBeginsBelowLevel01) {
+  std::string dictionary = compile("05 A PIC X(2).\n05 B PIC X(3).").dictionary;
+  EXPECT_NE(dictionary.find("      <group name=\"FILLER\" level=\"1\" length=\"5\">\n"),
+            std::string::npos);
+}
+
+TEST(DictionaryWriter, IsNotThereAfterAnError) {
+  CompilationResult result = compile("01 A.");
+  EXPECT_EQ(result.status, kWrong);
+  EXPECT_EQ(result.dictionary, "");
+}
+
+TEST(DictionaryWriter, LeavesValuesOutThatXmlCannotHold) {
+  std::string dictionary = compile(
+                               "01 A PIC X VALUE LOW-VALUE.\n01 B PIC X VALUE X\"00\".\n"
+                               "01 C PIC X VALUE X\"41\".")
+                               .dictionary;
+  EXPECT_EQ(attributeOf(dictionary, "A", "value"), std::nullopt);
+  EXPECT_EQ(attributeOf(dictionary, "B", "value"), std::nullopt);
+  EXPECT_EQ(attributeOf(dictionary, "C", "value"), "A");
+}
+
+TEST(FileReplacement, WritesAFileOrLeavesNothing) {
+  TemporaryFolder folder;
+  EXPECT_TRUE(replaceFile(folder.path("a.xml"), "one"));
+  EXPECT_TRUE(replaceFile(folder.path("a.xml"), "two"));
+  EXPECT_EQ(folder.read("a.xml"), "two");
+  EXPECT_FALSE(replaceFile(folder.path("none/a.xml"), "three"));
+}
+
+}  // namespace
+}  // namespace fdmorph::compiler

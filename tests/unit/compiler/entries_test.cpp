@@ -1,0 +1,78 @@
+// Data description entries.
+
+#include <gtest/gtest.h>
+
+#include "support/compiled_source.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+std::optional<std::string> attribute(std::string_view lines, std::string const& name,
+                                     std::string const& which) {
+  return attributeOf(compile(lines).dictionary, name, which);
+}
+
+TEST(Entries, MayHaveKeywordsForNames) {
+  char const* lines =
+      "01 VALUE PIC X.\n01 INDEX PIC 9.\n01 ADDRESS PIC X.\n01 DATE PIC X.\n"
+      "01 SIGN PIC X.\n01 OCCURS PIC X.";
+  for (char const* name : {"VALUE", "INDEX", "ADDRESS", "DATE", "SIGN", "OCCURS"}) {
+    EXPECT_EQ(attribute(lines, name, "length"), "1") << name;
+  }
+}
+
+TEST(Entries, TakeClausesInAnyOrder) {
+  char const* lines = "01 A VALUE 5 OCCURS 2 TIMES COMP-3 PIC S9(3).";
+  EXPECT_EQ(attribute(lines, "A", "usage"), "comp-3");
+  EXPECT_EQ(attribute(lines, "A", "maxOccurs"), "2");
+  EXPECT_EQ(attribute(lines, "A", "value"), "5");
+}
+
+TEST(Entries, NameTheUsagesOfTheDictionary) {
+  for (char const* usage : {"COMP", "BINARY", "COMPUTATIONAL-4"}) {
+    EXPECT_EQ(attribute("01 A PIC 9 " + std::string(usage) + ".", "A", "usage"), "comp-4");
+  }
+  EXPECT_EQ(attribute("01 A PIC 9 PACKED-DECIMAL.", "A", "usage"), "comp-3");
+  EXPECT_EQ(attribute("01 A USAGE IS POINTER.", "A", "usage"), "pointer");
+  EXPECT_EQ(attribute("01 A PIC 9.", "A", "usage"), "display");
+}
+
+TEST(Entries, ResolveConstants) {
+  char const* lines = "78 K VALUE 2 * 3 + 1.\n01 L CONSTANT AS 3.\n01 A PIC X(K) OCCURS L.";
+  EXPECT_EQ(attribute(lines, "A", "picture"), "X(7)");
+  EXPECT_EQ(attribute(lines, "A", "maxOccurs"), "3");
+}
+
+TEST(Entries, TellThePositionOfTheSign) {
+  EXPECT_EQ(attribute("01 A PIC S9 SIGN LEADING.", "A", "sign"), "li");
+  EXPECT_EQ(attribute("01 A PIC S9 LEADING SEPARATE CHARACTER.", "A", "sign"), "ls");
+  EXPECT_EQ(attribute("01 A PIC S9 SIGN IS TRAILING SEPARATE.", "A", "sign"), "ts");
+  EXPECT_EQ(attribute("01 A PIC S9.", "A", "sign"), std::nullopt);
+}
+
+TEST(Entries, ReadNumbersWithADecimalComma) {
+  char const* lines =
+      "ENVIRONMENT DIVISION.\nCONFIGURATION SECTION.\nSPECIAL-NAMES.\n"
+      "    DECIMAL-POINT IS COMMA.\nDATA DIVISION.\nWORKING-STORAGE SECTION.\n"
+      "01 A PIC 9,9 VALUE 1,5.\n01 B PIC 9V9 VALUE 1,5, .";
+  EXPECT_EQ(attribute(lines, "A", "picture"), "9,9");
+  EXPECT_EQ(attribute(lines, "B", "value"), "1,5");
+}
+
+TEST(Entries, OfRenamesSpanTheirItems) {
+  char const* lines = "01 A.\n 05 B PIC XX.\n 05 C PIC 9(3).\n 05 D PIC X.\n66 R RENAMES B THRU C.";
+  EXPECT_EQ(attribute(lines, "R", "length"), "5");
+  EXPECT_EQ(attribute(lines, "R", "renames"), "true");
+}
+
+TEST(Entries, MayBeDeepAndManyWithoutHarm) {
+  std::string lines;
+  for (int level = 1; level <= 49; ++level) {
+    lines += (level < 10 ? "0" : "") + std::to_string(level) + " G" + std::to_string(level) +
+             (level == 49 ? " PIC X(3).\n" : ".\n");
+  }
+  EXPECT_EQ(attribute(lines, "G1", "length"), "3");
+}
+
+}  // namespace
+}  // namespace fdmorph::compiler

@@ -1,0 +1,100 @@
+// Sizes and places of items.
+
+#include <gtest/gtest.h>
+
+#include "support/compiled_source.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+TEST(Layout, OfBinaryItemsFollowsTheirDigits) {
+  for (auto [digits, size] : {std::pair{"2", "1"},
+                              {"3", "2"},
+                              {"4", "2"},
+                              {"5", "4"},
+                              {"9", "4"},
+                              {"10", "8"},
+                              {"18", "8"}}) {
+    EXPECT_EQ(lengthOf("01 A PIC S9(" + std::string(digits) + ") COMP.", "A"), size);
+  }
+}
+
+TEST(Layout, OfCompXTakesAsFewBytesAsItCan) {
+  EXPECT_EQ(lengthOf("01 A PIC 9(5) COMP-X.", "A"), "3");
+  EXPECT_EQ(lengthOf("01 A PIC 9(7) COMP-X.", "A"), "3");
+  EXPECT_EQ(lengthOf("01 A PIC S9(7) COMP-X.", "A"), "4");
+  EXPECT_EQ(lengthOf("01 A PIC X(3) COMP-X.", "A"), "3");
+  EXPECT_EQ(lengthOf("01 A PIC X(3) COMP-5.", "A"), "4");
+}
+
+TEST(Layout, OfPackedItemsHasTwoDigitsAByteAndASign) {
+  EXPECT_EQ(lengthOf("01 A PIC S9(7)V99 COMP-3.", "A"), "5");
+  EXPECT_EQ(lengthOf("01 A PIC 9(4) PACKED-DECIMAL.", "A"), "3");
+  EXPECT_EQ(lengthOf("01 A PIC 9(4) COMP-6.", "A"), "2");
+}
+
+TEST(Layout, OfFixedUsages) {
+  EXPECT_EQ(lengthOf("01 A COMP-1.", "A"), "4");
+  EXPECT_EQ(lengthOf("01 A COMP-2.", "A"), "8");
+  EXPECT_EQ(lengthOf("01 A INDEX.", "A"), "4");
+  EXPECT_EQ(lengthOf("01 A POINTER.", "A"), "8");
+}
+
+TEST(Layout, OfNationalItemsHasTwoBytesACharacter) {
+  EXPECT_EQ(lengthOf("01 A PIC N(5).", "A"), "10");
+}
+
+TEST(Layout, OfASeparateSignTakesAByte) {
+  EXPECT_EQ(lengthOf("01 A PIC S9(3) SIGN LEADING SEPARATE.", "A"), "4");
+  // The sign of the group is that of its signed items of usage DISPLAY.
+  char const* group =
+      "01 G SIGN TRAILING SEPARATE.\n 05 A PIC S9(3).\n"
+      " 05 B PIC 9(3).\n 05 C PIC S9(3) COMP.";
+  EXPECT_EQ(lengthOf(group, "A"), "4");
+  EXPECT_EQ(lengthOf(group, "B"), "3");
+  EXPECT_EQ(lengthOf(group, "C"), "2");
+}
+
+TEST(Layout, HandsTheUsageOfAGroupOn) {
+  EXPECT_EQ(lengthOf("01 G COMP-3.\n 05 A PIC 9(5).", "A"), "3");
+}
+
+TEST(Layout, OfAGroupHoldsItsTables) {
+  EXPECT_EQ(lengthOf("01 G.\n 05 A PIC X(3) OCCURS 4.\n 05 B OCCURS 2.\n  10 C PIC X(5).", "G"),
+            "22");
+}
+
+TEST(Layout, OfARedefinitionTakesNoRoom) {
+  EXPECT_EQ(lengthOf("01 G.\n 05 A PIC X(8).\n 05 B REDEFINES A PIC 9(4).\n 05 C PIC X.", "G"),
+            "9");
+}
+
+TEST(Layout, OfALargerRedefinitionGrowsTheGroup) {
+  CompilationResult result = compile("01 G.\n 05 A PIC X(2).\n 05 B REDEFINES A PIC X(5).");
+  EXPECT_EQ(attributeOf(result.dictionary, "G", "length"), "5");
+  EXPECT_NE(result.diagnostics.find("[redefines-size]"), std::string::npos);
+}
+
+TEST(Layout, MovesSynchronizedItemsUp) {
+  // 1 + 3 of slack + 4, and 1 + 7 of slack + 8.
+  EXPECT_EQ(lengthOf("01 G.\n 05 A PIC X.\n 05 B PIC 9(9) COMP SYNC.", "G"), "8");
+  EXPECT_EQ(lengthOf("01 G.\n 05 A PIC X.\n 05 B COMP-2 SYNC.", "G"), "16");
+  EXPECT_EQ(lengthOf("01 G.\n 05 A PIC X.\n 05 B PIC 9(5) COMP-3 SYNC.", "G"), "4");
+}
+
+TEST(Layout, FillsOccurrencesOfSynchronizedItemsUp) {
+  // 4 and 1, then 3 so that the next 4 lies alike.
+  EXPECT_EQ(lengthOf("01 G.\n 05 T OCCURS 3.\n  10 A PIC 9(9) COMP SYNC.\n  10 B PIC X.", "T"),
+            "8");
+}
+
+TEST(Layout, HasALimit) {
+  CompilationResult result = compile("01 A PIC X(2147483647) OCCURS 2.");
+  EXPECT_EQ(result.diagnostics,
+            "a.cpy:1:11: error: the item is larger than 2 GB [size]\n"
+            "         01 A PIC X(2147483647) OCCURS 2.\n"
+            "            ^\n");
+}
+
+}  // namespace
+}  // namespace fdmorph::compiler

@@ -1,0 +1,24 @@
+// The codes of diagnostics and their documentation.
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "compiler/diagnostic_codes.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+TEST(ManPage, DocumentsEveryCode) {
+  std::ifstream file(ZBC_MAN_PAGE);
+  std::stringstream page;
+  page << file.rdbuf();
+  for (CodeEntry const* entry = codesBegin(); entry != codesEnd(); ++entry) {
+    std::string line = "\n.B " + std::string(entry->text) + "\n";
+    EXPECT_NE(page.str().find(line), std::string::npos) << entry->text;
+  }
+}
+
+}  // namespace
+}  // namespace fdmorph::compiler

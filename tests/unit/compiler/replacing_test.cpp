@@ -1,0 +1,106 @@
+// COPY with REPLACING, and REPLACE.
+
+#include <gtest/gtest.h>
+
+#include "support/compiled_source.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+class Replacing : public testing::Test {
+ protected:
+  /// Compiles `main` with the member M.
+  std::string copy(std::string_view main, std::string_view member) {
+    tree.files["a.cpy"] = fixed(main);
+    tree.files["M.cpy"] = fixed(member);
+    result = compile(tree);
+    return result.dictionary;
+  }
+
+  MemoryTree tree;
+  CompilationResult result;
+};
+
+TEST_F(Replacing, CompletesWordsByTags) {
+  std::string dictionary =
+      copy("COPY M REPLACING ==:T:== BY ==CUST==.", "01 :T:-A PIC X.\n01 B-:T:-C PIC X.");
+  EXPECT_TRUE(attributeOf(dictionary, "CUST-A", "length"));
+  EXPECT_TRUE(attributeOf(dictionary, "B-CUST-C", "length"));
+}
+
+TEST_F(Replacing, LeavesLongerWordsAlone) {
+  std::string dictionary = copy("COPY M REPLACING A BY B.", "01 A PIC X(2).\n01 A-A PIC X(3).");
+  EXPECT_EQ(attributeOf(dictionary, "B", "length"), "2");
+  EXPECT_EQ(attributeOf(dictionary, "A-A", "length"), "3");
+}
+
+TEST_F(Replacing, LeavesAPictureAloneThatOnlyBeginsWithTheWord) {
+  std::string dictionary = copy("COPY M REPLACING X BY 9.", "01 A PIC X(2).\n01 B PIC X.");
+  EXPECT_EQ(attributeOf(dictionary, "A", "picture"), "X(2)");
+  EXPECT_EQ(attributeOf(dictionary, "B", "picture"), "9");
+}
+
+TEST_F(Replacing, ReachesIntoThePartsOfAPicture) {
+  std::string dictionary = copy("COPY M REPLACING ==9(3)== BY ==9(4)== ==:N:== BY ==7==.",
+                                "01 A PIC 9(3)V99.\n01 B PIC X(:N:).");
+  EXPECT_EQ(attributeOf(dictionary, "A", "picture"), "9(4)V99");
+  EXPECT_EQ(attributeOf(dictionary, "B", "picture"), "X(7)");
+}
+
+TEST_F(Replacing, ChangesPartsOfWords) {
+  std::string dictionary = copy(
+      "COPY M REPLACING LEADING ==A-== BY ==B-==\n"
+      "TRAILING ==-X== BY ====.",
+      "01 A-C PIC X.\n01 D-X PIC X.");
+  EXPECT_TRUE(attributeOf(dictionary, "B-C", "length"));
+  EXPECT_TRUE(attributeOf(dictionary, "D", "length"));
+}
+
+TEST_F(Replacing, TakesTheFirstThatFits) {
+  std::string dictionary =
+      copy("COPY M REPLACING ==PIC X== BY ==PIC 9== ==PIC== BY ==PICTURE A==.", "01 A PIC X.");
+  EXPECT_EQ(attributeOf(dictionary, "A", "picture"), "9");
+}
+
+TEST_F(Replacing, DoesNotReplaceWhatItReplaced) {
+  std::string dictionary = copy("COPY M REPLACING A BY B, B BY A.", "01 A PIC X.\n01 B PIC XX.");
+  EXPECT_EQ(attributeOf(dictionary, "B", "length"), "1");
+  EXPECT_EQ(attributeOf(dictionary, "A", "length"), "2");
+}
+
+TEST_F(Replacing, ReachesNestedMembers) {
+  tree.files["N.cpy"] = fixed("01 :T:-N PIC X.");
+  EXPECT_TRUE(attributeOf(copy("COPY M REPLACING ==:T:== BY ==Q==.", "COPY N."), "Q-N", "length"));
+}
+
+TEST_F(Replacing, HoldsFromReplaceToReplaceOff) {
+  std::string dictionary =
+      copy("REPLACE ==P== BY ==PIC XX==.\n01 A P.\nREPLACE OFF.\n01 P PIC X.", "");
+  EXPECT_EQ(attributeOf(dictionary, "A", "length"), "2");
+  EXPECT_EQ(attributeOf(dictionary, "P", "length"), "1");
+}
+
+TEST_F(Replacing, ReportsAMemberThatCopiesItself) {
+  copy("COPY M.", "COPY M.");
+  EXPECT_EQ(result.diagnostics,
+            "M.cpy:1:13: error: copy member 'M.cpy' copies itself [copy-circle]\n"
+            "         COPY M.\n"
+            "              ^\n"
+            "a.cpy:1:13: note: copied from here\n");
+}
+
+TEST_F(Replacing, FindsMembersOfALibraryAndInAnyCase) {
+  tree.files["lib/part.CPY"] = fixed("01 A PIC X.");
+  EXPECT_TRUE(attributeOf(copy("COPY PART OF LIB.", ""), "A", "length"));
+}
+
+TEST_F(Replacing, PassesEmbeddedStatementsOver) {
+  std::string dictionary =
+      copy("EXEC SQL DECLARE C CURSOR FOR SELECT 'x' END-EXEC.\nEXEC SQL INCLUDE M END-EXEC.",
+           "01 A PIC X.");
+  EXPECT_EQ(result.diagnostics, "");
+  EXPECT_TRUE(attributeOf(dictionary, "A", "length"));
+}
+
+}  // namespace
+}  // namespace fdmorph::compiler

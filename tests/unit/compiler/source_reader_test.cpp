@@ -1,0 +1,94 @@
+// From lines to running text.
+
+#include <gtest/gtest.h>
+
+#include "compiler/source_reader.h"
+#include "support/compiled_source.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+class SourceReader : public testing::Test {
+ protected:
+  std::string read(std::string_view content, Format format = Format::fixed, unsigned tabs = 8) {
+    result = readSource(content, {format, tabs}, 1, diagnostics);
+    return result.text;
+  }
+
+  MemoryTree tree;
+  Sources sources{tree};
+  Diagnostics diagnostics{sources};
+  ReadText result;
+};
+
+TEST_F(SourceReader, TakesColumns8To72OfAFixedLine) {
+  std::string line = "123456 " + std::string(65, 'x') + "LABEL678";
+  EXPECT_EQ(read(line + "\n"), "\n" + std::string(65, 'x') + "\n");
+}
+
+TEST_F(SourceReader, TakesTheWholeLineInVariableFormat) {
+  std::string line = "123456 " + std::string(80, 'x');
+  EXPECT_EQ(read(line, Format::variable), "\n" + std::string(80, 'x') + "\n");
+}
+
+TEST_F(SourceReader, DropsCommentsAndLinesOfOtherCompilers) {
+  EXPECT_EQ(read("      * no\n      / no\n      D no\n      c no\n       yes *> no\n"), "\nyes\n");
+  EXPECT_FALSE(diagnostics.hasErrors());
+}
+
+TEST_F(SourceReader, KeepsACommentMarkInALiteral) {
+  EXPECT_EQ(read("       VALUE \"a *> b\"\n"), "\nVALUE \"a *> b\"\n");
+}
+
+TEST_F(SourceReader, ReportsAnUnknownIndicator) {
+  EXPECT_EQ(read("      7 no\n"), "\n");
+  EXPECT_EQ(diagnostics.errorCount(), 1U);
+}
+
+TEST_F(SourceReader, JoinsAContinuedWord) {
+  EXPECT_EQ(read("       LONG-\n      -    NAME PIC X.\n"), "\nLONG-NAME PIC X.\n");
+}
+
+TEST_F(SourceReader, FillsAContinuedLiteralUpToColumn72) {
+  std::string first = "       VALUE \"ab";
+  std::string blanks(72 - first.size(), ' ');
+  EXPECT_EQ(read(first + "\n      -    \"cd\".\n"), "\nVALUE \"ab" + blanks + "cd\".\n");
+}
+
+TEST_F(SourceReader, JoinsADoubledQuoteThatTheMarginCuts) {
+  std::string first = "       \"" + std::string(63, 'x') + "\"";
+  ASSERT_EQ(first.size(), 72U);
+  EXPECT_EQ(read(first + "\n      -    \"\"y\"\n"), "\n\"" + std::string(63, 'x') + "\"\"y\"\n");
+}
+
+TEST_F(SourceReader, ExpandsTabs) {
+  // The tab of the first column ends at column 9, the second one at column 17.
+  EXPECT_EQ(read("\tA\tB\n"), "\n A       B\n");
+  // The A ends at a stop; the tab goes on to the next one.
+  EXPECT_EQ(read("       A\tB\n", Format::fixed, 4), "\nA    B\n");
+}
+
+TEST_F(SourceReader, ChangesTheFormatByDirective) {
+  EXPECT_EQ(read("       a\n       >>SOURCE FORMAT IS FREE\nb *> c\n>>SOURCE FIXED\n       d\n"),
+            "\na\nb\nd\n");
+  EXPECT_EQ(read("      $SET SOURCEFORMAT\"FREE\"\nb\n"), "\nb\n");
+  EXPECT_EQ(result.endFormat, Format::free);
+}
+
+TEST_F(SourceReader, KnowsTheByteOfEachCharacter) {
+  std::string content = "      * comment\r\n       AB\r\n      -   CD\r\n";
+  ASSERT_EQ(read(content), "\nABCD\n");
+  auto offsetOf = [this](std::size_t at) {
+    ReadText::Piece best{};
+    for (ReadText::Piece piece : result.pieces) {
+      if (piece.at <= at) best = piece;
+    }
+    return best.offset + (at - best.at);
+  };
+  EXPECT_EQ(offsetOf(1), content.find("AB"));
+  EXPECT_EQ(offsetOf(3), content.find("CD"));
+  EXPECT_EQ(offsetOf(4), content.find("CD") + 1);
+}
+
+}  // namespace
+}  // namespace fdmorph::compiler

@@ -1,0 +1,69 @@
+// Sources from memory, and what the compiler makes of them.
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "compiler/compilation.h"
+
+namespace fdmorph::compiler {
+
+class MemoryTree : public FileTree {
+ public:
+  std::optional<std::string> read(std::string const& path) override {
+    auto found = files.find(path);
+    if (found == files.end()) return std::nullopt;
+    return found->second;
+  }
+
+  std::map<std::string, std::string> files;
+};
+
+/// `lines` moved to column 8.
+inline std::string fixed(std::string_view lines) {
+  std::string text;
+  while (!lines.empty()) {
+    std::size_t end = lines.find('\n');
+    text += "       " + std::string(lines.substr(0, end)) + "\n";
+    if (end == std::string_view::npos) break;
+    lines.remove_prefix(end + 1);
+  }
+  return text;
+}
+
+/// Compiles the file a.cpy of `tree`.
+inline CompilationResult compile(MemoryTree& tree, Directives directives = {}) {
+  directives.writesDictionary = true;
+  return compileSource("a.cpy", directives, tree);
+}
+
+/// Compiles a bare copybook, its lines written from column 8 on.
+inline CompilationResult compile(std::string_view lines) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed(lines);
+  return compile(tree);
+}
+
+/// The value of an attribute of the item `name` in a dictionary; nothing if
+/// one of them is missing.
+inline std::optional<std::string> attributeOf(std::string const& dictionary,
+                                              std::string const& name,
+                                              std::string const& attribute) {
+  std::size_t begin = dictionary.find(" name=\"" + name + "\"");
+  if (begin == std::string::npos) return std::nullopt;
+  std::string tag = dictionary.substr(begin, dictionary.find('\n', begin) - begin);
+  std::size_t value = tag.find(" " + attribute + "=\"");
+  if (value == std::string::npos) return std::nullopt;
+  value += attribute.size() + 3;
+  return tag.substr(value, tag.find('"', value) - value);
+}
+
+/// The size of an item of a copybook without errors.
+inline std::string lengthOf(std::string_view lines, std::string const& name) {
+  CompilationResult result = compile(lines);
+  return attributeOf(result.dictionary, name, "length").value_or(result.diagnostics);
+}
+
+}  // namespace fdmorph::compiler
