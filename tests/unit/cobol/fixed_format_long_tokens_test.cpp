@@ -94,8 +94,9 @@ TEST(LongLiteral, BreakAtABlankIsAnOrdinaryMove) {
 
 // 254 blanks are a token that is too long for a line: 62 on a line of its own,
 // three times 62 behind a hyphen, and 6 that reach column 16.
-std::string const kTokenOfBlanks = "\n" + blanks(72) + kContinued + blanks(62) + kContinued +
-                                   blanks(62) + kContinued + blanks(62) + kContinued + blanks(6);
+std::string const kTokenOfBlanks = std::string("\n") + blanks(72) + kContinued + blanks(62) +
+                                   kContinued + blanks(62) + kContinued + blanks(62) + kContinued +
+                                   blanks(6);
 
 TEST(ManyBlanks, AreOneTokenUpTo254) {
   EXPECT_EQ(layOut(blanks(7) + "a" + blanks(254) + "b"), blanks(7) + "a" + kTokenOfBlanks + "b\n");
