@@ -47,11 +47,11 @@ class DictionaryRun:
         source.touch()
         self.compiler = [COMPILER, source]
         self.ours = [bench.fdmorph, "-noprompt", "-x", self.outputs[0], "-c", self.outputs[1]]
-        self.library = [bench.bare, "document", self.dictionary]
+        self.bare_reads = [bench.bare, "document", self.dictionary]
         if mapping != "none":
             file = place / f"{mapping}-map.xml"
             self.ours += ["-m", file]
-            self.library.append(self.keep_mapping(file, mapping, source))
+            self.bare_reads.append(self.keep_mapping(file, mapping, source))
         self.ours.append(source)
 
     def keep_mapping(self, file, mapping, source):
@@ -90,7 +90,7 @@ class DictionaryRun:
     def own_parts(self):
         """Usages of our runs, and our own part of each."""
         self.prepare()
-        commands = [self.ours, self.library]
+        commands = [self.ours, self.bare_reads]
         if not self.bench.counts_instructions:  # which leave the compiler out
             commands.append(self.compiler)
         samples = self.bench.alternate(*commands)
@@ -125,7 +125,7 @@ def cost_row(kind, mapping, sizes, quick):
             yield result_of(bench, f"{name} {size:,}", own, run.parses(), COST_GOAL, usages)
             if bench.counts_instructions:
                 written = run.count(run.ours, GENERATE)
-                parse = run.count(run.library[:3], PARSE)
+                parse = run.count(run.bare_reads[:3], PARSE)
                 label = f"{name} {size:,}, writing alone"
                 costs = [written.cost], [parse.cost]
                 yield result_of(bench, label, *costs, COST_GOAL, [written])
