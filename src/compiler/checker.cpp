@@ -29,6 +29,8 @@ void Checker::check() {
   checkRecords(m_data.localStorage);
   checkRecords(m_data.linkage);
   if (m_hasReferences) checkReferences();
+  checkFiles();
+  checkLengths();
 }
 
 void Checker::checkRecords(RecordList const& records) {
@@ -48,7 +50,9 @@ void Checker::checkSiblings(DataItem* first) {
   Redefinitions redefinitions(m_diagnostics);
   for (DataItem* item = first; item != nullptr; item = item->next) {
     bool isRenames = item->level == kRenamesLevel;
-    if (isRenames || (item->occurs && item->occurs->isDepending)) m_hasReferences = true;
+    bool isTableWithNames =
+        item->occurs && (item->occurs->isDepending || !item->occurs->keys.empty());
+    if (isRenames || isTableWithNames) m_hasReferences = true;
     if (isRenames) continue;
     redefinitions.visit(*item);
     inherit(*item);
@@ -57,18 +61,12 @@ void Checker::checkSiblings(DataItem* first) {
   }
 }
 
-void Checker::inherit(DataItem& item) {
-  DataItem const* group = item.parent;
-  bool hasUsage = item.usage != Usage::none;
-  bool hasSign = item.sign.position != SignPosition::none;
-  item.effectiveUsage = hasUsage || group == nullptr ? item.usage : group->effectiveUsage;
-  item.effectiveSign = hasSign || group == nullptr ? item.sign : group->effectiveSign;
-}
-
 void Checker::checkReferences() {
   NameIndex index(m_data);
+  index.extend(m_data.items.size());
   for (DataItem& item : m_data.items) {
     if (item.occurs && item.occurs->isDepending) checkDepending(item, index);
+    if (item.occurs) checkKeys(item, index);
     if (item.level == kRenamesLevel && item.parent != nullptr) checkRenames(item, index);
   }
 }
@@ -99,6 +97,37 @@ void Checker::checkDepending(DataItem& item, NameIndex& index) {
     report(" stands in a table and can't tell the size of another one");
   }
   item.dependingOn = object;
+}
+
+// A key is the table itself or stands in it.
+void Checker::checkKeys(DataItem const& item, NameIndex& index) {
+  for (QualifiedName const& key : item.occurs->keys) {
+    if (key.name.empty() || index.isInside(key, item)) continue;
+    m_diagnostics.report(Code::occurs, key.place,
+                         "the key " + quoted(key.name) + " doesn't stand in the table");
+  }
+}
+
+// A constant may have taken the length of a group that wasn't complete.
+void Checker::checkLengths() {
+  for (TakenLength const& each : m_data.lengths) {
+    if (each.item->size * each.item->occurrences() == each.size) continue;
+    m_diagnostics.report(
+        Code::constant, each.place,
+        "the length of " + quoted(each.item->name) + " is taken before its last item");
+  }
+}
+
+void Checker::checkFiles() {
+  if (!m_data.isProgram) return;  // the name may stand in what copies the file
+  NameIndex index(m_data);
+  for (FileDescription const& file : m_data.files) {
+    if (file.depending.name.empty()) continue;
+    index.extend(m_data.items.size());
+    DataItem* object = nullptr;
+    NameIndex::Outcome outcome = index.resolveAnywhere(file.depending, object);
+    if (outcome != NameIndex::Outcome::found) reportName(Code::depending, file.depending, outcome);
+  }
 }
 
 void Checker::checkRenames(DataItem& item, NameIndex& index) {

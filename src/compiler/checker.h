@@ -22,9 +22,11 @@ class Checker {
  private:
   void checkRecords(RecordList const& records);
   void checkSiblings(DataItem* first);
-  void inherit(DataItem& item);
   void checkReferences();
   void checkDepending(DataItem& item, NameIndex& index);
+  void checkKeys(DataItem const& item, NameIndex& index);
+  void checkFiles();
+  void checkLengths();
   void checkRenames(DataItem& item, NameIndex& index);
   void reportName(Code code, QualifiedName const& name, NameIndex::Outcome outcome);
 

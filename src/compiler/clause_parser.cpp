@@ -72,11 +72,13 @@ bool Parser::parseClause(Entry& entry) {
       return true;
     case Keyword::external:
       once(entry, kExternal, take());
+      checkIsRecord(item, token);
       // AS "name"
       if (skip(Keyword::as) && peek().kind == Token::Kind::literal) take();
       return true;
     case Keyword::global:
       once(entry, kGlobal, take());
+      checkIsRecord(item, token);
       return true;
     case Keyword::volatileWord:
       once(entry, kVolatile, take());
@@ -95,6 +97,12 @@ void Parser::once(Entry& entry, Clause clause, Token const& token) {
           "the entry has two " + upperCase(token.text) + " clauses");
   }
   entry.seen |= clause;
+}
+
+// Storage is shared between programs by whole records.
+void Parser::checkIsRecord(DataItem const& item, Token const& clause) {
+  if (item.level == 1 || item.level == 77) return;
+  error(Code::clause, clause.place, upperCase(clause.text) + " needs an item of level 01 or 77");
 }
 
 bool Parser::parseName(std::string_view& name) {
@@ -171,7 +179,7 @@ void Parser::parseUsage(Entry& entry, Token const& token) {
       break;
     case Usage::display:
       // DISPLAY NATIVE
-      if (equalsBlindly(peek().text, "NATIVE")) take();
+      skipWord("NATIVE");
       break;
     default:
       break;

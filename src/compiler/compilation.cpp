@@ -17,8 +17,10 @@ std::string_view baseName(std::string_view path) {
   return dot == std::string_view::npos || dot == 0 ? name : name.substr(0, dot);
 }
 
-void print(std::FILE* stream, std::string const& text) {
-  std::fwrite(text.data(), 1, text.size(), stream);
+// Returns false if the text didn't get out.
+bool print(std::FILE* stream, std::string const& text) {
+  return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
+         std::fflush(stream) == 0;
 }
 
 }  // namespace
@@ -64,11 +66,9 @@ int runCompiler(std::vector<std::string> const& arguments) {
   CommandLine line = readCommandLine(arguments, tree);
   switch (line.action) {
     case CommandLine::Action::help:
-      print(stdout, usageText());
-      return kRight;
+      return print(stdout, usageText()) ? kRight : kWrong;
     case CommandLine::Action::version:
-      print(stdout, std::string("zbc ") + kVersion + "\n");
-      return kRight;
+      return print(stdout, std::string("zbc ") + kVersion + "\n") ? kRight : kWrong;
     case CommandLine::Action::usageError:
       print(stderr, "zbc: " + line.mistake + "\n" + usageText());
       return kUsageError;

@@ -60,6 +60,7 @@ struct OccursClause {
   std::uint64_t most = 1;
   bool isDepending = false;
   QualifiedName depending;
+  std::vector<QualifiedName> keys;  ///< ASCENDING and DESCENDING KEY
   Place place;
 };
 
@@ -116,14 +117,24 @@ struct FileDescription {
   std::string_view name;
   Place place;
   RecordList records;
+  QualifiedName depending = {};  ///< of RECORD VARYING; without a name if there is none
+};
+
+/// The length of an item as a constant got it, while the item may have grown.
+struct TakenLength {
+  DataItem const* item;
+  std::uint64_t size;  ///< bytes of all its occurrences
+  Place place;
 };
 
 /// The data division of one program.
 struct DataDivision {
+  bool isProgram = false;  ///< a division's header was there: no bare copybook
   std::string_view programName;
   std::deque<DataItem> items;  ///< owns all of them, in the order of the source
   std::deque<Picture> pictures;
   std::deque<FileDescription> files;
+  std::vector<TakenLength> lengths;
   RecordList workingStorage;  ///< also the records of a bare copybook
   RecordList localStorage;
   RecordList linkage;

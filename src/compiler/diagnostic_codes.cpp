@@ -16,6 +16,7 @@ constexpr std::array kCodes{
     CodeEntry{Code::copyLimit, "copy-limit", true},
     CodeEntry{Code::replaceSyntax, "replace-syntax", true},
     CodeEntry{Code::execEnd, "exec-end", true},
+    CodeEntry{Code::conditional, "conditional", true},
     CodeEntry{Code::syntax, "syntax", true},
     CodeEntry{Code::period, "period", true},
     CodeEntry{Code::level, "level", true},

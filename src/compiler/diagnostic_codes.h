@@ -16,6 +16,7 @@ enum class Code {
   copyLimit,
   replaceSyntax,
   execEnd,
+  conditional,
   syntax,
   period,
   level,

@@ -3,10 +3,16 @@
 #include <algorithm>
 #include <string_view>
 
+#include "compiler/letters.h"
+
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::size_t kLongestLine = 160;  // characters shown of a source line
+// Characters shown of a source line, and of these ahead of the caret where the
+// beginning of the line is left out.
+constexpr std::size_t kLongestLine = 160;
+constexpr std::size_t kAheadOfCaret = 80;
+constexpr std::string_view kLeftOut = "...";
 constexpr std::size_t kLongestQuote = 60;
 
 bool isControl(char c) {
@@ -22,6 +28,27 @@ std::string printable(std::string_view text) {
 void printPlace(LinePlace const& line, std::string& out) {
   ((out += line.path) += ':') += std::to_string(line.line);
   ((out += ':') += std::to_string(line.column)) += ": ";
+}
+
+// The text behind its first characters.
+std::string_view behind(std::string_view text, std::size_t characters) {
+  std::size_t at = 0;
+  for (; at < text.size() && characters > 0; --characters) {
+    do {
+      ++at;
+    } while (at < text.size() && isFollowingByte(text[at]));
+  }
+  return text.substr(at);
+}
+
+// The line, or the part of it around its column, and a caret below.
+void printLine(LinePlace const& line, std::string& out) {
+  std::size_t begin = line.column > kLongestLine ? line.column - 1 - kAheadOfCaret : 0;
+  std::string_view ahead = begin > 0 ? kLeftOut : std::string_view();
+  std::string_view shown = behind(line.text, begin);
+  shown.remove_suffix(behind(shown, kLongestLine).size());
+  (((out += "  ") += ahead) += printable(shown)) += '\n';
+  (out.append(ahead.size() + line.column + 1 - begin, ' ') += '^') += '\n';
 }
 
 }  // namespace
@@ -50,10 +77,7 @@ void Diagnostics::printReport(Report const& report, std::string& out) const {
   (out += entry.isError ? "error: " : "warning: ") += report.text;
   ((out += " [") += entry.text) += "]\n";
   if (!report.place.isKnown()) return;
-  if (line.column <= kLongestLine) {
-    ((out += "  ") += printable(line.text.substr(0, kLongestLine))) += '\n';
-    (out.append(line.column + 1, ' ') += '^') += '\n';
-  }
+  printLine(line, out);
   Place place = m_sources.copiedFrom(report.place.text);
   for (; place.isKnown(); place = m_sources.copiedFrom(place.text)) {
     printPlace(m_sources.locate(place), out);

@@ -21,6 +21,9 @@ class Diagnostics {
   /// belongs to the command line.
   void report(Code code, Place place, std::string text);
 
+  /// What places are looked up in.
+  Sources const& sources() const { return m_sources; }
+
   bool hasErrors() const { return m_errors != 0; }
   std::size_t errorCount() const { return m_errors; }
   std::size_t warningCount() const { return m_warnings; }

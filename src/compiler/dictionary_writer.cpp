@@ -88,7 +88,11 @@ class Writer {
     writeOccurs(item);
     if (item.isRedefinition) m_xml.attribute("redefines", "true");
     if (item.level == kRenamesLevel) m_xml.attribute("renames", "true");
-    if (!item.isGroup()) writeClauses(item);
+    if (item.isGroup()) {
+      if (!item.values.empty()) reportLost(item.values.front());
+    } else {
+      writeClauses(item);
+    }
     for (DataItem const* each = item.firstCondition; each != nullptr; each = each->next) {
       writeCondition(*each, item);
     }
@@ -141,7 +145,15 @@ class Writer {
     if (item.isBlankWhenZero) m_xml.attribute("blankWhenZero", "true");
     if (item.values.empty()) return;
     std::optional<std::string> text = textOf(item.values.front().from, item);
-    if (text) m_xml.attribute("value", *text);
+    if (text) {
+      m_xml.attribute("value", *text);
+    } else {
+      reportLost(item.values.front());
+    }
+  }
+
+  void reportLost(ValueRange const& range) {
+    m_diagnostics.report(Code::valueLost, range.from.place, "the dictionary can't hold this value");
   }
 
   // Nothing for values that no text stands for.
@@ -169,8 +181,7 @@ class Writer {
     bool isRange = range.to.kind != Literal::Kind::none;
     std::optional<std::string> to = isRange ? textOf(range.to, item) : std::nullopt;
     if (!from || (isRange && !to)) {
-      m_diagnostics.report(Code::valueLost, range.from.place,
-                           "the dictionary can't hold this value of a condition");
+      reportLost(range);
       return;
     }
     std::string element = isNumeric ? "numeric" : "alphanumeric";

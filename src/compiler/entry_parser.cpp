@@ -42,7 +42,7 @@ void Parser::parseEntry() {
   bool isShort = isAllDigits(number.text) && number.text.size() <= 2;
   int level = isShort ? std::stoi(std::string(number.text)) : 0;
   if (!isLevel(level)) {
-    if (!m_isProgram && !m_hasData) {
+    if (!m_data.isProgram && !m_hasData) {
       error(Code::syntax, number.place,
             describe(number) + " begins neither a program nor a data description");
       while (!isEnd()) take();
@@ -168,26 +168,6 @@ void Parser::endEntry(bool isBroken) {
   }
 }
 
-// 78 NAME VALUE 5., 01 NAME CONSTANT AS 5.
-void Parser::parseConstant(Entry& entry) {
-  DataItem& item = *entry.item;
-  skip(Keyword::is);
-  if (skip(Keyword::global)) skip(Keyword::is);
-  if (!skip(Keyword::value)) skip(Keyword::as);
-  skip(Keyword::is);
-  Literal value = parseExpression();
-  if (value.kind == Literal::Kind::none) {
-    error(Code::constant, peek().place,
-          "the constant's value is neither a literal nor a sum of them");
-    skipSentence();
-    return;
-  }
-  if (!item.name.empty() && !m_constants.add(item.name, value)) {
-    error(Code::constant, item.place, "the constant " + quoted(item.name) + " is defined twice");
-  }
-  endEntry(false);
-}
-
 void Parser::parseCondition(Entry& entry) {
   DataItem* item = entry.item;
   if (!peek().is(Keyword::value)) {
@@ -196,11 +176,8 @@ void Parser::parseCondition(Entry& entry) {
   } else {
     take();
     parseValue(entry);
-    if (peek().is(Keyword::when) || equalsBlindly(peek().text, "FALSE")) {
-      // WHEN SET TO FALSE IS literal
-      while (!isEnd() && peek().kind != Token::Kind::period && !isEntryStart()) take();
-    }
-    parseClauses(entry);
+    parseFalse();
+    endShortEntry("a condition");
   }
   if (m_lastItem == nullptr) {
     error(Code::levelOrder, item->place,
@@ -216,6 +193,32 @@ void Parser::parseCondition(Entry& entry) {
   m_lastItem->lastCondition = item;
 }
 
+// WHEN SET TO FALSE IS literal; the dictionary has no place for it.
+void Parser::parseFalse() {
+  bool isFalse = skip(Keyword::when);
+  isFalse |= skipWord("SET");
+  isFalse |= skip(Keyword::to);
+  isFalse |= skipWord("FALSE");
+  if (!isFalse) return;
+  skip(Keyword::is);
+  Literal literal;
+  if (!parseLiteral(literal)) {
+    error(Code::value, peek().place, "FALSE is followed by " + describe(peek()) + ", no literal");
+  }
+}
+
+// The end of an entry that takes one clause.
+void Parser::endShortEntry(char const* what) {
+  bool isBroken = !isEnd() && peek().kind != Token::Kind::period && !isEntryStart() &&
+                  !isHeader(0) && !m_lastToken.isOpen;
+  if (isBroken) {
+    error(Code::syntax, peek().place, describe(peek()) + " doesn't belong to " + what);
+    skipSentence();
+    return;
+  }
+  endEntry(false);
+}
+
 void Parser::parseRenames(Entry& entry) {
   DataItem* item = entry.item;
   if (!skip(Keyword::renames)) {
@@ -225,7 +228,7 @@ void Parser::parseRenames(Entry& entry) {
   }
   item->related = std::make_unique<QualifiedName>(parseQualifiedName());
   if (skip(Keyword::thru)) item->through = std::make_unique<QualifiedName>(parseQualifiedName());
-  parseClauses(entry);
+  endShortEntry("an entry of level 66");
   if (m_open.empty()) {
     error(Code::levelOrder, item->place, "an entry of level 66 follows no record");
     return;

@@ -48,7 +48,7 @@ void Parser::parseCurrency() {
   skip(Keyword::is);
   if (peek().kind != Token::Kind::literal) return;
   Token sign = take();
-  if (equalsBlindly(peek().text, "WITH")) take();
+  skipWord("WITH");
   if (skip(Keyword::picture)) {
     skip(Keyword::symbol);
     if (peek().kind != Token::Kind::literal) return;

@@ -1,5 +1,7 @@
 #include "compiler/item_rules.h"
 
+#include <algorithm>
+
 #include "compiler/literals.h"
 
 namespace fdmorph::compiler {
@@ -111,11 +113,35 @@ class ItemCheck {
                            "the value of a numeric item is written as a text");
       return;
     }
+    if (isNumber) checkNumber(value);
     bool isCharacters = !isNumber && m_item.picture->category != Category::numericEdited;
     // An open literal is reported already.
     if (isCharacters && isText && !value.isAll && !value.isOpen &&
         decodeLiteral(value.text).characters > m_item.picture->size) {
       m_diagnostics.report(Code::valueSize, value.place, "the value is longer than the item");
+    }
+  }
+
+  // Native binary numbers may hold more than their pictures say.
+  void checkNumber(Literal const& value) {
+    bool isNative =
+        m_usage.storage == Storage::nativeBinary || m_usage.storage == Storage::shortBinary;
+    if (value.kind != Literal::Kind::number || isNative) return;
+    std::string_view text = value.text;
+    bool isNegative = text.starts_with('-');
+    if (isNegative || text.starts_with('+')) text.remove_prefix(1);
+    if (text.find_first_of("Ee") != std::string_view::npos) return;
+    std::size_t point = std::min(text.find_first_of(".,"), text.size());
+    std::string_view whole = text.substr(0, point);
+    std::string_view fraction = text.substr(std::min(point + 1, text.size()));
+    whole.remove_prefix(std::min(whole.find_first_not_of('0'), whole.size()));
+    fraction = fraction.substr(0, fraction.find_last_not_of('0') + 1);  // npos + 1 is 0
+    Picture const& picture = *m_item.picture;
+    if (whole.size() > picture.digits - picture.scale || fraction.size() > picture.scale) {
+      m_diagnostics.report(Code::valueSize, value.place, "the value has more digits than the item");
+    } else if (isNegative && !picture.isSigned) {
+      m_diagnostics.report(Code::valueSize, value.place,
+                           "the value is negative and the item has no sign");
     }
   }
 
@@ -125,6 +151,14 @@ class ItemCheck {
 };
 
 }  // namespace
+
+void inherit(DataItem& item) {
+  DataItem const* group = item.parent;
+  bool hasUsage = item.usage != Usage::none;
+  bool hasSign = item.sign.position != SignPosition::none;
+  item.effectiveUsage = hasUsage || group == nullptr ? item.usage : group->effectiveUsage;
+  item.effectiveSign = hasSign || group == nullptr ? item.sign : group->effectiveSign;
+}
 
 void checkItem(DataItem const& item, Diagnostics& diagnostics) {
   ItemCheck(item, diagnostics).check();

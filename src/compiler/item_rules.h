@@ -6,6 +6,10 @@
 
 namespace fdmorph::compiler {
 
+/// Gives an item the usage and sign of the group around it, which has its own,
+/// where the item says nothing.
+void inherit(DataItem& item);
+
 /// Checks an item and its conditions; usage and sign of its groups are known.
 void checkItem(DataItem const& item, Diagnostics& diagnostics);
 

@@ -5,6 +5,15 @@ namespace fdmorph::compiler {
 namespace {
 
 constexpr std::uint8_t kSingleLevel = 77;
+constexpr std::uint8_t kHighestGroupLevel = 49;
+
+// A record without a name would leave its items without an element around them.
+constexpr std::string_view kImpliedName = "COPYBOOK";
+
+// Whether an item can stand for itself: it is one item, no table.
+bool isRecordByItself(DataItem const& item) {
+  return item.next == nullptr && !item.occurs && item.level <= kHighestGroupLevel;
+}
 
 }  // namespace
 
@@ -39,7 +48,7 @@ void Parser::attach(DataItem* item) {
     return;
   }
   if (m_open.empty()) {
-    if (m_isProgram) {
+    if (m_data.isProgram) {
       error(Code::levelOrder, item->place, "a record begins with level 01 or 77");
     }
     m_open.push_back(openRecord(item->place, 0));
@@ -61,14 +70,31 @@ void Parser::attachRecord(DataItem* item) {
   m_open.push_back(item);
 }
 
-// A bare copybook may begin below level 01. A record without a name holds its
-// items then, so that they stay together.
+// A bare copybook may begin below level 01. A record holds its items then, so
+// that they stay together.
 DataItem* Parser::openRecord(Place place, std::uint8_t level) {
   DataItem* record = newItem(level, place);
   record->isImplied = true;
+  record->name = kImpliedName;
   attachRecord(record);
   m_open.pop_back();
   return record;
+}
+
+// A single item of a bare copybook needs no record around it.
+void Parser::dissolveImpliedRecords(RecordList& list) {
+  DataItem* before = nullptr;
+  for (DataItem* record = list.first; record != nullptr; record = record->next) {
+    DataItem* only = record->isImplied ? record->firstChild : nullptr;
+    if (only != nullptr && isRecordByItself(*only)) {
+      only->parent = nullptr;
+      only->next = record->next;
+      (before == nullptr ? list.first : before->next) = only;
+      if (list.last == record) list.last = only;
+      record = only;
+    }
+    before = record;
+  }
 }
 
 void Parser::attachToGroup(DataItem* item) {

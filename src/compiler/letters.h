@@ -16,6 +16,11 @@ constexpr bool isLetter(char c) {
   return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
 }
 
+/// Whether a byte continues a UTF-8 character. Columns count the other ones.
+constexpr bool isFollowingByte(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
+}
+
 inline std::string upperCase(std::string_view text) {
   std::string result(text);
   for (char& c : result) c = toUpper(c);

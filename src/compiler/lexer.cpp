@@ -57,7 +57,14 @@ bool Lexer::isPoint(std::size_t index) {
   return ahead(index).kind == TextWord::Kind::symbol && ahead(index).text.front() == m_point;
 }
 
+// Behind a decimal comma that belongs to no number the next token is looked for.
 Token Lexer::read() {
+  Token token = readToken();
+  while (token.isSymbol(',')) token = readToken();
+  return token;
+}
+
+Token Lexer::readToken() {
   while (!m_isPictureNext && (ahead(0).is(',') || ahead(0).is(';')) && !isPoint(0)) takeWord();
   TextWord const& word = ahead(0);
   if (m_isPictureNext && !word.isEnd() && !(word.is('.') && ahead(1).isApart)) {
@@ -105,11 +112,11 @@ Token Lexer::readWord() {
       token.kind = Token::Kind::literal;
       break;
     case TextWord::Kind::pseudo:
+    case TextWord::Kind::directive:  // gone by now
       break;
     case TextWord::Kind::symbol:
       if (word.is('+') || word.text.front() == m_point) joinNumber(token);
       if (token.kind == Token::Kind::symbol && word.is('.')) token.kind = Token::Kind::period;
-      if (token.kind == Token::Kind::symbol && word.is(',')) return read();
       break;
     case TextWord::Kind::word: {
       std::string joined;

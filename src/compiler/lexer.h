@@ -51,6 +51,7 @@ class Lexer {
   TextWord const& ahead(std::size_t index);
   TextWord takeWord();
   Token read();
+  Token readToken();
   Token readPicture();
   Token readWord();
   void joinNumber(Token& token);

@@ -8,8 +8,9 @@
 namespace fdmorph::compiler {
 namespace {
 
-// Longer values than a literal may be are of no use to anybody.
-constexpr std::uint64_t kLongestValue = 160;
+// Bytes of a value. No compiler takes a longer literal, and the value of an
+// item of gigabytes doesn't have to be written out.
+constexpr std::uint64_t kLongestValue = 8191;
 
 unsigned digitOf(char c) {
   return static_cast<unsigned>(isDigit(c) ? c - '0' : toUpper(c) - 'A' + 10) & 0xFU;
@@ -49,12 +50,12 @@ LiteralContent decodeNumber(std::string_view digits, int base) {
   return {std::to_string(number), 0, true};
 }
 
-std::string repeated(std::string const& text, std::uint64_t size) {
+std::optional<std::string> repeated(std::string const& text, std::uint64_t size) {
+  if (size > kLongestValue) return std::nullopt;
   std::string result;
   if (text.empty()) return result;
-  std::uint64_t length = std::min(size, kLongestValue);
-  while (result.size() < length) result += text;
-  result.resize(length);
+  while (result.size() < size) result += text;
+  result.resize(size);
   return result;
 }
 
@@ -74,8 +75,7 @@ LiteralContent decodeLiteral(std::string_view literal) {
   for (std::size_t i = 0; i < inside.size(); ++i) {
     content.text += inside[i];
     if (inside[i] == mark) ++i;
-    bool isFollowing = (static_cast<unsigned char>(content.text.back()) & 0xC0U) == 0x80U;
-    if (!isFollowing) ++content.characters;
+    if (!isFollowingByte(content.text.back())) ++content.characters;
   }
   return content;
 }
@@ -86,10 +86,11 @@ std::optional<std::string> valueText(Literal const& value, bool isNumber, std::u
       return std::string(value.text);
     case Literal::Kind::text: {
       std::string text = decodeLiteral(value.text).text;
-      return value.isAll && !isNumber ? repeated(text, size) : text;
+      if (value.isAll && !isNumber) return repeated(text, size);
+      return text;
     }
     case Literal::Kind::zero:
-      return isNumber ? "0" : repeated("0", size);
+      return isNumber ? std::optional<std::string>("0") : repeated("0", size);
     case Literal::Kind::space:
       return isNumber ? std::optional<std::string>() : " ";
     case Literal::Kind::quote:

@@ -24,7 +24,7 @@ LiteralContent decodeLiteral(std::string_view literal);
 /// The text of a value for an item of `size` characters, or for a number:
 /// figurative constants as the characters that they stand for. One space is
 /// any number of them, since values are filled up with spaces. Nothing for
-/// values without characters.
+/// values without characters, or with too many.
 std::optional<std::string> valueText(Literal const& value, bool isNumber, std::uint64_t size);
 
 }  // namespace fdmorph::compiler

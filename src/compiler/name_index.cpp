@@ -1,11 +1,16 @@
 #include "compiler/name_index.h"
 
+#include <algorithm>
+
 namespace fdmorph::compiler {
 namespace {
 
 // Items looked at over all searches. A source needs as many only if it has far
 // more items of one name than its references can tell apart.
 constexpr std::uint64_t kMostSteps = 20'000'000;
+
+// More items of one name than these are told apart by their groups.
+constexpr std::size_t kLongestSearch = 16;
 
 constexpr std::uint8_t kHighestGroupLevel = 49;
 constexpr std::uint8_t kRenamesLevel = 66;
@@ -28,52 +33,124 @@ bool isFillerName(std::string_view name) {
   return name.empty() || equalsBlindly(name, "FILLER");
 }
 
-NameIndex::NameIndex(DataDivision& data) {
-  m_items.reserve(data.items.size());
-  m_inRecords.reserve(data.items.size());
-  for (DataItem& item : data.items) {
+void NameIndex::extend(std::size_t count) {
+  m_chains.reserve(m_chains.size() + (count - std::min(count, m_itemCount)) * 2);
+  for (; m_itemCount < count; ++m_itemCount) {
+    DataItem& item = m_data.items[m_itemCount];
     if (!isData(item) || isFillerName(item.name)) continue;
-    DataItem*& last = m_items[item.name];
-    item.sameName = last;
-    last = &item;
-    DataItem*& lastInRecord = m_inRecords[{recordOf(item), item.name}];
-    item.sameInRecord = lastInRecord;
-    lastInRecord = &item;
+    add(m_chains[{nullptr, item.name}], item, &DataItem::sameName);
+    add(m_chains[{recordOf(item), item.name}], item, &DataItem::sameInRecord);
   }
-  for (FileDescription const& file : data.files) {
-    for (DataItem const* record = file.records.first; record != nullptr; record = record->next) {
+  extendFiles();
+}
+
+void NameIndex::extendFiles() {
+  for (; m_file < m_data.files.size(); ++m_file, m_lastOfFile = nullptr) {
+    FileDescription const& file = m_data.files[m_file];
+    DataItem const* record = m_lastOfFile == nullptr ? file.records.first : m_lastOfFile->next;
+    for (; record != nullptr; record = record->next) {
       m_files[record] = file.name;
+      m_lastOfFile = record;
     }
+    // More records may come.
+    if (m_file + 1 == m_data.files.size()) return;
   }
+}
+
+void NameIndex::add(Chain& chain, DataItem& item, Link link) {
+  item.*link = chain.last;
+  chain.last = &item;
+  ++chain.length;
 }
 
 NameIndex::Outcome NameIndex::resolve(QualifiedName const& name, DataItem const& from,
                                       DataItem*& item) {
   Outcome inRecord = resolveInRecord(name, from, item);
-  if (inRecord != Outcome::unknown) return inRecord;
-  auto found = m_items.find(name.name);
-  return search(name, found == m_items.end() ? nullptr : found->second, &DataItem::sameName, item);
+  return inRecord == Outcome::unknown ? resolveAnywhere(name, item) : inRecord;
 }
 
 NameIndex::Outcome NameIndex::resolveInRecord(QualifiedName const& name, DataItem const& from,
                                               DataItem*& item) {
-  auto found = m_inRecords.find({recordOf(from), name.name});
-  DataItem* first = found == m_inRecords.end() ? nullptr : found->second;
-  return search(name, first, &DataItem::sameInRecord, item);
+  return searchIn(recordOf(from), name, &DataItem::sameInRecord, item);
 }
 
-NameIndex::Outcome NameIndex::search(QualifiedName const& name, DataItem* first, Chain chain,
-                                     DataItem*& item) {
+NameIndex::Outcome NameIndex::resolveAnywhere(QualifiedName const& name, DataItem*& item) {
+  return searchIn(nullptr, name, &DataItem::sameName, item);
+}
+
+NameIndex::Outcome NameIndex::searchIn(DataItem const* record, QualifiedName const& name, Link link,
+                                       DataItem*& item) {
+  auto found = m_chains.find({record, name.name});
+  if (found == m_chains.end()) return Outcome::unknown;
+  Chain& chain = found->second;
   DataItem* match = nullptr;
-  for (DataItem* each = first; each != nullptr; each = each->*chain) {
-    if (++m_steps > kMostSteps) return Outcome::ambiguous;
-    if (!fits(name, *each)) continue;
-    if (match != nullptr) return Outcome::ambiguous;
-    match = each;
+  Outcome outcome = Outcome::unknown;
+  if (chain.length > kLongestSearch && !name.qualifiers.empty()) {
+    qualify(record, name, chain, link);
+    std::vector<DataItem*> const* list = shortestList(record, name);
+    if (list == nullptr) return Outcome::unknown;
+    for (std::size_t i = 0; i < list->size() && outcome != Outcome::ambiguous; ++i) {
+      outcome = take(name, *(*list)[i], match);
+    }
+  } else {
+    for (DataItem* each = chain.last; each != nullptr && outcome != Outcome::ambiguous;
+         each = each->*link) {
+      outcome = take(name, *each, match);
+    }
   }
-  if (match == nullptr) return Outcome::unknown;
-  item = match;
-  return Outcome::found;
+  if (outcome == Outcome::found) item = match;
+  return outcome;
+}
+
+// Puts what is new in a chain under the names of the groups around it.
+void NameIndex::qualify(DataItem const* record, QualifiedName const& name, Chain& chain,
+                        Link link) {
+  for (DataItem* each = chain.last; each != chain.qualified; each = each->*link) {
+    DataItem const* top = each;
+    auto put = [&](std::string_view qualifier) {
+      std::vector<DataItem*>& list = m_qualified[{record, name.name, qualifier}];
+      if (list.empty() || list.back() != each) list.push_back(each);
+    };
+    for (; top->parent != nullptr; top = top->parent) put(top->parent->name);
+    if (std::string_view file = fileOf(*top); !file.empty()) put(file);
+  }
+  chain.qualified = chain.last;
+}
+
+std::vector<DataItem*> const* NameIndex::shortestList(DataItem const* record,
+                                                      QualifiedName const& name) const {
+  std::vector<DataItem*> const* shortest = nullptr;
+  for (std::string_view qualifier : name.qualifiers) {
+    auto list = m_qualified.find({record, name.name, qualifier});
+    if (list == m_qualified.end()) return nullptr;
+    if (shortest == nullptr || list->second.size() < shortest->size()) shortest = &list->second;
+  }
+  return shortest;
+}
+
+// The outcome up to and with this candidate.
+NameIndex::Outcome NameIndex::take(QualifiedName const& name, DataItem& candidate,
+                                   DataItem*& match) {
+  if (++m_steps > kMostSteps) return Outcome::ambiguous;
+  if (fits(name, candidate)) {
+    if (match != nullptr) return Outcome::ambiguous;
+    match = &candidate;
+  }
+  return match == nullptr ? Outcome::unknown : Outcome::found;
+}
+
+bool NameIndex::isInside(QualifiedName const& name, DataItem const& group) {
+  if (++m_steps > kMostSteps) return true;
+  if (equalsBlindly(group.name, name.name) && fits(name, group)) return true;
+  for (DataItem const* each = group.firstChild; each != nullptr; each = each->next) {
+    if (isInside(name, *each)) return true;
+  }
+  return false;
+}
+
+std::string_view NameIndex::fileOf(DataItem const& record) const {
+  auto file = m_files.find(&record);
+  return file == m_files.end() ? std::string_view() : file->second;
 }
 
 // Qualifiers name groups around the item, from the inside out, and its file.
@@ -81,10 +158,7 @@ bool NameIndex::fits(QualifiedName const& name, DataItem const& item) const {
   DataItem const* group = item.parent;
   for (std::string_view qualifier : name.qualifiers) {
     while (group != nullptr && !equalsBlindly(group->name, qualifier)) group = group->parent;
-    if (group == nullptr) {
-      auto file = m_files.find(recordOf(item));
-      return file != m_files.end() && equalsBlindly(file->second, qualifier);
-    }
+    if (group == nullptr) return equalsBlindly(fileOf(*recordOf(item)), qualifier);
     group = group->parent;
   }
   return true;

@@ -1,10 +1,12 @@
 // Items by their names.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "compiler/data_item.h"
 #include "compiler/letters.h"
@@ -15,8 +17,13 @@ class NameIndex {
  public:
   enum class Outcome { found, unknown, ambiguous };
 
-  /// Indexes the items that stand in a record, conditions left out.
-  explicit NameIndex(DataDivision& data);
+  /// An index of the items in `data`, which is empty until it is extended.
+  explicit NameIndex(DataDivision& data) : m_data(data) {}
+
+  /// Adds the first `count` items of the data that it doesn't hold yet,
+  /// conditions and constants left out. All of them have their places in the
+  /// tree, and keep them.
+  void extend(std::size_t count);
 
   /// The item that `name` means in the record of `from`: one of that record,
   /// or else one of any. `item` is set only if it is found.
@@ -25,28 +32,57 @@ class NameIndex {
   /// The same for names of that record only.
   Outcome resolveInRecord(QualifiedName const& name, DataItem const& from, DataItem*& item);
 
- private:
-  using Chain = DataItem* DataItem::*;
+  /// The same for names of all records.
+  Outcome resolveAnywhere(QualifiedName const& name, DataItem*& item);
 
+  /// Whether a name means `group` or an item in it.
+  bool isInside(QualifiedName const& name, DataItem const& group);
+
+ private:
+  using Link = DataItem* DataItem::*;
+
+  /// The items of one name, last one first, linked in the items themselves.
+  struct Chain {
+    DataItem* last = nullptr;
+    std::size_t length = 0;
+    DataItem* qualified = nullptr;  // from here on they stand in m_qualified
+  };
+
+  /// A name in a record, or in all of them (null); for m_qualified the name of
+  /// a group around the item, too.
   struct Key {
     DataItem const* record;
     std::string_view name;
+    std::string_view qualifier = {};
 
     bool operator==(Key const& other) const {
-      return record == other.record && equalsBlindly(name, other.name);
+      return record == other.record && equalsBlindly(name, other.name) &&
+             equalsBlindly(qualifier, other.qualifier);
     }
   };
   struct KeyHash {
     std::size_t operator()(Key const& key) const {
-      return BlindHash()(key.name) ^ std::hash<DataItem const*>()(key.record);
+      return BlindHash()(key.name) ^ std::hash<DataItem const*>()(key.record) ^
+             (BlindHash()(key.qualifier) * 31);
     }
   };
 
-  Outcome search(QualifiedName const& name, DataItem* first, Chain chain, DataItem*& item);
+  void extendFiles();
+  void add(Chain& chain, DataItem& item, Link link);
+  Outcome searchIn(DataItem const* record, QualifiedName const& name, Link link, DataItem*& item);
+  void qualify(DataItem const* record, QualifiedName const& name, Chain& chain, Link link);
+  std::vector<DataItem*> const* shortestList(DataItem const* record,
+                                             QualifiedName const& name) const;
+  Outcome take(QualifiedName const& name, DataItem& candidate, DataItem*& match);
   bool fits(QualifiedName const& name, DataItem const& item) const;
+  std::string_view fileOf(DataItem const& record) const;
 
-  std::unordered_map<std::string_view, DataItem*, BlindHash, BlindEqual> m_items;
-  std::unordered_map<Key, DataItem*, KeyHash> m_inRecords;
+  DataDivision& m_data;
+  std::size_t m_itemCount = 0;             // that are in the index
+  std::size_t m_file = 0;                  // the file that is being added
+  DataItem const* m_lastOfFile = nullptr;  // its last record that was
+  std::unordered_map<Key, Chain, KeyHash> m_chains;
+  std::unordered_map<Key, std::vector<DataItem*>, KeyHash> m_qualified;
   std::unordered_map<DataItem const*, std::string_view> m_files;  // of records
   std::uint64_t m_steps = 0;
 };

@@ -69,7 +69,7 @@ void Parser::parseOccursPhrases(OccursClause& occurs) {
       skip(Keyword::key);
       skip(Keyword::is);
       if (!isNameListed()) parseQualifiedName();  // reports what is missing
-      while (isNameListed()) parseQualifiedName();
+      while (isNameListed()) occurs.keys.push_back(parseQualifiedName());
     } else if (skip(Keyword::indexed)) {
       skip(Keyword::by);
       std::string_view name;

@@ -15,6 +15,13 @@ bool Parser::skip(Keyword keyword) {
   return true;
 }
 
+// Words with a meaning in one place only are no keywords.
+bool Parser::skipWord(std::string_view word) {
+  bool isThere = peek().kind == Token::Kind::word && equalsBlindly(peek().text, word);
+  if (isThere) take();
+  return isThere;
+}
+
 std::string Parser::describe(Token const& token) const {
   return token.kind == Token::Kind::end ? "the end of the text" : quoted(token.text);
 }
@@ -89,6 +96,7 @@ bool Parser::isEntryStart() {
 void Parser::parse() {
   while (!isEnd() && parseElement()) {
   }
+  dissolveImpliedRecords(m_data.workingStorage);
 }
 
 // Returns false at the end of the program.
@@ -99,14 +107,14 @@ bool Parser::parseElement() {
   } else if (token.kind == Token::Kind::number) {
     parseEntry();
   } else if (isDivision(Keyword::identification) || isDivision(Keyword::id)) {
-    if (m_isProgram) return false;
+    if (m_data.isProgram) return false;
     parseIdentification();
   } else if (token.is(Keyword::programId)) {
-    if (m_isProgram) return false;
-    m_isProgram = true;
+    if (m_data.isProgram) return false;
+    m_data.isProgram = true;
     parseProgramId();
   } else if (isDivision(Keyword::environment) || isDivision(Keyword::data)) {
-    m_isProgram = true;
+    m_data.isProgram = true;
     bool isEnvironment = token.is(Keyword::environment);
     take();
     take();
@@ -114,14 +122,14 @@ bool Parser::parseElement() {
     if (isEnvironment) parseEnvironment();
   } else if (isDivision(Keyword::procedure) ||
              (token.is(Keyword::end) && peek(1).is(Keyword::program))) {
-    m_isProgram = true;
+    m_data.isProgram = true;
     return false;
   } else if (peek(1).is(Keyword::section)) {
     parseSection();
   } else if (token.is(Keyword::fd) || token.is(Keyword::sd)) {
     parseFileDescription();
   } else {
-    bool isStranger = !m_isProgram && !m_hasData;
+    bool isStranger = !m_data.isProgram && !m_hasData;
     unexpected();
     return !isStranger;
   }
@@ -132,7 +140,7 @@ bool Parser::parseElement() {
 // would only be a list of errors as long as the text.
 void Parser::unexpected() {
   Token token = peek();
-  if (!m_isProgram && !m_hasData) {
+  if (!m_data.isProgram && !m_hasData) {
     error(Code::syntax, token.place,
           describe(token) + " begins neither a program nor a data description");
     return;
@@ -143,7 +151,7 @@ void Parser::unexpected() {
 }
 
 void Parser::parseIdentification() {
-  m_isProgram = true;
+  m_data.isProgram = true;
   take();
   take();
   if (peek().kind == Token::Kind::period) take();
@@ -205,7 +213,7 @@ void Parser::parseSection() {
       error(Code::syntax, name.place, describe(name) + " is no section of the data division");
       break;
   }
-  m_isProgram = true;
+  m_data.isProgram = true;
   // Screens and reports describe no data of their own.
   while (m_section == Section::skipped && !isEnd()) {
     if (peek(1).is(Keyword::section) || peek(1).is(Keyword::division)) break;

@@ -6,6 +6,7 @@
 // other.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <vector>
@@ -13,6 +14,7 @@
 #include "compiler/constants.h"
 #include "compiler/data_item.h"
 #include "compiler/diagnostics.h"
+#include "compiler/item_lengths.h"
 #include "compiler/lexer.h"
 
 namespace fdmorph::compiler {
@@ -20,7 +22,26 @@ namespace fdmorph::compiler {
 class Parser {
  public:
   Parser(Lexer& lexer, TextPool& pool, Diagnostics& diagnostics, DataDivision& data)
-      : m_lexer(lexer), m_pool(pool), m_diagnostics(diagnostics), m_data(data) {}
+      : m_lexer(lexer),
+        m_pool(pool),
+        m_diagnostics(diagnostics),
+        m_data(data),
+        m_lengths(data, diagnostics) {}
+
+  /// The clauses of a file description.
+  enum class FileClause {
+    block,
+    codeSet,
+    dataRecords,
+    external,
+    global,
+    label,
+    linage,
+    record,
+    recording,
+    report,
+    valueOf,
+  };
 
   /// Reads up to the header of the procedure division, the end of the first
   /// program, or the end of the text.
@@ -55,6 +76,7 @@ class Parser {
   Token const& peek(std::size_t index = 0) { return m_lexer.peek(index); }
   Token take();
   bool skip(Keyword keyword);
+  bool skipWord(std::string_view word);
   void error(Code code, Place place, std::string text) {
     m_diagnostics.report(code, place, std::move(text));
   }
@@ -79,6 +101,18 @@ class Parser {
 
   // file_parser.cpp
   void parseFileDescription();
+  bool isEndOfFileDescription();
+  std::optional<FileClause> fileClauseNext();
+  void parseFileClauses();
+  void parseFileClause(FileClause clause);
+  void skipRecordUnit();
+  void parseFileNumbers();
+  bool parseFileNumber(std::uint64_t& number);
+  void parseRecordClause();
+  void parseFileNames();
+  void parseValueOf();
+  void parseLinage();
+  void parseFileOperand();
 
   // entry_parser.cpp
   void parseEntry();
@@ -87,8 +121,9 @@ class Parser {
   void checkName(Token const& token);
   void parseClauses(Entry& entry);
   void endEntry(bool isBroken);
-  void parseConstant(Entry& entry);
   void parseCondition(Entry& entry);
+  void parseFalse();
+  void endShortEntry(char const* what);
   void parseRenames(Entry& entry);
 
   // item_tree.cpp
@@ -96,12 +131,14 @@ class Parser {
   void attach(DataItem* item);
   void attachRecord(DataItem* item);
   void attachToGroup(DataItem* item);
+  void dissolveImpliedRecords(RecordList& list);
   DataItem* openRecord(Place place, std::uint8_t level);
   RecordList& records();
 
   // clause_parser.cpp
   bool parseClause(Entry& entry);
   void once(Entry& entry, Clause clause, Token const& token);
+  void checkIsRecord(DataItem const& item, Token const& clause);
   void parseRedefines(Entry& entry);
   void parsePicture(Entry& entry);
   void parseUsage(Entry& entry, Token const& token);
@@ -121,19 +158,30 @@ class Parser {
   bool isLiteralNext();
   void parseValueRanges(DataItem& item);
   void checkLiteral(Token const& token);
-  Literal parseExpression();
+
+  // constant_parser.cpp
+  void parseConstant(Entry& entry);
+  bool parseExpression(Literal& value, bool hasPrecedence);
+  bool parseTerm(Literal& value, bool hasPrecedence);
+  bool parseOperand(Literal& value, bool hasPrecedence);
+  bool applyOperator(Literal& left, char sign, Literal const& right);
+  char operatorNext();
+  bool isLengthNext();
+  bool parseLength(Literal& value);
+  void setNumber(Literal& value, std::int64_t number);
 
   Lexer& m_lexer;
   TextPool& m_pool;
   Diagnostics& m_diagnostics;
   DataDivision& m_data;
   Constants m_constants;
+  ItemLengths m_lengths;
+  int m_parentheses = 0;  // around the operand that is being parsed
   PictureRules m_pictureRules;
   std::unordered_map<std::string, Picture const*> m_pictures;
 
   Section m_section = Section::none;
-  bool m_isProgram = false;  // a division header was there
-  bool m_hasData = false;    // an entry was there
+  bool m_hasData = false;  // an entry was there
   FileDescription* m_file = nullptr;
   std::vector<DataItem*> m_open;   // the groups around the next item, outermost first
   DataItem* m_lastItem = nullptr;  // what level 88 belongs to

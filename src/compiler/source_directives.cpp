@@ -1,5 +1,7 @@
 #include "compiler/source_directives.h"
 
+#include <algorithm>
+#include <initializer_list>
 #include <vector>
 
 #include "compiler/letters.h"
@@ -24,24 +26,54 @@ std::vector<std::string_view> wordsOf(std::string_view line) {
   return words;
 }
 
-// `>>SOURCE FORMAT IS FREE`, with both fill words left out at will.
-SourceDirective readStandardDirective(std::vector<std::string_view> const& words) {
-  SourceDirective directive;
-  bool isSource = !words.empty() && equalsBlindly(words.front(), "SOURCE");
-  bool isDebugging = !words.empty() && equalsBlindly(words.front(), "D");
-  if (isSource) directive.format = formatOfName(words.back());
-  directive.isKnown = directive.format.has_value() || isDebugging;
-  return directive;
+bool isOneOf(std::string_view word, std::initializer_list<std::string_view> words) {
+  return std::any_of(words.begin(), words.end(),
+                     [word](std::string_view each) { return equalsBlindly(word, each); });
 }
 
-// `$SET SOURCEFORMAT"FREE"` among other settings, which are passed over.
+bool isConditionalWord(std::string_view word) {
+  return isOneOf(word, {"IF", "ELIF", "ELSE-IF", "ELSE", "END-IF"});
+}
+
+// `SET SOURCEFORMAT"FREE"` or `SET CONSTANT name(value)` among other settings,
+// which are passed over.
 SourceDirective readSetDirective(std::vector<std::string_view> const& words) {
   SourceDirective directive;
   for (std::size_t i = 0; i + 1 < words.size(); ++i) {
+    if (equalsBlindly(words[i], "CONSTANT")) directive.isConditional = true;
     if (!equalsBlindly(words[i], "SOURCEFORMAT")) continue;
     directive.format = formatOfName(words[i + 1]);
     directive.isKnown = directive.format.has_value();
   }
+  return directive;
+}
+
+// `>>SOURCE FORMAT IS FREE`, with both fill words left out at will. Directives
+// for the listing and for the procedure division don't concern the data.
+SourceDirective readStandardDirective(std::vector<std::string_view> const& words) {
+  SourceDirective directive;
+  if (words.empty()) {
+    directive.isKnown = false;
+  } else if (equalsBlindly(words.front(), "SOURCE")) {
+    directive.format = formatOfName(words.back());
+    directive.isKnown = directive.format.has_value();
+  } else if (equalsBlindly(words.front(), "SET")) {
+    directive = readSetDirective(words);
+  } else if (equalsBlindly(words.front(), "DEFINE") || isConditionalWord(words.front())) {
+    directive.isConditional = true;
+  } else {
+    directive.isKnown = isOneOf(words.front(), {"D", "LISTING", "PAGE", "TURN", "PROPAGATE",
+                                                "CALL-CONVENTION", "FLAG-02", "FLAG-14"});
+  }
+  return directive;
+}
+
+std::optional<SourceDirective> readDollarDirective(std::vector<std::string_view> const& words) {
+  if (words.empty()) return std::nullopt;
+  if (equalsBlindly(words.front(), "SET")) return readSetDirective(words);
+  SourceDirective directive;
+  directive.isConditional = isConditionalWord(words.front()) || equalsBlindly(words.front(), "END");
+  if (!directive.isConditional) return std::nullopt;
   return directive;
 }
 
@@ -59,10 +91,8 @@ std::optional<SourceDirective> readSourceDirective(std::string_view line) {
   if (begin == std::string_view::npos) return std::nullopt;
   line.remove_prefix(begin);
   if (line.starts_with(">>")) return readStandardDirective(wordsOf(line.substr(2)));
-  if (line.front() != '$') return std::nullopt;
-  std::vector<std::string_view> words = wordsOf(line.substr(1));
-  if (words.empty() || !equalsBlindly(words.front(), "SET")) return SourceDirective{{}, false};
-  return readSetDirective(words);
+  if (line.front() != '$' || line.size() < 2 || !isLetter(line[1])) return std::nullopt;
+  return readDollarDirective(wordsOf(line.substr(1)));
 }
 
 }  // namespace fdmorph::compiler

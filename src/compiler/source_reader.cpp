@@ -1,5 +1,8 @@
 #include "compiler/source_reader.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "compiler/letters.h"
 #include "compiler/source_directives.h"
 #include "compiler/source_line.h"
@@ -23,6 +26,7 @@ class Reader {
 
   ReadText read(std::string_view content) {
     m_out.text.reserve(content.size() + 1);
+    m_out.formats.push_back({0, m_rules.format});
     std::size_t at = content.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0;
     while (at < content.size()) {
       std::size_t end = content.find('\n', at);
@@ -35,7 +39,6 @@ class Reader {
     }
     startPiece(static_cast<std::uint32_t>(content.size()));
     m_out.text += '\n';
-    m_out.endFormat = m_rules.format;
     return std::move(m_out);
   }
 
@@ -56,12 +59,28 @@ class Reader {
   bool readDirective() {
     std::optional<SourceDirective> directive = readSourceDirective(m_line.text());
     if (!directive) return false;
-    if (directive->format) m_rules.format = *directive->format;
-    if (!directive->isKnown) {
-      report(Code::sourceDirective, m_line.text().find_first_not_of(' '),
-             "this directive is passed over");
+    std::size_t begin = m_line.text().find_first_not_of(' ');
+    if (directive->isConditional) {
+      m_out.directives.push_back(static_cast<std::uint32_t>(m_out.text.size() + 1));
+      addCode(begin, lineEnd(), 0, true);
     }
+    if (directive->format) changeFormat(*directive->format);
+    if (!directive->isKnown) reportDirective(begin);
     return true;
+  }
+
+  void reportDirective(std::size_t column) {
+    report(Code::sourceDirective, column, "this directive is passed over");
+  }
+
+  void changeFormat(Format format) {
+    m_rules.format = format;
+    m_out.formats.push_back({m_line.offsetOf(m_line.size()), format});
+  }
+
+  std::size_t lineEnd() const {
+    bool isCut = m_rules.format == Format::fixed && m_line.size() > kTextEnd;
+    return isCut ? kTextEnd : m_line.size();
   }
 
   void readFreeLine(std::size_t begin) {
@@ -86,13 +105,14 @@ class Reader {
 
   void readColumns() {
     char indicator = m_line.at(kIndicator);
-    std::size_t end = m_line.size();
-    if (m_rules.format == Format::fixed && end > kTextEnd) end = kTextEnd;
+    std::size_t end = lineEnd();
     if (indicator == ' ') {
       addCode(kTextBegin, end, 0, true);
     } else if (indicator == '-') {
       continueCode(end);
-    } else if (indicator != '*' && indicator != '/' && indicator != '$' && !isLetter(indicator)) {
+    } else if (indicator == '$') {
+      reportDirective(kIndicator);
+    } else if (indicator != '*' && indicator != '/' && !isLetter(indicator)) {
       // Letters mark lines for debugging and for other compilers.
       report(Code::indicator, kIndicator,
              "column 7 holds " + quoted(std::string_view(&indicator, 1)) +
@@ -178,7 +198,8 @@ class Reader {
       return;
     }
     for (std::size_t at = begin; at < end; ++at) {
-      startPiece(m_line.offsetOf(at));
+      bool isInStep = at > begin && m_line.offsetOf(at) == m_line.offsetOf(at - 1) + 1;
+      if (!isInStep) startPiece(m_line.offsetOf(at));
       m_out.text += m_line.text()[at];
     }
   }
@@ -205,6 +226,13 @@ class Reader {
 };
 
 }  // namespace
+
+Format ReadText::formatAt(std::uint32_t offset) const {
+  auto behind = std::upper_bound(
+      formats.begin(), formats.end(), offset,
+      [](std::uint32_t wanted, FormatChange const& each) { return wanted < each.offset; });
+  return std::prev(behind)->format;
+}
 
 ReadText readSource(std::string_view content, ReadingRules rules, std::uint32_t number,
                     Diagnostics& diagnostics) {

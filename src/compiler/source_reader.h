@@ -2,7 +2,8 @@
 // text without sequence numbers, comments and line structure.
 //
 // In the text a line feed stands between lines; lines that continue one
-// another are joined, tabs are blanks, comments and directives are gone. A
+// another are joined, tabs are blanks, comments are gone, and of directives
+// only those of conditional compilation are left, each a line of its own. A
 // literal that is left open at the end of its line stays so: whether anybody
 // minds is known only where the text is used. Every character of the text can
 // be traced to its byte in the file.
@@ -36,9 +37,19 @@ struct ReadText {
     std::uint32_t offset;
   };
 
+  /// From `offset` of the file on, lines are in this format.
+  struct FormatChange {
+    std::uint32_t offset;
+    Format format;
+  };
+
   std::string text;
-  std::vector<Piece> pieces;         ///< ascending; the first is at 0
-  Format endFormat = Format::fixed;  ///< the format that directives left in force
+  std::vector<Piece> pieces;              ///< ascending; the first is at 0
+  std::vector<FormatChange> formats;      ///< ascending; the first is at 0
+  std::vector<std::uint32_t> directives;  ///< where those of conditional compilation begin
+
+  /// The format in force at a byte of the file.
+  Format formatAt(std::uint32_t offset) const;
 };
 
 /// Reads `content`. Reports refer to the text `number`.

@@ -7,12 +7,10 @@
 #include <algorithm>
 #include <cerrno>
 
+#include "compiler/letters.h"
+
 namespace fdmorph::compiler {
 namespace {
-
-bool isFollowingByte(char c) {
-  return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
-}
 
 std::size_t charactersIn(std::string_view text) {
   return text.size() -

@@ -45,7 +45,8 @@ FileText::FileText(TextContext& context, SourceFile const* file, Place copiedFro
     : m_context(context),
       m_number(context.sources.open(file, copiedFrom)),
       m_text(readFile(context, file, m_number)),
-      m_scanner(m_text, m_number) {
+      m_scanner(m_text, m_number),
+      m_conditions(context.variables, context.diagnostics) {
   m_context.open.push_back(file);
 }
 
@@ -77,7 +78,32 @@ TextWord FileText::next() {
   }
 }
 
+// The next word of those that count.
 TextWord FileText::scan() {
+  for (;;) {
+    TextWord word = scanAny();
+    if (word.kind == TextWord::Kind::directive) {
+      obeyDirective(word);
+    } else if (word.isEnd()) {
+      m_conditions.end();
+      return word;
+    } else if (m_conditions.isPassedOver()) {
+      m_scanner.skipLine();
+    } else {
+      return word;
+    }
+  }
+}
+
+void FileText::obeyDirective(TextWord const& mark) {
+  std::vector<TextWord> words;
+  TextWord word = scanAny();
+  for (; !word.isEnd() && !word.isFirstOnLine; word = scanAny()) words.push_back(word);
+  unscan(word);
+  m_conditions.obey(mark, words);
+}
+
+TextWord FileText::scanAny() {
   if (m_unscanned.empty()) return m_scanner.next();
   TextWord word = m_unscanned.back();
   m_unscanned.pop_back();
@@ -205,7 +231,7 @@ void FileText::open(TextWord const& at, std::string_view member, std::string_vie
   if (!mayOpen(at.place, file)) return;
   m_context.copiedBytes += file->content.size();
   ReadingRules before = m_context.rules;
-  m_context.rules.format = m_text.endFormat;
+  m_context.rules.format = m_text.formatAt(at.place.offset);
   m_member = std::make_unique<FileText>(m_context, file, at.place);
   m_context.rules = before;
   if (list.isEmpty()) return;

@@ -1,12 +1,13 @@
-// Text manipulation, the second pass: COPY and REPLACE statements, EXEC
-// blocks and the statements that lay out a listing. What comes out holds none
-// of them.
+// Text manipulation, the second pass: conditional compilation, COPY and
+// REPLACE statements, EXEC blocks and the statements that lay out a listing.
+// What comes out holds none of them.
 #pragma once
 
 #include <memory>
 #include <string_view>
 #include <vector>
 
+#include "compiler/conditional_text.h"
 #include "compiler/copy_search.h"
 #include "compiler/diagnostics.h"
 #include "compiler/replacing.h"
@@ -28,6 +29,7 @@ struct TextContext {
   ReadingRules rules;
   std::vector<SourceFile const*> open = {};  ///< being read, outermost first
   std::size_t copiedBytes = 0;
+  CompileVariables variables = {};
 };
 
 /// The words of one file with those of its members in their places.
@@ -40,6 +42,8 @@ class FileText : public TextSource {
 
  private:
   TextWord scan();
+  TextWord scanAny();
+  void obeyDirective(TextWord const& mark);
   void unscan(TextWord const& word);
   bool handleStatement(TextWord const& word);
   bool listingStatement(TextWord const& word);
@@ -55,6 +59,7 @@ class FileText : public TextSource {
   std::uint32_t m_number;
   ReadText const& m_text;
   WordScanner m_scanner;
+  ConditionalText m_conditions;
   std::vector<TextWord> m_unscanned;
   bool m_isApart = false;  // what comes next follows a statement
   bool m_isStart = true;   // no word has been handed out

@@ -58,7 +58,11 @@ TextWord WordScanner::next() {
   word.place = {m_number, offsetOf(m_at)};
   if (m_at >= text().size()) return word;
   char c = text()[m_at];
-  if (isQuote(c)) {
+  if (isDirective()) {
+    word.kind = TextWord::Kind::directive;
+    word.text = text().substr(m_at, c == '>' ? 2 : 1);
+    m_at += word.text.size();
+  } else if (isQuote(c)) {
     word.text = text().substr(m_at, 0);
     scanLiteral(word);
   } else if (isWordCharacter(c)) {
@@ -73,6 +77,12 @@ TextWord WordScanner::next() {
     ++m_at;
   }
   return word;
+}
+
+bool WordScanner::isDirective() {
+  std::vector<std::uint32_t> const& all = m_source.directives;
+  while (m_directive < all.size() && all[m_directive] < m_at) ++m_directive;
+  return m_directive < all.size() && all[m_directive] == m_at;
 }
 
 void WordScanner::scanWord(TextWord& word) {

@@ -15,10 +15,11 @@ namespace fdmorph::compiler {
 struct TextWord {
   enum class Kind : std::uint8_t {
     end,
-    word,     ///< letters, digits, hyphens, underscores
-    literal,  ///< with its quotes and the letters before them
-    symbol,   ///< one character
-    pseudo,   ///< ==
+    word,       ///< letters, digits, hyphens, underscores
+    literal,    ///< with its quotes and the letters before them
+    symbol,     ///< one character
+    pseudo,     ///< ==
+    directive,  ///< ">>" or "$" before a directive of conditional compilation
   };
 
   std::string_view text;
@@ -47,12 +48,14 @@ class WordScanner {
   std::string_view text() const { return m_source.text; }
   void scanLiteral(TextWord& word);
   void scanWord(TextWord& word);
+  bool isDirective();
   std::uint32_t offsetOf(std::size_t at);
 
   ReadText const& m_source;
   std::uint32_t m_number;
   std::size_t m_at = 0;
   std::size_t m_piece = 0;
+  std::size_t m_directive = 0;  // of those that the source knows
 };
 
 }  // namespace fdmorph::compiler

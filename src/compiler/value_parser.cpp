@@ -1,4 +1,4 @@
-// The VALUE clause, literals, and the values of constants.
+// The VALUE clause and literals.
 #include "compiler/letters.h"
 #include "compiler/parser.h"
 
@@ -53,12 +53,14 @@ bool Parser::isLiteralNext() {
   Token const& token = peek();
   if (token.kind == Token::Kind::number || token.kind == Token::Kind::literal) return true;
   if (token.kind != Token::Kind::word) return false;
-  return token.is(Keyword::all) || figurativeOf(token.keyword) != Literal::Kind::none ||
+  return isLengthNext() || token.is(Keyword::all) ||
+         figurativeOf(token.keyword) != Literal::Kind::none ||
          m_constants.find(token.text) != nullptr;
 }
 
 bool Parser::parseLiteral(Literal& literal) {
   if (!isLiteralNext()) return false;
+  if (isLengthNext()) return parseLength(literal);
   literal.isAll = skip(Keyword::all);
   Token token = peek();
   literal.place = token.place;
@@ -120,50 +122,6 @@ void Parser::parseValueRanges(DataItem& item) {
     // Signs and commas aside, an item that is no condition has one value.
     if (item.level != 88) break;
   }
-}
-
-// A literal, or numbers and constants with + - * / between them, worked out
-// from left to right.
-Literal Parser::parseExpression() {
-  Literal literal;
-  if (!parseLiteral(literal)) return {};
-  if (literal.kind != Literal::Kind::number) return literal;
-  std::int64_t value = 0;
-  auto operandOf = [](Literal const& operand, std::int64_t& result) {
-    if (operand.kind == Literal::Kind::zero) result = 0;
-    if (operand.kind == Literal::Kind::zero) return true;
-    std::optional<std::uint64_t> number = integerOf(operand.text);
-    if (operand.kind != Literal::Kind::number || !number) return false;
-    result = static_cast<std::int64_t>(*number);
-    return true;
-  };
-  bool isSum = false;
-  for (;;) {
-    Token sign = peek();
-    bool isMinus = sign.kind == Token::Kind::word && sign.text == "-";
-    bool isOperator = isMinus || sign.isSymbol('+') || sign.isSymbol('*') || sign.isSymbol('/');
-    if (!isOperator) break;
-    if (!isSum && !operandOf(literal, value)) return {};
-    isSum = true;
-    take();
-    Literal right;
-    std::int64_t operand = 0;
-    if (!parseLiteral(right) || !operandOf(right, operand)) return {};
-    bool isOverflow = false;
-    if (isMinus) {
-      isOverflow = __builtin_sub_overflow(value, operand, &value);
-    } else if (sign.isSymbol('+')) {
-      isOverflow = __builtin_add_overflow(value, operand, &value);
-    } else if (sign.isSymbol('*')) {
-      isOverflow = __builtin_mul_overflow(value, operand, &value);
-    } else {
-      isOverflow = operand == 0;
-      if (!isOverflow) value /= operand;
-    }
-    if (isOverflow) return {};
-  }
-  if (isSum) literal.text = m_pool.keep(std::to_string(value));
-  return literal;
 }
 
 }  // namespace fdmorph::compiler

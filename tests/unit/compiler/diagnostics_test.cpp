@@ -73,6 +73,16 @@ INSTANTIATE_TEST_SUITE_P(
                 "a.cpy:1:11: error: the name begins with a tag that nothing replaces [name]"},
         Mistake{"01 A PIC X FOO BAR.",
                 "a.cpy:1:19: error: 'FOO' begins no clause of a data description [syntax]"},
+        Mistake{"01 A PIC X.\n 88 B VALUE 1 PIC X.",
+                "a.cpy:2:22: error: 'PIC' doesn't belong to a condition [syntax]"},
+        Mistake{"01 A.\n 05 B PIC X.\n66 C RENAMES B PIC X.",
+                "a.cpy:3:23: error: 'PIC' doesn't belong to an entry of level 66 [syntax]"},
+        Mistake{"01 A.\n 05 B PIC X GLOBAL.",
+                "a.cpy:2:20: error: GLOBAL needs an item of level 01 or 77 [clause]"},
+        Mistake{"01 A.\n 05 B PIC X EXTERNAL.",
+                "a.cpy:2:20: error: EXTERNAL needs an item of level 01 or 77 [clause]"},
+        Mistake{"01 A.\n 05 B OCCURS 5 ASCENDING KEY D.\n  10 C PIC X.\n 05 D PIC X.",
+                "a.cpy:2:37: error: the key 'D' doesn't stand in the table [occurs]"},
         Mistake{"78 K VALUE 1.\n78 K VALUE 2.",
                 "a.cpy:2:11: error: the constant 'K' is defined twice [constant]"}));
 
@@ -87,6 +97,27 @@ TEST(Diagnostics, ShowTheLineTheCaretAndTheCopyChain) {
             "                  ^\n"
             "M.cpy:2:13: note: copied from here\n"
             "a.cpy:1:13: note: copied from here\n");
+}
+
+TEST(Diagnostics, ShowTheCaretInTheMiddleOfALongLine) {
+  // Column 201, with 80 characters ahead of it and 160 in all.
+  MemoryTree tree;
+  tree.files["a.cpy"] = "       >>SOURCE FREE\n01 A PIC " + std::string(191, ' ') + "Q." +
+                        std::string(200, ' ') + "*>";
+  EXPECT_EQ(compile(tree).diagnostics,
+            "a.cpy:2:201: error: 'Q' is no symbol of a picture [picture]\n"
+            "  ..." +
+                std::string(80, ' ') + "Q." + std::string(78, ' ') + "\n" + std::string(85, ' ') +
+                "^\n");
+}
+
+TEST(Diagnostics, CountCharactersAndNotBytes) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = "       01 \xC3\x84 PIC Q.\n";
+  EXPECT_EQ(compile(tree).diagnostics,
+            "a.cpy:1:17: error: 'Q' is no symbol of a picture [picture]\n"
+            "         01 \xC3\x84 PIC Q.\n"
+            "                  ^\n");
 }
 
 TEST(Diagnostics, StandInTheOrderOfTheSource) {

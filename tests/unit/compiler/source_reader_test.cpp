@@ -72,7 +72,31 @@ TEST_F(SourceReader, ChangesTheFormatByDirective) {
   EXPECT_EQ(read("       a\n       >>SOURCE FORMAT IS FREE\nb *> c\n>>SOURCE FIXED\n       d\n"),
             "\na\nb\nd\n");
   EXPECT_EQ(read("      $SET SOURCEFORMAT\"FREE\"\nb\n"), "\nb\n");
-  EXPECT_EQ(result.endFormat, Format::free);
+}
+
+TEST_F(SourceReader, KnowsTheFormatOfEachPlace) {
+  std::string content = "       a\n      $SET SOURCEFORMAT\"FREE\"\nb\n";
+  read(content);
+  EXPECT_EQ(result.formatAt(0), Format::fixed);
+  EXPECT_EQ(result.formatAt(7), Format::fixed);
+  EXPECT_EQ(result.formatAt(static_cast<std::uint32_t>(content.find("b\n"))), Format::free);
+}
+
+TEST_F(SourceReader, LeavesConditionalDirectivesInTheText) {
+  EXPECT_EQ(read("       a\n       >>IF B DEFINED *> c\n       >>END-IF\n"),
+            "\na\n>>IF B DEFINED\n>>END-IF\n");
+  EXPECT_EQ(result.directives, (std::vector<std::uint32_t>{3, 18}));
+}
+
+TEST_F(SourceReader, TakesALineThatBeginsWithACurrencySignForText) {
+  EXPECT_EQ(read("           $$,$$9\n"), "\n    $$,$$9\n");
+  EXPECT_EQ(read("           $ZZ9\n"), "\n    $ZZ9\n");
+}
+
+TEST_F(SourceReader, GivesTabsBehindAFarColumnNoWidth) {
+  // 65,536 tabs of 255 columns each would be 16 MB.
+  std::string tabs(70000, '\t');
+  EXPECT_LT(read(tabs + "A\n", Format::variable, 255).size(), 140000U);
 }
 
 TEST_F(SourceReader, KnowsTheByteOfEachCharacter) {

@@ -1,0 +1,175 @@
+// Named constants and what their values are worked out of: numbers, other
+// constants and lengths, with + - * / and parentheses.
+#include "compiler/letters.h"
+#include "compiler/literals.h"
+#include "compiler/parser.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::uint8_t kConstantLevel = 78;
+constexpr int kMostParentheses = 64;
+
+// An integer with or without a sign.
+std::optional<std::int64_t> numberOf(Literal const& literal) {
+  if (literal.kind == Literal::Kind::zero) return 0;
+  if (literal.kind != Literal::Kind::number) return std::nullopt;
+  bool isNegative = literal.text.starts_with('-');
+  std::optional<std::uint64_t> digits = integerOf(literal.text.substr(isNegative ? 1 : 0));
+  if (!digits) return std::nullopt;
+  auto number = static_cast<std::int64_t>(*digits);
+  return isNegative ? -number : number;
+}
+
+}  // namespace
+
+// 78 NAME VALUE 5., 01 NAME CONSTANT AS 5. The operators of a level-78 entry
+// are applied from left to right, those of CONSTANT by their precedence.
+void Parser::parseConstant(Entry& entry) {
+  DataItem& item = *entry.item;
+  bool hasPrecedence = item.level != kConstantLevel;
+  item.level = kConstantLevel;  // no item of data
+  skip(Keyword::is);
+  if (skip(Keyword::global)) skip(Keyword::is);
+  bool isIntroduced = hasPrecedence ? skip(Keyword::as) : skip(Keyword::value);
+  if (!isIntroduced) {
+    error(Code::constant, peek().place,
+          std::string("the constant lacks ") + (hasPrecedence ? "AS" : "VALUE"));
+    skipSentence();
+    return;
+  }
+  skip(Keyword::is);
+  Literal value;
+  Token first = peek();
+  std::size_t errors = m_diagnostics.errorCount();
+  if (!parseExpression(value, hasPrecedence)) {
+    if (m_diagnostics.errorCount() == errors) {
+      error(Code::constant, first.place,
+            "the constant's value is neither a literal nor a sum of them");
+    }
+    skipSentence();
+    return;
+  }
+  if (!item.name.empty() && !m_constants.add(item.name, value)) {
+    error(Code::constant, item.place, "the constant " + quoted(item.name) + " is defined twice");
+  }
+  endShortEntry("a constant");
+}
+
+bool Parser::parseExpression(Literal& value, bool hasPrecedence) {
+  if (!parseTerm(value, hasPrecedence)) return false;
+  while (char sign = operatorNext()) {
+    take();
+    Literal right;
+    if (!parseTerm(right, hasPrecedence) || !applyOperator(value, sign, right)) return false;
+  }
+  return true;
+}
+
+bool Parser::parseTerm(Literal& value, bool hasPrecedence) {
+  if (!parseOperand(value, hasPrecedence)) return false;
+  while (hasPrecedence && (operatorNext() == '*' || operatorNext() == '/')) {
+    char sign = operatorNext();
+    take();
+    Literal right;
+    if (!parseOperand(right, hasPrecedence) || !applyOperator(value, sign, right)) return false;
+  }
+  return true;
+}
+
+bool Parser::parseOperand(Literal& value, bool hasPrecedence) {
+  if (!peek().isSymbol('(')) return parseLiteral(value);
+  if (m_parentheses >= kMostParentheses) {
+    error(Code::constant, peek().place, "parentheses are nested too deeply");
+    return false;
+  }
+  ++m_parentheses;
+  take();
+  bool isRight = parseExpression(value, hasPrecedence) && peek().isSymbol(')');
+  if (isRight) take();
+  --m_parentheses;
+  return isRight;
+}
+
+char Parser::operatorNext() {
+  Token const& token = peek();
+  if (token.kind == Token::Kind::word && token.text == "-") return '-';
+  for (char sign : {'+', '*', '/'}) {
+    if (token.isSymbol(sign)) return sign;
+  }
+  return 0;
+}
+
+bool Parser::applyOperator(Literal& left, char sign, Literal const& right) {
+  std::optional<std::int64_t> a = numberOf(left);
+  std::optional<std::int64_t> b = numberOf(right);
+  if (!a || !b) return false;
+  std::int64_t result = 0;
+  bool isOverflow = false;
+  switch (sign) {
+    case '+':
+      isOverflow = __builtin_add_overflow(*a, *b, &result);
+      break;
+    case '-':
+      isOverflow = __builtin_sub_overflow(*a, *b, &result);
+      break;
+    case '*':
+      isOverflow = __builtin_mul_overflow(*a, *b, &result);
+      break;
+    default:
+      isOverflow = *b == 0;
+      if (!isOverflow) result = *a / *b;
+      break;
+  }
+  if (isOverflow) {
+    error(Code::constant, right.place, "the constant's value can't be worked out");
+    return false;
+  }
+  setNumber(left, result);
+  return true;
+}
+
+void Parser::setNumber(Literal& value, std::int64_t number) {
+  value.kind = Literal::Kind::number;
+  value.text = m_pool.keep(std::to_string(number));
+}
+
+// LENGTH OF or BYTE-LENGTH OF, where that is no constant's name.
+bool Parser::isLengthNext() {
+  Token const& token = peek();
+  bool isWord = token.is(Keyword::length) || equalsBlindly(token.text, "BYTE-LENGTH");
+  if (!isWord || m_constants.find(token.text) != nullptr) return false;
+  Token const& following = peek(1);
+  return following.kind == Token::Kind::word || following.kind == Token::Kind::literal;
+}
+
+// The bytes of an item with all its occurrences, or of a literal.
+bool Parser::parseLength(Literal& value) {
+  Token word = take();
+  skip(Keyword::of);
+  value.place = word.place;
+  if (peek().kind == Token::Kind::literal) {
+    Literal literal;
+    if (!parseLiteral(literal)) return false;
+    bool isNational = toUpper(literal.text.front()) == 'N';
+    LiteralContent content = decodeLiteral(literal.text);
+    setNumber(value, static_cast<std::int64_t>(content.characters * (isNational ? 2 : 1)));
+    return true;
+  }
+  QualifiedName name = parseQualifiedName();
+  if (name.name.empty()) return false;
+  DataItem* item = nullptr;
+  NameIndex::Outcome outcome = m_lengths.find(name, m_lastItem, item);
+  if (outcome != NameIndex::Outcome::found) {
+    bool isUnknown = outcome == NameIndex::Outcome::unknown;
+    error(Code::constant, name.place,
+          quoted(name.name) + (isUnknown ? " is not defined" : " is ambiguous"));
+    return false;
+  }
+  std::uint64_t size = item->size * item->occurrences();
+  if (!m_open.empty()) m_data.lengths.push_back({item, size, name.place});
+  setNumber(value, static_cast<std::int64_t>(size));
+  return true;
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,101 @@
+// Named constants and the lengths that they take.
+
+#include <gtest/gtest.h>
+
+#include "support/compiled_source.h"
+
+namespace fdmorph::compiler {
+namespace {
+
+TEST(Constant, OfLevel78IsWorkedOutFromLeftToRight) {
+  EXPECT_EQ(lengthOf("78 N VALUE 2 + 3 * 4.\n01 A PIC X(N).", "A"), "20");
+  EXPECT_EQ(lengthOf("78 N VALUE 10 - 2 - 3.\n01 A PIC X(N).", "A"), "5");
+}
+
+TEST(Constant, OfAConstantEntryIsWorkedOutByPrecedence) {
+  EXPECT_EQ(lengthOf("01 N CONSTANT AS 2 + 3 * 4.\n01 A PIC X(N).", "A"), "14");
+  EXPECT_EQ(lengthOf("01 N CONSTANT AS (2 + 3) * 4.\n01 A PIC X(N).", "A"), "20");
+  EXPECT_EQ(lengthOf("01 N CONSTANT IS GLOBAL AS 20 / 4.\n01 A PIC X(N).", "A"), "5");
+}
+
+TEST(Constant, MayBeNegative) {
+  EXPECT_EQ(lengthOf("78 M VALUE -1.\n78 N VALUE M + 4.\n01 A PIC X(N).", "A"), "3");
+}
+
+TEST(Constant, TakesTheLengthOfAnItem) {
+  char const* record = "01 R.\n 05 B PIC 9(4) COMP.\n 05 T OCCURS 3.\n  10 C PIC X(5).\n";
+  auto length = [&](std::string const& name) {
+    return lengthOf(record + ("78 N VALUE LENGTH OF " + name + ".\n01 A PIC X(N)."), "A");
+  };
+  EXPECT_EQ(length("B"), "2");
+  EXPECT_EQ(length("C OF T"), "5");
+  EXPECT_EQ(length("T"), "15");  // all its occurrences
+  EXPECT_EQ(length("R"), "17");
+}
+
+TEST(Constant, TakesTheLengthOfALiteralInBytes) {
+  EXPECT_EQ(lengthOf("01 N CONSTANT AS LENGTH OF \"A\"\"B\".\n01 A PIC X(N).", "A"), "3");
+  EXPECT_EQ(lengthOf("01 N CONSTANT BYTE-LENGTH OF N\"AB\".\n01 A PIC X(N).", "A"),
+            "a.cpy:1:22: error: the constant lacks AS [constant]\n"
+            "         01 N CONSTANT BYTE-LENGTH OF N\"AB\".\n"
+            "                       ^\n"
+            "a.cpy:2:17: error: the repetition 'N' is neither a number nor a constant [picture]\n"
+            "         01 A PIC X(N).\n"
+            "                  ^\n");
+  EXPECT_EQ(lengthOf("01 N CONSTANT AS BYTE-LENGTH OF N\"AB\".\n01 A PIC X(N).", "A"), "4");
+}
+
+TEST(Constant, LaysARecordOutAgainWhenItHasGrown) {
+  char const* lines =
+      "01 R.\n 05 B PIC X(2).\n78 N VALUE LENGTH OF B.\n"
+      " 05 C PIC X(3).\n78 M VALUE LENGTH OF C.\n01 S.\n 05 D PIC X(N).\n 05 E PIC X(M).";
+  EXPECT_EQ(lengthOf(lines, "S"), "5");
+}
+
+TEST(Constant, KnowsUsageAndRedefinitionOfWhatItMeasures) {
+  char const* lines =
+      "01 R COMP-3.\n 05 B PIC 9(5).\n 05 C REDEFINES B.\n  10 D PIC 9(3).\n"
+      "78 N VALUE LENGTH OF R.\n01 A PIC X(N).";
+  EXPECT_EQ(lengthOf(lines, "A"), "3");
+}
+
+TEST(Value, MayBeALength) {
+  CompilationResult result = compile("01 R PIC X(30).\n01 V PIC 9(4) VALUE LENGTH OF R.");
+  EXPECT_EQ(attributeOf(result.dictionary, "V", "value"), "30");
+}
+
+struct Mistake {
+  char const* source;
+  char const* report;  // its first line
+};
+
+class ConstantMistake : public testing::TestWithParam<Mistake> {};
+
+TEST_P(ConstantMistake, IsReportedAtItsPlace) {
+  CompilationResult result = compile(GetParam().source);
+  EXPECT_EQ(result.status, kWrong);
+  EXPECT_EQ(result.diagnostics.substr(0, result.diagnostics.find('\n')), GetParam().report);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, ConstantMistake,
+    testing::Values(
+        Mistake{"78 N VALUE LENGTH OF B.", "a.cpy:1:29: error: 'B' is not defined [constant]"},
+        Mistake{"01 R.\n 05 B PIC X.\n01 S.\n 05 B PIC X.\n78 N VALUE LENGTH OF B.",
+                "a.cpy:5:29: error: 'B' is ambiguous [constant]"},
+        Mistake{"01 R.\n 05 B PIC X.\n78 N VALUE LENGTH OF R.\n 05 C PIC X.",
+                "a.cpy:3:29: error: the length of 'R' is taken before its last item [constant]"},
+        Mistake{"78 N VALUE 1 / 0.",
+                "a.cpy:1:23: error: the constant's value can't be worked out [constant]"},
+        Mistake{"78 N VALUE \"a\" + 1.",
+                "a.cpy:1:19: error: the constant's value is neither a literal nor a sum of them "
+                "[constant]"},
+        Mistake{"78 N 5.", "a.cpy:1:13: error: the constant lacks VALUE [constant]"},
+        Mistake{"78 N VALUE 5 PIC X.",
+                "a.cpy:1:21: error: 'PIC' doesn't belong to a constant [syntax]"},
+        // A constant is no item that a table could depend on.
+        Mistake{"01 N CONSTANT AS 5.\n01 A PIC X OCCURS 1 TO 3 DEPENDING ON N.",
+                "a.cpy:2:46: error: 'N' is not defined [depending]"}));
+
+}  // namespace
+}  // namespace fdmorph::compiler
