@@ -21,6 +21,12 @@ bool isInTable(DataItem const* item) {
   return item != nullptr;
 }
 
+// The transaction monitor's translator puts the block with this item into the
+// linkage section: the length of the area that a program is called with.
+bool isSystemItem(QualifiedName const& name) {
+  return equalsBlindly(name.name, "EIBCALEN");
+}
+
 }  // namespace
 
 void Checker::check() {
@@ -83,7 +89,7 @@ void Checker::checkDepending(DataItem& item, NameIndex& index) {
   DataItem* object = nullptr;
   NameIndex::Outcome outcome = index.resolve(name, item, object);
   if (outcome != NameIndex::Outcome::found) {
-    reportName(Code::depending, name, outcome);
+    if (!isSystemItem(name)) reportName(Code::depending, name, outcome);
     return;
   }
   auto report = [&](char const* text) {

@@ -110,7 +110,7 @@ bool Parser::parseName(std::string_view& name) {
     error(Code::name, peek().place, "a name is missing before " + describe(peek()));
     return false;
   }
-  name = take().text;
+  name = takeName().text;
   return true;
 }
 

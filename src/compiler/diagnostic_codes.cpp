@@ -37,6 +37,7 @@ constexpr std::array kCodes{
     CodeEntry{Code::environment, "environment", true},
     CodeEntry{Code::directive, "directive", false},
     CodeEntry{Code::sourceDirective, "source-directive", false},
+    CodeEntry{Code::tag, "tag", false},
     CodeEntry{Code::copyPassed, "copy-passed", false},
     CodeEntry{Code::duplicateName, "duplicate-name", false},
     CodeEntry{Code::valueSize, "value-size", false},

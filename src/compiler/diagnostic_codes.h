@@ -38,6 +38,7 @@ enum class Code {
   // Warnings.
   directive,
   sourceDirective,
+  tag,
   copyPassed,
   duplicateName,
   valueSize,

@@ -120,7 +120,11 @@ class Writer {
     if (!item.occurs && !isSubordinateGroup) return;
     m_xml.attribute("minOccurs", item.occurs ? item.occurs->least : 1);
     m_xml.attribute("maxOccurs", item.occurrences());
-    if (item.dependingOn != nullptr) m_xml.attribute("odo", dottedName(*item.dependingOn));
+    if (item.dependingOn != nullptr) {
+      m_xml.attribute("odo", dottedName(*item.dependingOn));
+    } else if (item.occurs && item.occurs->isDepending) {
+      m_xml.attribute("odo", item.occurs->depending.name);  // the system's own
+    }
   }
 
   std::string dottedName(DataItem const& item) const {

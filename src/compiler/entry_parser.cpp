@@ -1,4 +1,6 @@
 // Data description entries: level number, name, clauses, period.
+#include <algorithm>
+
 #include "compiler/letters.h"
 #include "compiler/parser.h"
 
@@ -19,7 +21,6 @@ bool isLevel(int level) {
 // Why a word can't be a name; null if it can.
 char const* faultOfName(std::string_view name) {
   if (name.size() > kLongestName) return "is longer than 63 characters";
-  if (name.find(':') != std::string_view::npos) return "holds a tag that nothing replaces";
   if (name.front() == '-' || name.front() == '_') return "begins with a hyphen or underscore";
   if (name.back() == '-' || name.back() == '_') return "ends in a hyphen or underscore";
   for (char c : name) {
@@ -29,7 +30,32 @@ char const* faultOfName(std::string_view name) {
   return "holds no letter";
 }
 
+// The first tag in a name, with its colons.
+std::string_view tagOf(std::string_view name) {
+  std::size_t begin = std::min(name.find(':'), name.size());
+  std::size_t end = name.find(':', std::min(begin + 1, name.size()));
+  return name.substr(begin, end == std::string_view::npos ? end : end - begin + 1);
+}
+
 }  // namespace
+
+// A copybook that is compiled by itself has nobody who replaces its tags: their
+// letters stand for them.
+Token Parser::takeName() {
+  Token name = take();
+  if (name.text.find(':') == std::string_view::npos) return name;
+  if (m_data.isProgram) {
+    error(Code::name, name.place,
+          "the name " + quoted(name.text) + " holds a tag that nothing replaces");
+  } else if (m_tags.insert(tagOf(name.text)).second) {
+    error(Code::tag, name.place,
+          "nothing replaces the tag " + quoted(tagOf(name.text)) + "; its letters stand for it");
+  }
+  std::string letters(name.text);
+  std::erase(letters, ':');
+  name.text = m_pool.keep(std::move(letters));
+  return name;
+}
 
 void Parser::checkName(Token const& token) {
   if (char const* fault = faultOfName(token.text)) {
@@ -123,20 +149,12 @@ void Parser::parseEntryName(Entry& entry) {
   DataItem& item = *entry.item;
   bool takesAnyName =
       item.level == kRenamesLevel || item.level == kConstantLevel || item.level == kConditionLevel;
-  if (peek().isSymbol(':')) {
-    error(Code::name, peek().place, "the name begins with a tag that nothing replaces");
-    while (!isEnd() && peek().kind != Token::Kind::period && !peek().is(Keyword::picture) &&
-           !isEntryStart()) {
-      take();
-    }
-    return;
-  }
   bool isName = takesAnyName ? peek().kind == Token::Kind::word : isNameNext();
   if (!isName) {
     if (takesAnyName) error(Code::name, peek().place, "the entry lacks a name");
     return;
   }
-  Token name = take();
+  Token name = takeName();
   item.name = name.text;
   item.place = name.place;
   if (!name.is(Keyword::filler)) checkName(name);

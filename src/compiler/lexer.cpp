@@ -115,19 +115,16 @@ Token Lexer::readWord() {
     case TextWord::Kind::directive:  // gone by now
       break;
     case TextWord::Kind::symbol:
+      if (word.is(':') && isAdjacent(0) && ahead(0).kind == TextWord::Kind::word && isAdjacent(1) &&
+          ahead(1).is(':')) {
+        joinName(token);
+        break;
+      }
       if (word.is('+') || word.text.front() == m_point) joinNumber(token);
       if (token.kind == Token::Kind::symbol && word.is('.')) token.kind = Token::Kind::period;
       break;
     case TextWord::Kind::word: {
-      std::string joined;
-      while (isAdjacent(0) && ahead(0).kind == TextWord::Kind::word) append(token, joined);
-      // A tag that nothing replaced stays part of its name.
-      while (isAdjacent(0) && ahead(0).is(':')) {
-        append(token, joined);
-        while (isAdjacent(0) && ahead(0).kind == TextWord::Kind::word) append(token, joined);
-      }
-      if (!joined.empty()) token.text = m_pool.keep(std::move(joined));
-      token.kind = Token::Kind::word;
+      joinName(token);
       if (isDigit(token.text.front()) || isSign(token.text.front())) joinNumber(token);
       break;
     }
@@ -139,6 +136,16 @@ Token Lexer::readWord() {
     m_isPictureNext = false;
   }
   return token;
+}
+
+// A tag that nothing replaced, as in :TAG:-NAME, stays part of its name.
+void Lexer::joinName(Token& token) {
+  std::string joined;
+  while (isAdjacent(0) && (ahead(0).kind == TextWord::Kind::word || ahead(0).is(':'))) {
+    append(token, joined);
+  }
+  if (!joined.empty()) token.text = m_pool.keep(std::move(joined));
+  token.kind = Token::Kind::word;
 }
 
 // The token holds the beginning of what may be a number: digits, a sign or a

@@ -54,6 +54,7 @@ class Lexer {
   Token readToken();
   Token readPicture();
   Token readWord();
+  void joinName(Token& token);
   void joinNumber(Token& token);
   bool isAdjacent(std::size_t index);
   bool isPoint(std::size_t index);

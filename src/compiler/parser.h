@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "compiler/constants.h"
@@ -118,6 +119,7 @@ class Parser {
   void parseEntry();
   void parseEntryName(Entry& entry);
   bool isNameNext();
+  Token takeName();
   void checkName(Token const& token);
   void parseClauses(Entry& entry);
   void endEntry(bool isBroken);
@@ -176,7 +178,8 @@ class Parser {
   DataDivision& m_data;
   Constants m_constants;
   ItemLengths m_lengths;
-  int m_parentheses = 0;  // around the operand that is being parsed
+  std::unordered_set<std::string_view> m_tags;  // that were warned of
+  int m_parentheses = 0;                        // around the operand that is being parsed
   PictureRules m_pictureRules;
   std::unordered_map<std::string, Picture const*> m_pictures;
 

@@ -30,9 +30,14 @@ bool isEmbedded(TextWord const& word) {
   return false;
 }
 
-// Members that come with the database and not with the source.
-bool isDatabaseMember(std::string_view name) {
-  return equalsBlindly(name, "SQLCA") || equalsBlindly(name, "SQLDA");
+// Members that come with the database or the transaction monitor and not with
+// the source. Their records are of no interest to it.
+bool isSystemMember(std::string_view name) {
+  for (std::string_view each :
+       {"SQLCA", "SQLDA", "DFHAID", "DFHBMSCA", "DFHMSRCA", "DFHEIBLK", "DFHEIBLC"}) {
+    if (equalsBlindly(name, each)) return true;
+  }
+  return false;
 }
 
 ReadText const& readFile(TextContext& context, SourceFile const* file, std::uint32_t number) {
@@ -209,20 +214,18 @@ bool FileText::execBlock(TextWord const& word) {
 }
 
 void FileText::includeMember(TextWord const& word) {
-  std::string_view name = nameOf(word);
-  std::string const& path = m_context.sources.fileOf(m_number)->path;
-  if (isDatabaseMember(name) && m_context.search.find(name, "", path) == nullptr) {
-    m_context.diagnostics.report(Code::copyPassed, word.place,
-                                 "copy member " + quoted(name) + " is not here and passed over");
-    return;
-  }
-  open(word, name, "", {});
+  open(word, nameOf(word), "", {});
 }
 
 void FileText::open(TextWord const& at, std::string_view member, std::string_view library,
                     ReplacementList list) {
   std::string const& path = m_context.sources.fileOf(m_number)->path;
   SourceFile const* file = m_context.search.find(member, library, path);
+  if (file == nullptr && isSystemMember(member)) {
+    m_context.diagnostics.report(Code::copyPassed, at.place,
+                                 "copy member " + quoted(member) + " is not here and passed over");
+    return;
+  }
   if (file == nullptr) {
     m_context.diagnostics.report(Code::copyMissing, at.place,
                                  "copy member " + quoted(member) + " is not found");

@@ -74,5 +74,21 @@ TEST(Entries, MayBeDeepAndManyWithoutHarm) {
   EXPECT_EQ(attribute(lines, "G1", "length"), "3");
 }
 
+TEST(Entries, OfABareCopybookMayHaveTagsThatNothingReplaces) {
+  CompilationResult result = compile("01 :T:-A.\n 05 :T:B PIC X.\n 05 C-:U: REDEFINES :T:B PIC X.");
+  EXPECT_EQ(result.status, kRight);
+  EXPECT_EQ(attributeOf(result.dictionary, "T-A", "length"), "1");
+  EXPECT_EQ(attributeOf(result.dictionary, "TB", "length"), "1");
+  EXPECT_EQ(attributeOf(result.dictionary, "C-U", "redefines"), "true");
+  // Each tag is warned of once.
+  EXPECT_EQ(result.diagnostics,
+            "a.cpy:1:11: warning: nothing replaces the tag ':T:'; its letters stand for it [tag]\n"
+            "         01 :T:-A.\n"
+            "            ^\n"
+            "a.cpy:3:12: warning: nothing replaces the tag ':U:'; its letters stand for it [tag]\n"
+            "          05 C-:U: REDEFINES :T:B PIC X.\n"
+            "             ^\n");
+}
+
 }  // namespace
 }  // namespace fdmorph::compiler
