@@ -1,6 +1,6 @@
 """What the tests that run the whole program share.
 
-The environment variable FDMORPH names the program under test.
+The environment variables FDMORPH and ZBC name the programs under test.
 """
 
 from __future__ import annotations
@@ -13,10 +13,10 @@ from typing import Any
 import pytest
 
 
-def program_under_test() -> str:
-    path = os.environ.get("FDMORPH", "")
+def program_under_test(variable: str = "FDMORPH") -> str:
+    path = os.environ.get(variable, "")
     if not os.access(path, os.X_OK):
-        pytest.fail(f'FDMORPH must name the program under test; it is "{path}"', pytrace=False)
+        pytest.fail(f'{variable} must name the program under test; it is "{path}"', pytrace=False)
     return os.path.abspath(path)
 
 

@@ -1,0 +1,136 @@
+"""Has cobc list the items of a data division.
+
+A line of the listing tells an item's size in bytes, kind, level and name, then picture and
+usage, and behind commas how often it occurs and what it redefines.  A name is cut behind 30
+characters where something follows.  A group's size is that of all its occurrences, an
+elementary item's that of one; both are read as the size of one occurrence here.
+"""
+
+from __future__ import annotations
+
+import os
+import re
+import subprocess
+from itertools import zip_longest
+from pathlib import Path
+from typing import NamedTuple
+
+NAME_WIDTH = 30
+TIME_LIMIT = 120  # seconds
+LISTING = "items.lst"
+COMMAND = [
+    "cobc", "-fsyntax-only", "-fixed", "-w", "-Werror=pending", "-fmax-errors=1000000",
+    "-ftsymbols", "--tlines=0", "-fno-theader", "-fno-tsource", "-fno-tmessages", "-T", LISTING,
+]  # fmt: skip
+
+SECTION = re.compile(r" {6}(\S+) SECTION")
+FILE = re.compile(r"\d{5,} FILE +(\S+)")
+ITEM = re.compile(r"(?P<size>\d{5,}) (?P<kind>[A-Z]+) +(?P<level>\d\d)   (?P<text>.+)")
+OCCURS = re.compile(r"OCCURS (?:(\d+) TO )?(\d+)")
+PASSED_OVER = re.compile(r"| {6}CONDITIONAL +88 .+| {6}NO FIELDS DEFINED\.")
+SCOPES = {"GLOBAL", "EXTERNAL"}
+OWN_PICTURE = {"COMP-1", "COMP-2"}  # the usages that cobc gives a picture of its own making
+
+
+class ListingError(Exception):
+    """A line of the listing has no known form."""
+
+
+class Item(NamedTuple):
+    """What is compared of an item."""
+
+    owner: str  # the file, or empty for working storage
+    level: int
+    name: str
+    size: int  # bytes of one occurrence
+    picture: str = ""  # empty for a group, and where the usage says it all
+    usage: str = ""  # empty for DISPLAY
+    occurs: tuple[int, int] = (1, 1)  # least and most
+    redefines: bool = False
+    is_group: bool = False
+
+
+class Listing(NamedTuple):
+    complaints: list[str]  # without which the rest is filled in
+    items: list[Item]  # of the working storage, then of the files
+    files: list[str]
+
+
+def read_item(owner: str, line: str) -> Item:
+    match = ITEM.fullmatch(line)
+    if match is None:
+        raise ListingError(line)
+    head, *clauses = match["text"].split(", ")
+    name, _, rest = head.partition(" ")
+    rest = rest.strip()
+    if rest.startswith("OCCURS "):
+        clauses.insert(0, rest)
+        rest = ""
+    picture, *usages = [word for word in rest.split() if word not in SCOPES] or [""]
+    occurs, redefines = (1, 1), False
+    for clause in clauses:
+        if found := OCCURS.fullmatch(clause):
+            occurs = (int(found[1] or found[2]), int(found[2]))
+        elif clause.startswith("REDEFINES "):
+            redefines = True
+        else:
+            raise ListingError(line)
+    usage = " ".join(usages)
+    is_group = match["kind"] == "GROUP"
+    return Item(
+        owner, int(match["level"]), name, int(match["size"]) // (occurs[1] if is_group else 1),
+        "" if usage in OWN_PICTURE else picture, usage, occurs, redefines, is_group,
+    )  # fmt: skip
+
+
+def read_listing(text: str) -> tuple[list[Item], list[str]]:
+    """The items of working storage and files, and the files' names.
+
+    The files come first in the listing and have no header.
+    """
+    section, owner = "FILE", ""
+    items: list[Item] = []
+    files: list[str] = []
+    for line in text.upper().splitlines():
+        if match := SECTION.fullmatch(line):
+            section, owner = match[1], ""
+        elif match := FILE.fullmatch(line):
+            owner = match[1]
+            files.append(owner)
+        elif not PASSED_OVER.fullmatch(line):
+            item = read_item(owner, line)
+            if section in ("FILE", "WORKING-STORAGE"):
+                items.append(item)
+    return sorted(items, key=lambda item: item.owner != ""), files
+
+
+def list_items(source: Path, *options: str) -> Listing:
+    """The items of the source as cobc sees them; it is asked in the source's folder."""
+    listing = source.parent / LISTING
+    listing.unlink(missing_ok=True)
+    result = subprocess.run(
+        [*COMMAND, *options, source.name], cwd=source.parent, env={**os.environ, "LC_ALL": "C"},
+        capture_output=True, encoding="latin-1", check=False, timeout=TIME_LIMIT,
+    )  # fmt: skip
+    complaints = (result.stdout + result.stderr).splitlines()
+    if result.returncode and not complaints:
+        complaints.append(f"cobc ended with status {result.returncode}")
+    if complaints:
+        return Listing(complaints, [], [])
+    return Listing([], *read_listing(listing.read_text("latin-1")))
+
+
+def differences(
+    described: list[Item], listed: list[Item], any_group_size: bool = False
+) -> list[str]:
+    """The items that aren't the same, one for one; listed names may be cut."""
+    found = []
+    for ours, theirs in zip_longest(described, listed):
+        if ours and theirs:
+            if theirs.name == ours.name[:NAME_WIDTH]:
+                theirs = theirs._replace(name=ours.name)
+            if any_group_size and theirs.is_group:
+                theirs = theirs._replace(size=ours.size)
+        if ours != theirs:
+            found.append(f"{ours} is listed as {theirs}")
+    return found
