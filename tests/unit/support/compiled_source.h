@@ -66,4 +66,18 @@ inline std::string lengthOf(std::string_view lines, std::string const& name) {
   return attributeOf(result.dictionary, name, "length").value_or(result.diagnostics);
 }
 
+/// A bare copybook, its lines written from column 8 on, and the first line of
+/// what is reported of it.
+struct Mistake {
+  char const* source;
+  char const* report;
+};
+
+/// The first line of what is reported of a wrong copybook.
+inline std::string firstReport(std::string_view lines) {
+  CompilationResult result = compile(lines);
+  if (result.status != kWrong) return "no mistake";
+  return result.diagnostics.substr(0, result.diagnostics.find('\n'));
+}
+
 }  // namespace fdmorph::compiler
