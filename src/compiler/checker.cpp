@@ -10,6 +10,7 @@ namespace fdmorph::compiler {
 namespace {
 
 constexpr std::uint8_t kRenamesLevel = 66;
+constexpr std::uint8_t kConditionLevel = 88;
 
 bool isInside(DataItem const* item, DataItem const* group) {
   while (item != nullptr && item != group) item = item->parent;
@@ -35,6 +36,11 @@ void Checker::check() {
   checkRecords(m_data.localStorage);
   checkRecords(m_data.linkage);
   if (m_hasReferences) checkReferences();
+  for (DataItem const& item : m_data.items) {
+    bool isCondition = item.level == kConditionLevel;
+    DataItem const* described = isCondition ? item.parent : &item;
+    if (described != nullptr) checkValues(*described, item.values, m_diagnostics);
+  }
   checkFiles();
   checkLengths();
 }

@@ -105,8 +105,17 @@ void Parser::checkIsRecord(DataItem const& item, Token const& clause) {
   error(Code::clause, clause.place, upperCase(clause.text) + " needs an item of level 01 or 77");
 }
 
+// A clause's word is a name only where the clause couldn't go on.
+bool Parser::isClauseNext() {
+  if (!beginsClause(peek().keyword)) return false;
+  Token const& following = peek(1);
+  bool isEnd = following.kind == Token::Kind::period || following.kind == Token::Kind::end ||
+               (following.kind == Token::Kind::word && beginsClause(following.keyword));
+  return peek().is(Keyword::picture) || !isEnd;
+}
+
 bool Parser::parseName(std::string_view& name) {
-  if (peek().kind != Token::Kind::word) {
+  if (peek().kind != Token::Kind::word || isClauseNext()) {
     error(Code::name, peek().place, "a name is missing before " + describe(peek()));
     return false;
   }
@@ -137,6 +146,7 @@ void Parser::parsePicture(Entry& entry) {
   Token token = peek();
   if (token.kind != Token::Kind::picture) {
     error(Code::picture, m_lastToken.place, "the picture is missing");
+    entry.item->isIncomplete = true;
     return;
   }
   take();

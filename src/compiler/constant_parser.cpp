@@ -151,9 +151,8 @@ bool Parser::parseLength(Literal& value) {
   if (peek().kind == Token::Kind::literal) {
     Literal literal;
     if (!parseLiteral(literal)) return false;
-    bool isNational = toUpper(literal.text.front()) == 'N';
-    LiteralContent content = decodeLiteral(literal.text);
-    setNumber(value, static_cast<std::int64_t>(content.characters * (isNational ? 2 : 1)));
+    std::size_t width = isNationalLiteral(literal.text) ? 2 : 1;
+    setNumber(value, static_cast<std::int64_t>(decodeLiteral(literal.text).characters * width));
     return true;
   }
   QualifiedName name = parseQualifiedName();

@@ -76,6 +76,7 @@ struct DataItem {
   bool isSynchronized = false;
   bool isUnsigned = false;  ///< a binary usage without a picture
   bool hasValue = false;
+  bool isIncomplete = false;  ///< a picture or members that were reported are missing
   Usage usage = Usage::none;
   SignClause sign;
   Picture const* picture = nullptr;

@@ -55,7 +55,7 @@ constexpr bool isInOrder() {
   }
   return true;
 }
-static_assert(isInOrder());
+static_assert(isInOrder() && kCodes.size() == kCodeCount);
 
 }  // namespace
 

@@ -1,11 +1,13 @@
 // The codes of diagnostics, in one table.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <string_view>
 
 namespace fdmorph::compiler {
 
-enum class Code {
+enum class Code : std::uint8_t {
   // Errors.
   file,
   indicator,
@@ -48,6 +50,8 @@ enum class Code {
   pictureWarning,
   clauseWarning,
 };
+
+inline constexpr std::size_t kCodeCount = static_cast<std::size_t>(Code::clauseWarning) + 1;
 
 struct CodeEntry {
   Code code;

@@ -61,6 +61,8 @@ std::string quoted(std::string_view text) {
 }
 
 void Diagnostics::report(Code code, Place place, std::string text) {
+  ++m_counts[static_cast<std::size_t>(code)];
+  m_places[static_cast<std::size_t>(code)] = place;
   std::size_t& count = entryOf(code).isError ? m_errors : m_warnings;
   if (++count <= kMost) m_reports.push_back({code, place, std::move(text)});
 }

@@ -2,6 +2,7 @@
 // here, and it alone knows whether there was an error.
 #pragma once
 
+#include <array>
 #include <string>
 #include <vector>
 
@@ -24,6 +25,11 @@ class Diagnostics {
   /// What places are looked up in.
   Sources const& sources() const { return m_sources; }
 
+  /// How often a code was reported.
+  std::size_t countOf(Code code) const { return m_counts[static_cast<std::size_t>(code)]; }
+  /// Where it was reported last.
+  Place lastOf(Code code) const { return m_places[static_cast<std::size_t>(code)]; }
+
   bool hasErrors() const { return m_errors != 0; }
   std::size_t errorCount() const { return m_errors; }
   std::size_t warningCount() const { return m_warnings; }
@@ -44,6 +50,8 @@ class Diagnostics {
 
   Sources const& m_sources;
   std::vector<Report> m_reports;
+  std::array<std::size_t, kCodeCount> m_counts{};
+  std::array<Place, kCodeCount> m_places{};
   std::size_t m_errors = 0;
   std::size_t m_warnings = 0;
 };

@@ -1,5 +1,7 @@
 #include "compiler/dictionary_writer.h"
 
+#include <algorithm>
+#include <array>
 #include <unordered_map>
 
 #include "compiler/item_rules.h"
@@ -32,6 +34,18 @@ char const* elementOf(ItemKind kind) {
 // The name that stands for none.
 std::string_view nameOf(DataItem const& item) {
   return item.name.empty() ? "FILLER" : item.name;
+}
+
+// RENAMES of several items, or of a group, has no picture and no usage.
+bool isRange(DataItem const& item) {
+  return item.level == kRenamesLevel && item.picture == nullptr &&
+         item.effectiveUsage == Usage::none;
+}
+
+// The decimal digits of the largest number in so many bytes.
+std::uint64_t digitsOfBytes(std::uint64_t bytes) {
+  constexpr std::array<std::uint64_t, 9> kDigits{1, 3, 5, 8, 10, 13, 15, 17, 20};
+  return kDigits[std::min<std::uint64_t>(bytes, kDigits.size() - 1)];
 }
 
 class Writer {
@@ -83,7 +97,7 @@ class Writer {
     m_xml.begin(element);
     m_xml.attribute("name", nameOf(item));
     m_xml.attribute("level", std::uint64_t{item.isImplied ? 1U : item.level});
-    if (!item.isGroup() && item.level != kRenamesLevel) writePicture(item);
+    if (!item.isGroup() && !isRange(item)) writePicture(item);
     m_xml.attribute("length", item.size);
     writeOccurs(item);
     if (item.isRedefinition) m_xml.attribute("redefines", "true");
@@ -109,6 +123,9 @@ class Writer {
     if (item.picture->category == Category::numeric) {
       m_xml.attribute("digits", std::uint64_t{item.picture->digits});
       m_xml.attribute("alignment", std::uint64_t{item.picture->scale});
+    } else if (kindOf(item) == ItemKind::numeric) {
+      m_xml.attribute("digits", digitsOfBytes(item.size));
+      m_xml.attribute("alignment", std::uint64_t{0});
     }
     m_xml.attribute("picture", item.picture->text);
   }

@@ -47,7 +47,10 @@ Token Parser::takeName() {
   if (m_data.isProgram) {
     error(Code::name, name.place,
           "the name " + quoted(name.text) + " holds a tag that nothing replaces");
-  } else if (m_tags.insert(tagOf(name.text)).second) {
+    name.text = {};
+    return name;
+  }
+  if (m_tags.insert(tagOf(name.text)).second) {
     error(Code::tag, name.place,
           "nothing replaces the tag " + quoted(tagOf(name.text)) + "; its letters stand for it");
   }
@@ -58,6 +61,7 @@ Token Parser::takeName() {
 }
 
 void Parser::checkName(Token const& token) {
+  if (token.text.empty()) return;  // reported as a tag
   if (char const* fault = faultOfName(token.text)) {
     error(Code::name, token.place, "the name " + quoted(token.text) + " " + fault);
   }
@@ -81,6 +85,7 @@ void Parser::parseEntry() {
   m_hasData = true;
   Entry entry;
   entry.item = newItem(static_cast<std::uint8_t>(level), number.place);
+  entry.item->isIncomplete = m_isMemberMissing;
   parseEntryName(entry);
   switch (level) {
     case kConstantLevel:
@@ -102,6 +107,18 @@ void Parser::parseEntry() {
   }
   parseClauses(entry);
   attach(entry.item);
+}
+
+// A member that wasn't found may hold the picture of the entry around it, or
+// the items below the one before it. The lexer comes upon a member that stands
+// right behind a level number together with that.
+void Parser::noteMissingMembers() {
+  std::size_t count = m_diagnostics.countOf(Code::copyMissing);
+  bool isMissing = count != m_missingMembers;
+  m_missingMembers = count;
+  m_isMemberMissing = isMissing && m_diagnostics.sources().isBefore(
+                                       peek().place, m_diagnostics.lastOf(Code::copyMissing));
+  if (isMissing && m_lastItem != nullptr) m_lastItem->isIncomplete = true;
 }
 
 // Whether the word behind a level number is a name. A word that begins a
@@ -149,7 +166,9 @@ void Parser::parseEntryName(Entry& entry) {
   DataItem& item = *entry.item;
   bool takesAnyName =
       item.level == kRenamesLevel || item.level == kConstantLevel || item.level == kConditionLevel;
-  bool isName = takesAnyName ? peek().kind == Token::Kind::word : isNameNext();
+  bool isClause =
+      (peek().is(Keyword::value) || peek().is(Keyword::renames)) && !peek(1).is(peek().keyword);
+  bool isName = takesAnyName ? peek().kind == Token::Kind::word && !isClause : isNameNext();
   if (!isName) {
     if (takesAnyName) error(Code::name, peek().place, "the entry lacks a name");
     return;

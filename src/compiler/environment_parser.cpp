@@ -1,6 +1,9 @@
 // What the environment division says about data: the currency sign and the
 // decimal point. All else in it is passed over.
+#include <algorithm>
+
 #include "compiler/letters.h"
+#include "compiler/literals.h"
 #include "compiler/parser.h"
 
 namespace fdmorph::compiler {
@@ -48,10 +51,12 @@ void Parser::parseCurrency() {
   skip(Keyword::is);
   if (peek().kind != Token::Kind::literal) return;
   Token sign = take();
+  std::size_t size = 1;
   skipWord("WITH");
   if (skip(Keyword::picture)) {
     skip(Keyword::symbol);
     if (peek().kind != Token::Kind::literal) return;
+    size = std::max<std::size_t>(decodeLiteral(sign.text).characters, 1);
     sign = take();
   }
   char symbol = characterOf(sign);
@@ -60,6 +65,7 @@ void Parser::parseCurrency() {
     return;
   }
   m_pictureRules.currency = toUpper(symbol);
+  m_pictureRules.currencySize = size;
 }
 
 }  // namespace fdmorph::compiler

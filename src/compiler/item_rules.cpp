@@ -23,7 +23,13 @@ class ItemCheck {
       checkUsage();
       checkClauses();
     }
-    for (ValueRange const& range : m_item.values) checkValue(range.from);
+  }
+
+  void checkValues(std::vector<ValueRange> const& values) {
+    for (ValueRange const& range : values) {
+      checkValue(range.from);
+      checkValue(range.to);
+    }
   }
 
  private:
@@ -44,7 +50,7 @@ class ItemCheck {
   }
 
   void checkWithoutPicture() {
-    if (takesPicture(m_item.effectiveUsage)) {
+    if (takesPicture(m_item.effectiveUsage) && !m_item.isIncomplete) {
       report(Code::pictureMissing, name() + " has no picture");
     }
     if (m_item.isJustified) report(Code::clause, "JUSTIFIED needs a picture of characters");
@@ -105,7 +111,8 @@ class ItemCheck {
   }
 
   void checkValue(Literal const& value) {
-    if (m_item.picture == nullptr || !m_item.picture->isValid()) return;
+    if (m_item.isGroup()) checkCharacters(value, m_item.size);
+    if (m_item.isGroup() || m_item.picture == nullptr || !m_item.picture->isValid()) return;
     bool isNumber = m_item.picture->category == Category::numeric;
     bool isText = value.kind == Literal::Kind::text;
     if (isNumber && isText) {
@@ -113,11 +120,17 @@ class ItemCheck {
                            "the value of a numeric item is written as a text");
       return;
     }
-    if (isNumber) checkNumber(value);
-    bool isCharacters = !isNumber && m_item.picture->category != Category::numericEdited;
+    if (isNumber) {
+      checkNumber(value);
+    } else if (m_item.picture->category != Category::numericEdited) {
+      checkCharacters(value, m_item.picture->size);
+    }
+  }
+
+  void checkCharacters(Literal const& value, std::uint64_t size) {
     // An open literal is reported already.
-    if (isCharacters && isText && !value.isAll && !value.isOpen &&
-        decodeLiteral(value.text).characters > m_item.picture->size) {
+    bool isText = value.kind == Literal::Kind::text && !value.isAll && !value.isOpen;
+    if (isText && decodeLiteral(value.text).characters > size) {
       m_diagnostics.report(Code::valueSize, value.place, "the value is longer than the item");
     }
   }
@@ -157,11 +170,17 @@ void inherit(DataItem& item) {
   bool hasUsage = item.usage != Usage::none;
   bool hasSign = item.sign.position != SignPosition::none;
   item.effectiveUsage = hasUsage || group == nullptr ? item.usage : group->effectiveUsage;
+  if (!hasUsage && group != nullptr) item.isUnsigned = group->isUnsigned;
   item.effectiveSign = hasSign || group == nullptr ? item.sign : group->effectiveSign;
 }
 
 void checkItem(DataItem const& item, Diagnostics& diagnostics) {
   ItemCheck(item, diagnostics).check();
+}
+
+void checkValues(DataItem const& item, std::vector<ValueRange> const& values,
+                 Diagnostics& diagnostics) {
+  ItemCheck(item, diagnostics).checkValues(values);
 }
 
 bool isInteger(DataItem const& item) {

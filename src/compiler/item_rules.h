@@ -10,8 +10,13 @@ namespace fdmorph::compiler {
 /// where the item says nothing.
 void inherit(DataItem& item);
 
-/// Checks an item and its conditions; usage and sign of its groups are known.
+/// Checks an item but for its values; usage and sign of its groups are known.
 void checkItem(DataItem const& item, Diagnostics& diagnostics);
+
+/// Checks values of an item, its own or those of a condition; its size is
+/// known.
+void checkValues(DataItem const& item, std::vector<ValueRange> const& values,
+                 Diagnostics& diagnostics);
 
 /// Whether the item is a number without digits behind the decimal point.
 bool isInteger(DataItem const& item);

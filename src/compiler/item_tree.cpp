@@ -106,12 +106,15 @@ void Parser::attachToGroup(DataItem* item) {
   DataItem* group = m_open.back();
   bool isOutOfStep = closed != nullptr && closed->level != item->level && item->level < 50 &&
                      !(group->isImplied && closed->level > item->level);
-  if (isOutOfStep) {
+  if (isOutOfStep && !(group == m_strayGroup && item->level == m_strayLevel)) {
+    m_strayGroup = group;
+    m_strayLevel = item->level;
     error(Code::levelOrder, item->place,
           "level " + std::to_string(item->level) + " follows level " +
               std::to_string(closed->level) + " in the same group");
-    item->level = closed->level;  // so that this is the only report of it
   }
+  // Items below it find their group, and those of its level aren't reported.
+  if (isOutOfStep) item->level = closed->level;
   if (group->level == kSingleLevel && item->level < 50) {
     error(Code::levelOrder, item->place, "an item of level 77 has no items below it");
   }

@@ -80,6 +80,20 @@ LiteralContent decodeLiteral(std::string_view literal) {
   return content;
 }
 
+bool isNationalLiteral(std::string_view literal) {
+  char first = literal.empty() ? '\0' : toUpper(literal.front());
+  return first == 'N' || first == 'G';
+}
+
+std::string quotedLiteral(std::string_view content) {
+  std::string literal = "\"";
+  for (char c : content) {
+    if (c == '"') literal += c;
+    literal += c;
+  }
+  return literal += '"';
+}
+
 std::optional<std::string> valueText(Literal const& value, bool isNumber, std::uint64_t size) {
   switch (value.kind) {
     case Literal::Kind::number:

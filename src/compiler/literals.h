@@ -21,6 +21,12 @@ struct LiteralContent {
 /// hexadecimal ones.
 LiteralContent decodeLiteral(std::string_view literal);
 
+/// Whether a literal has national characters: N".." or NX"..".
+bool isNationalLiteral(std::string_view literal);
+
+/// The literal with this content, in double quotes.
+std::string quotedLiteral(std::string_view content);
+
 /// The text of a value for an item of `size` characters, or for a number:
 /// figurative constants as the characters that they stand for. One space is
 /// any number of them, since values are filled up with spaces. Nothing for

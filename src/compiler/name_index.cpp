@@ -1,7 +1,5 @@
 #include "compiler/name_index.h"
 
-#include <algorithm>
-
 namespace fdmorph::compiler {
 namespace {
 
@@ -34,7 +32,8 @@ bool isFillerName(std::string_view name) {
 }
 
 void NameIndex::extend(std::size_t count) {
-  m_chains.reserve(m_chains.size() + (count - std::min(count, m_itemCount)) * 2);
+  // Few at a time, they would be moved again and again.
+  if (m_itemCount == 0) m_chains.reserve(count * 2);
   for (; m_itemCount < count; ++m_itemCount) {
     DataItem& item = m_data.items[m_itemCount];
     if (!isData(item) || isFillerName(item.name)) continue;

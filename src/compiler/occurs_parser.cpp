@@ -17,7 +17,8 @@ bool Parser::parseCount(std::uint64_t& count) {
   if (token.kind == Token::Kind::word) value = m_constants.integer(token.text);
   if (!value || *value > kMostOccurrences) {
     error(Code::occurs, token.place, describe(token) + " is no number of occurrences");
-    if (token.kind == Token::Kind::number) take();
+    bool isWrongName = token.kind == Token::Kind::word && token.keyword == Keyword::none;
+    if (token.kind == Token::Kind::number || isWrongName) take();
     return false;
   }
   take();
@@ -28,18 +29,20 @@ bool Parser::parseCount(std::uint64_t& count) {
 void Parser::parseOccurs(Entry& entry, Token const& token) {
   auto occurs = std::make_unique<OccursClause>();
   occurs->place = token.place;
-  bool isDynamic = skip(Keyword::dynamic);
-  if (isDynamic) {
+  bool isCounted = true;
+  if (skip(Keyword::dynamic)) {
     error(Code::occurs, token.place, "tables of dynamic capacity are not supported");
-  } else if (!parseCount(occurs->most)) {
-    occurs->most = 1;
+  } else {
+    isCounted = parseCount(occurs->most);
   }
   occurs->least = occurs->most;
   bool hasRange = skip(Keyword::to);
-  if (hasRange && !parseCount(occurs->most)) occurs->most = occurs->least;
+  if (hasRange) isCounted &= parseCount(occurs->most);
   skip(Keyword::times);
   parseOccursPhrases(*occurs);
-  if (occurs->most == 0) {
+  if (!isCounted) {
+    occurs->least = occurs->most = 1;
+  } else if (occurs->most == 0) {
     error(Code::occurs, token.place, "the table occurs zero times");
     occurs->most = 1;
   } else if (occurs->least > occurs->most || (hasRange && occurs->least == occurs->most)) {

@@ -22,6 +22,14 @@ bool Parser::skipWord(std::string_view word) {
   return isThere;
 }
 
+// A second error at the same place comes of the first.
+void Parser::error(Code code, Place place, std::string text) {
+  bool isError = entryOf(code).isError;
+  if (isError && place == m_lastError) return;
+  if (isError) m_lastError = place;
+  m_diagnostics.report(code, place, std::move(text));
+}
+
 std::string Parser::describe(Token const& token) const {
   return token.kind == Token::Kind::end ? "the end of the text" : quoted(token.text);
 }
@@ -37,6 +45,8 @@ void Parser::expectPeriod(std::string const& what) {
     take();
     return;
   }
+  // It may stand in a member that wasn't found.
+  if (m_diagnostics.countOf(Code::copyMissing) != m_missingMembers) return;
   Place place = m_lastToken.place;
   place.offset += static_cast<std::uint32_t>(m_lastToken.text.size());
   error(Code::period, place, "the period at the end of " + what + " is missing");
@@ -96,12 +106,14 @@ bool Parser::isEntryStart() {
 void Parser::parse() {
   while (!isEnd() && parseElement()) {
   }
+  noteMissingMembers();
   dissolveImpliedRecords(m_data.workingStorage);
 }
 
 // Returns false at the end of the program.
 bool Parser::parseElement() {
   Token const& token = peek();
+  noteMissingMembers();
   if (token.kind == Token::Kind::period) {
     take();  // one too many does no harm
   } else if (token.kind == Token::Kind::number) {

@@ -78,9 +78,7 @@ class Parser {
   Token take();
   bool skip(Keyword keyword);
   bool skipWord(std::string_view word);
-  void error(Code code, Place place, std::string text) {
-    m_diagnostics.report(code, place, std::move(text));
-  }
+  void error(Code code, Place place, std::string text);
   void skipSentence();
   void expectPeriod(std::string const& what);
   bool isHeader(std::size_t index);
@@ -118,6 +116,7 @@ class Parser {
   // entry_parser.cpp
   void parseEntry();
   void parseEntryName(Entry& entry);
+  void noteMissingMembers();
   bool isNameNext();
   Token takeName();
   void checkName(Token const& token);
@@ -147,6 +146,7 @@ class Parser {
   void parseSign(Entry& entry, Token const& token);
   void parseBlank();
   QualifiedName parseQualifiedName();
+  bool isClauseNext();
   bool parseName(std::string_view& name);
 
   // occurs_parser.cpp
@@ -157,6 +157,7 @@ class Parser {
   // value_parser.cpp
   void parseValue(Entry& entry);
   bool parseLiteral(Literal& literal);
+  bool joinLiterals(Literal& literal);
   bool isLiteralNext();
   void parseValueRanges(DataItem& item);
   void checkLiteral(Token const& token);
@@ -186,9 +187,14 @@ class Parser {
   Section m_section = Section::none;
   bool m_hasData = false;  // an entry was there
   FileDescription* m_file = nullptr;
-  std::vector<DataItem*> m_open;   // the groups around the next item, outermost first
-  DataItem* m_lastItem = nullptr;  // what level 88 belongs to
+  std::vector<DataItem*> m_open;     // the groups around the next item, outermost first
+  DataItem* m_lastItem = nullptr;    // what level 88 belongs to
+  DataItem* m_strayGroup = nullptr;  // where a level was out of step
+  std::uint8_t m_strayLevel = 0;     // and that level
+  std::size_t m_missingMembers = 0;  // at the beginning of the last entry
+  bool m_isMemberMissing = false;    // that begins it
   Token m_lastToken;
+  Place m_lastError;
 };
 
 }  // namespace fdmorph::compiler

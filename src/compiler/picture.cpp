@@ -1,5 +1,6 @@
 #include "compiler/picture.h"
 
+#include <algorithm>
 #include <array>
 
 #include "compiler/picture_symbols.h"
@@ -135,7 +136,11 @@ class OrderCheck {
   char m_floating = 0;
 };
 
-void findSize(std::vector<PictureRun> const& runs, Picture& picture) {
+// The first currency symbol stands for the whole sign.
+void findSize(std::vector<PictureRun> const& runs, std::size_t currencySize, Picture& picture) {
+  bool hasCurrency = std::any_of(runs.begin(), runs.end(),
+                                 [](PictureRun const& run) { return run.symbol == '$'; });
+  if (hasCurrency) picture.size += currencySize - 1;
   for (PictureRun const& run : runs) {
     bool isStored = run.symbol != 'S' && run.symbol != 'V' && run.symbol != 'P';
     bool isPair = run.symbol == 'C' || run.symbol == 'D';
@@ -220,7 +225,7 @@ Category findCategory(std::vector<PictureRun> const& runs, Counts const& counts,
     if (counts.has("X9")) {
       return counts.has("B0/") ? Category::alphanumericEdited : Category::alphanumeric;
     }
-    return counts.has("0/") ? Category::alphanumericEdited : Category::alphabetic;
+    return counts.has("B0/") ? Category::alphanumericEdited : Category::alphabetic;
   }
   if (counts.has("E")) {
     if (!isFloatingPoint(runs)) picture.errors.emplace_back("this is no floating-point picture");
@@ -244,7 +249,7 @@ Picture analysePicture(std::string_view text, PictureRules rules, ConstantLookup
     picture.errors.emplace_back("the picture describes no character");
     return picture;
   }
-  findSize(read.runs, picture);
+  findSize(read.runs, rules.currencySize, picture);
   picture.isSigned = counts.has("S");
   picture.isScaled = counts.has("P");
   picture.category = findCategory(read.runs, counts, picture);

@@ -23,6 +23,7 @@ enum class Category : std::uint8_t {
 struct PictureRules {
   char currency = '$';
   bool isDecimalComma = false;
+  std::size_t currencySize = 1;  ///< characters that the symbol stands for
 };
 
 /// What a picture says.

@@ -13,6 +13,7 @@ struct Place {
   std::uint32_t offset = 0;
 
   bool isKnown() const { return text != 0; }
+  bool operator==(Place const& other) const = default;
 };
 
 }  // namespace fdmorph::compiler

@@ -8,24 +8,39 @@ class PhraseReader {
   PhraseReader(TextWord word, std::function<TextWord()> const& next) : m_word(word), m_next(next) {}
 
   std::optional<TextWord> read(ReplacementList& list) {
-    while (!m_word.is('.')) {
+    if (readAll(list)) return std::nullopt;
+    TextWord mistake = m_word;
+    skipToPeriod();
+    return mistake;
+  }
+
+ private:
+  bool readAll(ReplacementList& list) {
+    do {
       Replacement replacement;
       if (m_word.isWord("LEADING") || m_word.isWord("TRAILING")) {
         replacement.part =
             m_word.isWord("LEADING") ? Replacement::Part::leading : Replacement::Part::trailing;
         advance();
       }
-      if (!readOperand(replacement.from) || replacement.from.empty()) return m_word;
-      if (!m_word.isWord("BY")) return m_word;
+      if (!readOperand(replacement.from) || replacement.from.empty()) return false;
+      if (!m_word.isWord("BY")) return false;
       advance();
-      if (!readOperand(replacement.to)) return m_word;
+      if (!readOperand(replacement.to)) return false;
       list.add(std::move(replacement));
       while (m_word.is(',') || m_word.is(';')) advance();
-    }
-    return std::nullopt;
+    } while (!m_word.is('.'));
+    return true;
   }
 
- private:
+  // A period in pseudo-text isn't the statement's.
+  void skipToPeriod() {
+    bool isInside = false;
+    for (; !m_word.isEnd() && (isInside || !m_word.is('.')); advance()) {
+      isInside ^= m_word.kind == TextWord::Kind::pseudo;
+    }
+  }
+
   void advance() { m_word = m_next(); }
 
   bool readOperand(std::vector<TextWord>& words) {

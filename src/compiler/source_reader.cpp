@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
+#include "compiler/diagnostics.h"
 #include "compiler/letters.h"
 #include "compiler/source_directives.h"
 #include "compiler/source_line.h"
@@ -21,8 +22,7 @@ bool isQuote(char c) {
 
 class Reader {
  public:
-  Reader(ReadingRules rules, std::uint32_t number, Diagnostics& diagnostics)
-      : m_rules(rules), m_number(number), m_diagnostics(diagnostics) {}
+  explicit Reader(ReadingRules rules) : m_rules(rules) {}
 
   ReadText read(std::string_view content) {
     m_out.text.reserve(content.size() + 1);
@@ -209,12 +209,11 @@ class Reader {
   }
 
   void report(Code code, std::size_t column, std::string text) {
-    m_diagnostics.report(code, {m_number, m_line.offsetOf(column)}, std::move(text));
+    auto at = static_cast<std::uint32_t>(m_out.text.size());
+    m_out.faults.push_back({at, m_line.offsetOf(column), code, std::move(text)});
   }
 
   ReadingRules m_rules;
-  std::uint32_t m_number;
-  Diagnostics& m_diagnostics;
   SourceLine m_line;
   ReadText m_out;
   // What the last line of code left behind.
@@ -234,9 +233,8 @@ Format ReadText::formatAt(std::uint32_t offset) const {
   return std::prev(behind)->format;
 }
 
-ReadText readSource(std::string_view content, ReadingRules rules, std::uint32_t number,
-                    Diagnostics& diagnostics) {
-  return Reader(rules, number, diagnostics).read(content);
+ReadText readSource(std::string_view content, ReadingRules rules) {
+  return Reader(rules).read(content);
 }
 
 }  // namespace fdmorph::compiler

@@ -14,8 +14,7 @@
 #include <string_view>
 #include <vector>
 
-#include "compiler/diagnostics.h"
-#include "compiler/places.h"
+#include "compiler/diagnostic_codes.h"
 
 namespace fdmorph::compiler {
 
@@ -43,17 +42,26 @@ struct ReadText {
     Format format;
   };
 
+  /// What is wrong with a line, to be reported by whoever uses what follows
+  /// `at` of the text.
+  struct Fault {
+    std::uint32_t at;
+    std::uint32_t offset;  ///< in the file
+    Code code;
+    std::string text;
+  };
+
   std::string text;
   std::vector<Piece> pieces;              ///< ascending; the first is at 0
   std::vector<FormatChange> formats;      ///< ascending; the first is at 0
+  std::vector<Fault> faults;              ///< ascending
   std::vector<std::uint32_t> directives;  ///< where those of conditional compilation begin
 
   /// The format in force at a byte of the file.
   Format formatAt(std::uint32_t offset) const;
 };
 
-/// Reads `content`. Reports refer to the text `number`.
-ReadText readSource(std::string_view content, ReadingRules rules, std::uint32_t number,
-                    Diagnostics& diagnostics);
+/// Reads `content`.
+ReadText readSource(std::string_view content, ReadingRules rules);
 
 }  // namespace fdmorph::compiler

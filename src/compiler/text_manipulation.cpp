@@ -40,8 +40,8 @@ bool isSystemMember(std::string_view name) {
   return false;
 }
 
-ReadText const& readFile(TextContext& context, SourceFile const* file, std::uint32_t number) {
-  return context.pool.keep(readSource(file->content, context.rules, number, context.diagnostics));
+ReadText const& readFile(TextContext& context, SourceFile const* file) {
+  return context.pool.keep(readSource(file->content, context.rules));
 }
 
 }  // namespace
@@ -49,7 +49,7 @@ ReadText const& readFile(TextContext& context, SourceFile const* file, std::uint
 FileText::FileText(TextContext& context, SourceFile const* file, Place copiedFrom)
     : m_context(context),
       m_number(context.sources.open(file, copiedFrom)),
-      m_text(readFile(context, file, m_number)),
+      m_text(readFile(context, file)),
       m_scanner(m_text, m_number),
       m_conditions(context.variables, context.diagnostics) {
   m_context.open.push_back(file);
@@ -109,10 +109,25 @@ void FileText::obeyDirective(TextWord const& mark) {
 }
 
 TextWord FileText::scanAny() {
-  if (m_unscanned.empty()) return m_scanner.next();
+  if (m_unscanned.empty()) {
+    TextWord word = m_scanner.next();
+    reportFaults(word.isEnd());
+    return word;
+  }
   TextWord word = m_unscanned.back();
   m_unscanned.pop_back();
   return word;
+}
+
+// Reports what is wrong with the lines up to the last word. Those that don't
+// count are passed over, and those that nobody gets to.
+void FileText::reportFaults(bool isEnd) {
+  for (; m_fault < m_text.faults.size(); ++m_fault) {
+    ReadText::Fault const& fault = m_text.faults[m_fault];
+    if (!isEnd && fault.at >= m_scanner.position()) return;
+    if (m_conditions.isPassedOver()) continue;
+    m_context.diagnostics.report(fault.code, {m_number, fault.offset}, fault.text);
+  }
 }
 
 void FileText::unscan(TextWord const& word) {
@@ -166,15 +181,20 @@ void FileText::copyStatement(TextWord const& word) {
     unscan(member);
     return;
   }
+  TextWord last = member;
   TextWord following = scan();
+  auto advance = [&] {
+    last = following;
+    following = scan();
+  };
   std::string_view library;
   if (following.isWord("OF") || following.isWord("IN")) {
-    TextWord name = scan();
-    if (isName(name)) library = nameOf(name);
-    following = scan();
+    advance();
+    if (isName(following)) library = nameOf(following);
+    advance();
   }
-  if (following.isWord("SUPPRESS")) following = scan();
-  if (following.isWord("PRINTING")) following = scan();
+  if (following.isWord("SUPPRESS")) advance();
+  if (following.isWord("PRINTING")) advance();
   ReplacementList list;
   if (following.isWord("REPLACING")) {
     std::optional<TextWord> mistake = readReplacements(
@@ -184,7 +204,9 @@ void FileText::copyStatement(TextWord const& word) {
                                    "this doesn't fit into the REPLACING phrase");
     }
   } else if (!following.is('.')) {
-    m_context.diagnostics.report(Code::copySyntax, following.place,
+    Place behind = last.place;
+    behind.offset += static_cast<std::uint32_t>(last.text.size());
+    m_context.diagnostics.report(Code::copySyntax, behind,
                                  "the period at the end of the COPY statement is missing");
     unscan(following);
   }
@@ -279,7 +301,10 @@ void ReplaceStatements::statement(TextWord const& word) {
   TextWord first = word;
   if (!first.isWord("ALSO")) list.clear();
   if (first.isWord("ALSO") || first.isWord("LAST")) first = m_replacer.nextRaw();
-  if (first.isWord("OFF")) first = m_replacer.nextRaw();
+  if (first.isWord("OFF")) {
+    first = m_replacer.nextRaw();
+    if (first.is('.')) return;
+  }
   std::optional<TextWord> mistake = readReplacements(
       first, [this] { return m_replacer.nextRaw(); }, list);
   if (!mistake) return;

@@ -44,6 +44,7 @@ class FileText : public TextSource {
   TextWord scan();
   TextWord scanAny();
   void obeyDirective(TextWord const& mark);
+  void reportFaults(bool isEnd);
   void unscan(TextWord const& word);
   bool handleStatement(TextWord const& word);
   bool listingStatement(TextWord const& word);
@@ -61,8 +62,9 @@ class FileText : public TextSource {
   WordScanner m_scanner;
   ConditionalText m_conditions;
   std::vector<TextWord> m_unscanned;
-  bool m_isApart = false;  // what comes next follows a statement
-  bool m_isStart = true;   // no word has been handed out
+  std::size_t m_fault = 0;  // the first one of the text that isn't reported
+  bool m_isApart = false;   // what comes next follows a statement
+  bool m_isStart = true;    // no word has been handed out
   std::unique_ptr<FileText> m_member;
   std::unique_ptr<Replacer> m_replacer;  // over m_member
 };

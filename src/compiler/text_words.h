@@ -41,6 +41,9 @@ class WordScanner {
 
   TextWord next();
 
+  /// How far the text has been scanned.
+  std::size_t position() const { return m_at; }
+
   /// Moves on to the next line.
   void skipLine();
 

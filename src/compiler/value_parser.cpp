@@ -1,5 +1,6 @@
 // The VALUE clause and literals.
 #include "compiler/letters.h"
+#include "compiler/literals.h"
 #include "compiler/parser.h"
 
 namespace fdmorph::compiler {
@@ -81,22 +82,28 @@ bool Parser::parseLiteral(Literal& literal) {
   }
   if (literal.kind == Literal::Kind::none) return false;
   take();
-  // "a" & "b"
-  while (peek().isSymbol('&') && literal.kind == Literal::Kind::text) {
+  return !peek().isSymbol('&') || literal.kind != Literal::Kind::text || joinLiterals(literal);
+}
+
+// "a" & 'b' & X"63"
+bool Parser::joinLiterals(Literal& literal) {
+  bool isNational = isNationalLiteral(literal.text);
+  std::string content = decodeLiteral(literal.text).text;
+  while (peek().isSymbol('&')) {
     take();
     Token more = peek();
     if (more.kind != Token::Kind::literal) return false;
     take();
     checkLiteral(more);
-    bool isPlain = !more.isOpen && more.text.front() == literal.text.back();
-    if (!isPlain) {
+    literal.isOpen |= more.isOpen;
+    if (more.isOpen) continue;
+    LiteralContent part = decodeLiteral(more.text);
+    if (part.isNumber || isNationalLiteral(more.text) != isNational) {
       error(Code::literal, more.place, "literals of different kinds are joined");
-      continue;
     }
-    std::string joined(literal.text.substr(0, literal.text.size() - 1));
-    joined += more.text.substr(1);
-    literal.text = m_pool.keep(std::move(joined));
+    content += part.text;
   }
+  literal.text = m_pool.keep((isNational ? "N" : "") + quotedLiteral(content));
   return true;
 }
 
