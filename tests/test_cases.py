@@ -3,6 +3,7 @@
 A case is a folder tests/cases/<group>/<case> that holds
 
   case.toml       rule     which rule the case shows, in a sentence or two
+                  program  what is run: "fdmorph", if absent, or the compiler "zbc"
                   args     the command line, without the program's name
                   status   the exit status; 0 if absent
                   stdin    what the program reads; at end of input if absent
@@ -14,7 +15,8 @@ A case is a folder tests/cases/<group>/<case> that holds
                            order of writing, with stdout
                   zbc      what the COBOL compiler does, which the case replaces by
                            fake_zbc/zbc: status, signal (a name without SIG), output (what
-                           it prints), missing (true: the path leads to no compiler)
+                           it prints), missing (true: the path leads to no compiler),
+                           real (true: the path leads to zbc, which is not replaced)
   dictionary.xml  the data dictionary that the compiler leaves; none if absent
   zbc.arguments   the compiler's arguments, one a line; not looked at if absent
   input/          copied into the empty directory where the program is run
@@ -24,13 +26,12 @@ A case is a folder tests/cases/<group>/<case> that holds
 Everything is compared byte for byte.  In stdout, stderr, zbc.arguments and files/ the text
 @DIR@ stands for the absolute path of the directory where the program is run, and @TEMP@,
 also in the names of files, for the temporary copy's name without its extension: ./file and
-six characters, or the same without the ./ behind another slash.  The environment variable
-FDMORPH names the program under test.
+six characters, or the same without the ./ behind another slash.  The environment variables
+FDMORPH and ZBC name the programs.
 """
 
 from __future__ import annotations
 
-import difflib
 import os
 import re
 import shutil
@@ -40,6 +41,7 @@ from pathlib import Path
 from typing import Any
 
 import pytest
+from comparison import Tree, compare, compare_trees, read_tree
 from harness import describe_signal, program_under_test, run_in_time
 
 HERE = Path(__file__).resolve().parent
@@ -50,14 +52,15 @@ ENTRIES = {
     "case.toml", "dictionary.xml", "zbc.arguments", "input", "stdout", "stderr", "files",
 }  # fmt: skip
 DEFAULTS: dict[str, Any] = {
-    "rule": "", "args": [], "status": 0, "stdin": "", "env": {}, "removed": [], "modes": {},
-    "merged": False, "zbc": {},
+    "rule": "", "program": "fdmorph", "args": [], "status": 0, "stdin": "", "env": {},
+    "removed": [], "modes": {}, "merged": False, "zbc": {},
 }  # fmt: skip
-ZBC_DEFAULTS: dict[str, Any] = {"status": 0, "signal": "", "output": "", "missing": False}
+ZBC_DEFAULTS: dict[str, Any] = {
+    "status": 0, "signal": "", "output": "", "missing": False, "real": False,
+}  # fmt: skip
+PROGRAMS = {"fdmorph": "FDMORPH", "zbc": "ZBC"}  # the variables that name them
 TIME_LIMIT = 30  # seconds
 TEMPORARY_NAME = re.compile(rb"\bfile[a-z0-9]{6}(?=\.)")
-
-Tree = dict[str, bytes]  # content by relative path; a directory's path ends in a slash
 
 
 class CaseError(Exception):
@@ -81,26 +84,21 @@ def load_case(folder: Path) -> dict[str, Any]:
     if not case.get("rule") or "args" not in case:
         raise CaseError("case.toml: rule and args are required")
     case = with_defaults(case, DEFAULTS)
+    if case["program"] not in PROGRAMS:
+        raise CaseError(f"case.toml: there is no program {case['program']}")
+    if case["zbc"].get("real") and (folder / "dictionary.xml").exists():
+        raise CaseError("the real compiler leaves a dictionary of its own")
     return case | {"zbc": with_defaults(case["zbc"], ZBC_DEFAULTS)}
-
-
-def read_tree(root: Path) -> Tree:
-    """Everything below root; nothing if there is no root."""
-    tree: Tree = {}
-    for path in root.rglob("*"):
-        name = path.relative_to(root).as_posix()
-        tree |= {name + "/": b""} if path.is_dir() else {name: path.read_bytes()}
-    return tree
 
 
 class Expectation:
     """What the case folder says of the results, with the placeholders filled in."""
 
-    def __init__(self, folder: Path, directory: Path, arguments: bytes) -> None:
+    def __init__(self, folder: Path, directory: Path, *traces: bytes) -> None:
         self.folder = folder
         self.directory = os.fsencode(directory)
-        traces = [arguments, *map(os.fsencode, sorted(os.listdir(directory)))]
-        found = TEMPORARY_NAME.search(b"\n".join(traces))
+        names = map(os.fsencode, sorted(os.listdir(directory)))
+        found = TEMPORARY_NAME.search(b"\n".join([*traces, *names]))
         self.temporary = found[0] if found else None
 
     def expand(self, content: bytes) -> bytes:
@@ -125,8 +123,13 @@ class Expectation:
 
 
 def compiler_environment(folder: Path, zbc: dict[str, Any], arguments: Path) -> dict[str, str]:
-    """What puts the fake compiler on the path and tells it what to do."""
+    """What puts the compiler on the path and, if it is the fake one, tells it what to do."""
     folders = os.get_exec_path()
+    if zbc["real"]:
+        link = arguments.parent / "bin" / "zbc"
+        link.parent.mkdir()
+        link.symlink_to(program_under_test("ZBC"))
+        return {"PATH": os.pathsep.join([str(link.parent), *folders])}
     if zbc["missing"]:
         folders = [f for f in folders if not os.path.exists(os.path.join(f, COMPILER.name))]
         return {"PATH": os.pathsep.join(folders)}
@@ -142,8 +145,9 @@ def compiler_environment(folder: Path, zbc: dict[str, Any], arguments: Path) -> 
 
 
 def run(
-    program: str, case: dict[str, Any], directory: Path, compiler: dict[str, str]
+    case: dict[str, Any], directory: Path, compiler: dict[str, str]
 ) -> subprocess.CompletedProcess[bytes]:
+    program = program_under_test(PROGRAMS[case["program"]])
     modes = {directory / name: int(mode, 8) for name, mode in case["modes"].items()}
     for path, mode in modes.items():
         path.chmod(mode)
@@ -161,42 +165,14 @@ def run(
             path.chmod(0o700)  # so that the result can be read and removed
 
 
-def visible_lines(content: bytes) -> list[str]:
-    """Lines to be read by people: a $ marks each line end, so that trailing blanks show."""
-    *lines, rest = content.decode("utf-8", "backslashreplace").split("\n")
-    return [line + "$" for line in lines] + ([rest] if rest else [])
-
-
-def compare(name: str, expected: bytes, found: bytes) -> list[str]:
-    """The unified diff of one stream or file; empty if both are the same."""
-    if expected == found:
-        return []
-    before, after = visible_lines(expected), visible_lines(found)
-    diff = difflib.unified_diff(before, after, f"{name} expected", f"{name} found", lineterm="")
-    return list(diff) or [f"{name} differs in bytes that are no text"]
-
-
-def compare_trees(expected: Tree, found: Tree) -> list[str]:
-    report = [f"{name} is missing" for name in sorted(expected.keys() - found.keys())]
-    report += [f"{name} should not be there" for name in sorted(found.keys() - expected.keys())]
-    for name, content in sorted(found.items()):
-        report += compare(name, expected.get(name, b""), content)
-    return report
-
-
 def compare_status(expected: int, found: int) -> list[str]:
     if found < 0:
         return [describe_signal(found)]
     return [] if found == expected else [f"status {found}, expected {expected}"]
 
 
-@pytest.fixture(name="program", scope="session")
-def fixture_program() -> str:
-    return program_under_test()
-
-
 @pytest.mark.parametrize("folder", FOLDERS, ids=lambda path: f"{path.parent.name}/{path.name}")
-def test_case(folder: Path, program: str, tmp_path: Path) -> None:
+def test_case(folder: Path, tmp_path: Path) -> None:
     case = load_case(folder)
     if case["modes"] and os.geteuid() == 0:
         pytest.skip("permissions mean nothing to root")
@@ -206,9 +182,9 @@ def test_case(folder: Path, program: str, tmp_path: Path) -> None:
         shutil.copytree(folder / "input", directory, dirs_exist_ok=True)
     calls = tmp_path / "arguments"
     calls.touch()
-    result = run(program, case, directory, compiler_environment(folder, case["zbc"], calls))
+    result = run(case, directory, compiler_environment(folder, case["zbc"], calls))
     arguments = calls.read_bytes()
-    expected = Expectation(folder, directory, arguments)
+    expected = Expectation(folder, directory, arguments, result.stderr)
     report = compare_status(case["status"], result.returncode)
     report += compare("stdout", expected.text("stdout"), result.stdout)
     report += compare("stderr", expected.text("stderr"), result.stderr)

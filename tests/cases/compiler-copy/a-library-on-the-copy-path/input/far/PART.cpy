@@ -1,0 +1,1 @@
+           05  NOT-ME              PIC X.

@@ -1,0 +1,2 @@
+                                   PIC X(2)
+                                   VALUE "b"

@@ -1,0 +1,1 @@
+           05  A                   PIC SIZE-A.

@@ -1,0 +1,2 @@
+      * a comment ahead
+       COPY OUTER.

@@ -1,0 +1,1 @@
+       01  CUST-ID                 PIC X(4).

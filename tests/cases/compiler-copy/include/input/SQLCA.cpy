@@ -1,0 +1,1 @@
+       01  SQLCODE                 PIC S9(9) COMP-5.

@@ -1,0 +1,1 @@
+       COPY "one/OUTER" REPLACING ==:T:== BY ==X==.

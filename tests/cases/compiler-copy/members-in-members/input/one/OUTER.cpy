@@ -1,0 +1,3 @@
+       01  REC.
+           COPY INNER.
+           05  :T:-B               PIC X(2).

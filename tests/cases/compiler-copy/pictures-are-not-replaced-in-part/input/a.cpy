@@ -1,0 +1,3 @@
+       COPY PART REPLACING X BY A
+                           N BY 4
+                           ==9== BY ==9(5)==.

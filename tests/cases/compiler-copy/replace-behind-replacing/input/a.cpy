@@ -1,0 +1,3 @@
+       REPLACE ==B== BY ==C==.
+       01  REC.
+           COPY PART REPLACING A BY B.

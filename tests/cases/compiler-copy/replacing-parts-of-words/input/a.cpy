@@ -1,0 +1,2 @@
+       COPY PART REPLACING LEADING ==OLD-== BY ==NEW-==
+                           TRAILING ==-IN== BY ====.

@@ -1,0 +1,3 @@
+       01  REC.
+           COPY PART SUPPRESS.
+           COPY PART SUPPRESS REPLACING A BY B.

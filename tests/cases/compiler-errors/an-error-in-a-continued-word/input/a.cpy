@@ -1,0 +1,4 @@
+       01  A                       PIC X VALUE FOO
+      -        BAR.
+       01  B                       PIC 9(
+      -    0).

@@ -1,0 +1,14 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. P.
+       DATA DIVISION.
+       FILE SECTION.
+       FD  F1
+           BLOCK CONTAINS 0 RECORDS
+           FOO BAR RECORD CONTAINS 10 TO 5 CHARACTERS
+           RECORDING MODE F
+           LABEL RECORDS ARE STANDARD
+           RECORDING MODE IS V.
+       01  R1                      PIC X(10).
+       FD  F2 RECORD IS VARYING FROM 1 TO 9 DEPENDING ON NOWHERE
+           VALUE OF FILE-ID.
+       01  R2                      PIC X(9).

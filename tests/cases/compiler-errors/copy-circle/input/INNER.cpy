@@ -1,0 +1,3 @@
+           COPY OUTER.
+           05  B                   PIC X.
+           COPY INNER.

@@ -1,0 +1,3 @@
+           05  A                   PIC X.
+           COPY INNER.
+           05  C                   PIC X.

@@ -1,0 +1,3 @@
+       01  REC.
+           COPY M1.
+           05  B                   PIC X.

@@ -1,0 +1,9 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. P.
+       ENVIRONMENT DIVISION.
+       CONFIGURATION SECTION.
+       SPECIAL-NAMES.
+           CURRENCY SIGN IS "EUR".
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       01  A                       PIC $9.

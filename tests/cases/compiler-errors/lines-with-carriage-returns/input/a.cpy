@@ -1,0 +1,3 @@
+       01  REC.
+           05  A                   PIC Q.
+           05  B                   PIC Q.

@@ -1,0 +1,2 @@
+       01  A PIC X(42)   VALUE "abcd
+      -                    "ef".

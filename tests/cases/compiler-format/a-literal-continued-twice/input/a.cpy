@@ -1,0 +1,3 @@
+       01  A PIC X(81) VALUE   "xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx
+      -                        "yyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyyy
+      -    "z".

@@ -1,0 +1,3 @@
+       01  A PIC X(42)   VALUE "abcd
+      -                    "ef".
+       01  B PIC X.

@@ -1,0 +1,1 @@
+000100 01  A                   PIC X.                                   IGNORED

@@ -1,0 +1,1 @@
+       01  MASS                    PIC X(5) VALUE "Größe".

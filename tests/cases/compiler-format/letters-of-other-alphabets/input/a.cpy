@@ -1,0 +1,1 @@
+       01  GRÖSSE                  PIC X(5) VALUE "Größe".

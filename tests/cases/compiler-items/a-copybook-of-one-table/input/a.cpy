@@ -1,0 +1,1 @@
+       05  A                       PIC X(2) OCCURS 3.

@@ -1,0 +1,4 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. P.
+       PROCEDURE DIVISION.
+           STOP RUN.

@@ -1,0 +1,2 @@
+       01  A                       PIC X(8) VALUE "ab" & "cd" & 'ef'
+                                   & X"4748".

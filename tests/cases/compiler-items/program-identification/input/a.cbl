@@ -1,0 +1,17 @@
+       ID DIVISION.
+       PROGRAM-ID. "order-entry" IS INITIAL PROGRAM.
+       AUTHOR. Somebody, e.g. of DATA processing.
+       INSTALLATION. The 01 house's.
+       DATE-WRITTEN. 2026-03-02.
+       REMARKS. It's 05 o'clock.
+       ENVIRONMENT DIVISION.
+       CONFIGURATION SECTION.
+       SOURCE-COMPUTER. SOME-MACHINE WITH DEBUGGING MODE.
+       OBJECT-COMPUTER. SOME-MACHINE.
+       SPECIAL-NAMES.
+           C01 IS TOP-OF-PAGE
+           SYMBOLIC CHARACTERS TAB-CHAR IS 10
+           CLASS HEX-DIGIT IS "0" THRU "9" "A" THRU "F".
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       01  A                       PIC X.

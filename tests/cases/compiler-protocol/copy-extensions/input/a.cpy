@@ -1,0 +1,4 @@
+       01  REC.
+           COPY ONE.
+           COPY TWO.
+           COPY THREE.

@@ -1,0 +1,3 @@
+       01  REC.
+           COPY CODE1.
+           COPY CODE2.

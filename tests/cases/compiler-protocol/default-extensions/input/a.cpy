@@ -1,0 +1,5 @@
+       01  REC.
+           COPY ONE.
+           COPY Two.
+           COPY three.
+           COPY FOUR.

@@ -1,0 +1,9 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. ONE.
+       DATA DIVISION.
+       FILE SECTION.
+       FD  EMPTY-FILE.
+       FD  IN-FILE.
+       01  IN-REC                  PIC X(8).
+       WORKING-STORAGE SECTION.
+       PROCEDURE DIVISION.

@@ -1,0 +1,3 @@
+		* 01 NO PIC X.
+			01 REC.
+			05 CODE-1 PIC X(4).

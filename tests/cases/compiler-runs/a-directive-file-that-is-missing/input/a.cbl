@@ -1,0 +1,2 @@
+       01  REC.
+           05  A                   PIC X(2) VALUE "abc".

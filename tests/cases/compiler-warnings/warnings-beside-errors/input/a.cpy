@@ -1,0 +1,2 @@
+       01  A                       PIC X(3) VALUE "abcd".
+       01  B                       PIC Q.
