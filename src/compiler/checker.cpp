@@ -113,10 +113,11 @@ void Checker::checkDepending(DataItem& item, NameIndex& index) {
 
 // A key is the table itself or stands in it.
 void Checker::checkKeys(DataItem const& item, NameIndex& index) {
-  for (QualifiedName const& key : item.occurs->keys) {
-    if (key.name.empty() || index.isInside(key, item)) continue;
-    m_diagnostics.report(Code::occurs, key.place,
-                         "the key " + quoted(key.name) + " doesn't stand in the table");
+  if (item.occurs->keys.empty()) return;
+  for (QualifiedName const* key : index.findOutside(item.occurs->keys, item)) {
+    if (key->name.empty()) continue;
+    m_diagnostics.report(Code::occurs, key->place,
+                         "the key " + quoted(key->name) + " doesn't stand in the table");
   }
 }
 

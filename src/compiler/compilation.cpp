@@ -1,6 +1,7 @@
 #include "compiler/compilation.h"
 
 #include <cstdio>
+#include <new>
 
 #include "compiler/checker.h"
 #include "compiler/file_replacement.h"
@@ -80,7 +81,13 @@ int runCompiler(std::vector<std::string> const& arguments) {
     print(stderr, "zbc: the dictionary would replace its source " + target + "\n");
     return kUsageError;
   }
-  CompilationResult result = compileSource(line.sourcePath, line.directives, tree);
+  CompilationResult result;
+  try {
+    result = compileSource(line.sourcePath, line.directives, tree);
+  } catch (std::bad_alloc const&) {
+    print(stderr, "zbc: error: the source needs more memory than there is [size]\n");
+    return kWrong;
+  }
   print(stderr, result.diagnostics);
   if (result.dictionary.empty()) return result.status;
   if (!replaceFile(target, result.dictionary)) {

@@ -7,6 +7,7 @@
 namespace fdmorph::compiler {
 namespace {
 
+constexpr std::uint8_t kRenamesLevel = 66;
 constexpr std::uint8_t kConstantLevel = 78;
 constexpr int kMostParentheses = 64;
 
@@ -158,11 +159,21 @@ bool Parser::parseLength(Literal& value) {
   QualifiedName name = parseQualifiedName();
   if (name.name.empty()) return false;
   DataItem* item = nullptr;
-  NameIndex::Outcome outcome = m_lengths.find(name, m_lastItem, item);
-  if (outcome != NameIndex::Outcome::found) {
-    bool isUnknown = outcome == NameIndex::Outcome::unknown;
-    error(Code::constant, name.place,
-          quoted(name.name) + (isUnknown ? " is not defined" : " is ambiguous"));
+  switch (m_lengths.find(name, m_lastItem, item)) {
+    case ItemLengths::Outcome::found:
+      break;
+    case ItemLengths::Outcome::unknown:
+      error(Code::constant, name.place, quoted(name.name) + " is not defined");
+      return false;
+    case ItemLengths::Outcome::ambiguous:
+      error(Code::constant, name.place, quoted(name.name) + " is ambiguous");
+      return false;
+    case ItemLengths::Outcome::tooMany:
+      error(Code::constant, name.place, "too many lengths are taken of items that go on");
+      return false;
+  }
+  if (item->level == kRenamesLevel) {
+    error(Code::constant, name.place, quoted(name.name) + " renames others, and has no length yet");
     return false;
   }
   std::uint64_t size = item->size * item->occurrences();

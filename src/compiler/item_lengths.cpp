@@ -9,46 +9,79 @@ namespace {
 
 constexpr std::uint8_t kRenamesLevel = 66;
 
-// Items laid out over all lengths. A source needs as many only if it takes
-// lengths again and again in the middle of one huge record.
-constexpr std::uint64_t kMostSteps = 20'000'000;
+// Items looked at over all lengths. An item is looked at once for each group
+// around it whose length is taken. A source needs as many only if it takes the
+// length of a group after each of its items, or lengths of synchronized items
+// in the middle of one huge record.
+constexpr std::uint64_t kMostSteps = 50'000'000;
 
-// Returns the number of items.
-std::uint64_t prepare(DataItem* first, Diagnostics& diagnostics) {
-  Redefinitions redefinitions(diagnostics);
-  std::uint64_t count = 0;
-  for (DataItem* item = first; item != nullptr; item = item->next) {
-    if (item->level == kRenamesLevel) continue;
-    redefinitions.visit(*item);
-    inherit(*item);
-    count += 1 + prepare(item->firstChild, diagnostics);
-  }
-  return count;
+bool isInside(DataItem const* item, DataItem const& group) {
+  while (item != nullptr && item != &group) item = item->parent;
+  return item != nullptr;
+}
+
+DataItem& recordAround(DataItem& item) {
+  DataItem* record = &item;
+  while (record->parent != nullptr) record = record->parent;
+  return *record;
 }
 
 }  // namespace
 
-NameIndex::Outcome ItemLengths::find(QualifiedName const& name, DataItem const* newest,
-                                     DataItem*& item) {
+ItemLengths::Outcome ItemLengths::find(QualifiedName const& name, DataItem const* last,
+                                       DataItem*& item) {
   m_index.extend(m_data.items.size() - 1);
-  NameIndex::Outcome outcome = m_index.resolveAnywhere(name, item);
-  if (outcome != NameIndex::Outcome::found) return outcome;
-  DataItem* record = item;
-  while (record->parent != nullptr) record = record->parent;
-  bool isComplete = newest == nullptr || recordOf(*newest) != record;
-  auto [known, isNew] = m_laidOut.try_emplace(record, newest);
-  bool isGood = !isNew && (known->second == newest || known->second == nullptr);
-  known->second = isComplete ? nullptr : newest;
-  if (isGood) return outcome;
-  if (m_steps > kMostSteps) return NameIndex::Outcome::unknown;
-  layOutSoFar(*record);
-  return outcome;
+  switch (m_index.resolveAnywhere(name, item)) {
+    case NameIndex::Outcome::unknown:
+      return Outcome::unknown;
+    case NameIndex::Outcome::ambiguous:
+      return Outcome::ambiguous;
+    case NameIndex::Outcome::found:
+      break;
+  }
+  return measure(*item, last);
 }
 
-void ItemLengths::layOutSoFar(DataItem& record) {
-  inherit(record);
-  m_steps += prepare(record.firstChild, m_unheard);
+ItemLengths::Outcome ItemLengths::measure(DataItem& item, DataItem const* last) {
+  if (m_complete.contains(&item)) return Outcome::found;
+  if (m_steps > kMostSteps) return Outcome::tooMany;
+  prepareGroups(item);
+  // Where nothing is aligned the length doesn't hang on the place.
+  if (prepare(item)) {
+    measureRecord(recordAround(item), last);
+  } else {
+    layOut(item, m_unheard);
+  }
+  if (!isInside(last, item)) m_complete.insert(&item);
+  return Outcome::found;
+}
+
+void ItemLengths::measureRecord(DataItem& record, DataItem const* last) {
+  DataItem const*& known = m_records[&record];
+  if (known != nullptr && known == last) return;
+  prepare(record);
   layOut(record, m_unheard);
+  known = last;
+}
+
+void ItemLengths::prepareGroups(DataItem& item) {
+  if (item.parent != nullptr) prepareGroups(*item.parent);
+  inherit(item);
+}
+
+// Usages, signs and redefinitions below an item whose own ones are known.
+// Returns whether something in it is aligned.
+bool ItemLengths::prepare(DataItem& item) {
+  Redefinitions redefinitions(m_unheard);
+  bool isAligned = item.isSynchronized;
+  ++m_steps;
+  for (DataItem* each = item.firstChild; each != nullptr; each = each->next) {
+    if (each->level == kRenamesLevel) continue;
+    redefinitions.visit(*each);
+    inherit(*each);
+    isAligned |= prepare(*each);
+  }
+  return isAligned;
 }
 
 }  // namespace fdmorph::compiler

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "compiler/data_item.h"
 #include "compiler/diagnostics.h"
@@ -13,22 +14,33 @@ namespace fdmorph::compiler {
 
 class ItemLengths {
  public:
+  enum class Outcome {
+    found,
+    unknown,
+    ambiguous,
+    tooMany,  ///< more work than any source is worth
+  };
+
   ItemLengths(DataDivision& data, Diagnostics const& diagnostics)
       : m_data(data), m_index(data), m_unheard(diagnostics.sources()) {}
 
   /// Finds an item among all but the newest, which is still being parsed, and
-  /// lays out its record as far as it goes. `newest` is the item parsed last.
-  /// The size of the item is good if the outcome is `found`.
-  NameIndex::Outcome find(QualifiedName const& name, DataItem const* newest, DataItem*& item);
+  /// lays it out as far as it goes. `last` is the item parsed last. The size of
+  /// the item is good if the outcome is `found`.
+  Outcome find(QualifiedName const& name, DataItem const* last, DataItem*& item);
 
  private:
-  void layOutSoFar(DataItem& record);
+  Outcome measure(DataItem& item, DataItem const* last);
+  void measureRecord(DataItem& record, DataItem const* last);
+  bool prepare(DataItem& item);
+  void prepareGroups(DataItem& item);
 
   DataDivision& m_data;
   NameIndex m_index;
-  Diagnostics m_unheard;  // the checker reports it all again
-  // The newest item when a record was laid out.
-  std::unordered_map<DataItem const*, DataItem const*> m_laidOut;
+  Diagnostics m_unheard;                           // the checker reports it all again
+  std::unordered_set<DataItem const*> m_complete;  // that were measured then
+  // The last item when a record was measured.
+  std::unordered_map<DataItem const*, DataItem const*> m_records;
   std::uint64_t m_steps = 0;
 };
 

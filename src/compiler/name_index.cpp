@@ -138,13 +138,24 @@ NameIndex::Outcome NameIndex::take(QualifiedName const& name, DataItem& candidat
   return match == nullptr ? Outcome::unknown : Outcome::found;
 }
 
-bool NameIndex::isInside(QualifiedName const& name, DataItem const& group) {
-  if (++m_steps > kMostSteps) return true;
-  if (equalsBlindly(group.name, name.name) && fits(name, group)) return true;
-  for (DataItem const* each = group.firstChild; each != nullptr; each = each->next) {
-    if (isInside(name, *each)) return true;
+std::vector<QualifiedName const*> NameIndex::findOutside(std::vector<QualifiedName> const& names,
+                                                         DataItem const& group) const {
+  Wanted wanted;
+  for (QualifiedName const& each : names) wanted[each.name].push_back(&each);
+  strikeOut(wanted, group);
+  std::vector<QualifiedName const*> outside;
+  for (auto const& [name, list] : wanted) outside.insert(outside.end(), list.begin(), list.end());
+  return outside;
+}
+
+void NameIndex::strikeOut(Wanted& wanted, DataItem const& item) const {
+  auto found = wanted.find(item.name);
+  if (found != wanted.end()) {
+    std::erase_if(found->second, [&](QualifiedName const* each) { return fits(*each, item); });
+    if (found->second.empty()) wanted.erase(found);
   }
-  return false;
+  DataItem const* each = item.firstChild;
+  for (; each != nullptr && !wanted.empty(); each = each->next) strikeOut(wanted, *each);
 }
 
 std::string_view NameIndex::fileOf(DataItem const& record) const {

@@ -35,10 +35,13 @@ class NameIndex {
   /// The same for names of all records.
   Outcome resolveAnywhere(QualifiedName const& name, DataItem*& item);
 
-  /// Whether a name means `group` or an item in it.
-  bool isInside(QualifiedName const& name, DataItem const& group);
+  /// Those of `names` that mean neither `group` nor an item in it, in any order.
+  std::vector<QualifiedName const*> findOutside(std::vector<QualifiedName> const& names,
+                                                DataItem const& group) const;
 
  private:
+  using Wanted = std::unordered_map<std::string_view, std::vector<QualifiedName const*>, BlindHash,
+                                    BlindEqual>;
   using Link = DataItem* DataItem::*;
 
   /// The items of one name, last one first, linked in the items themselves.
@@ -74,6 +77,7 @@ class NameIndex {
   std::vector<DataItem*> const* shortestList(DataItem const* record,
                                              QualifiedName const& name) const;
   Outcome take(QualifiedName const& name, DataItem& candidate, DataItem*& match);
+  void strikeOut(Wanted& wanted, DataItem const& item) const;
   bool fits(QualifiedName const& name, DataItem const& item) const;
   std::string_view fileOf(DataItem const& record) const;
 

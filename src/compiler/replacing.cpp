@@ -21,23 +21,58 @@ void ReplacementList::add(Replacement replacement) {
   // Separators are skipped on both sides.
   std::erase_if(replacement.from, isSeparator);
   if (replacement.from.empty()) return;
+  std::string first(replacement.from.front().text);
+  std::size_t index = m_all.size();
   if (replacement.part == Replacement::Part::whole) {
-    m_byFirst[std::string(replacement.from.front().text)].push_back(m_all.size());
-  } else {
-    m_partial.push_back(m_all.size());
+    Beginning& beginning = m_byFirst[first];
+    bool isAlone = replacement.from.size() == 1;
+    (isAlone ? beginning.alone : beginning.bySecond[std::string(replacement.from[1].text)])
+        .push_back(index);
+  } else if (replacement.from.size() == 1) {
+    bool isLeading = replacement.part == Replacement::Part::leading;
+    (isLeading ? m_leading : m_trailing)[first.size()].try_emplace(first, index);
   }
   m_all.push_back(std::move(replacement));
 }
 
 void ReplacementList::clear() {
   m_all.clear();
-  m_partial.clear();
   m_byFirst.clear();
+  m_leading.clear();
+  m_trailing.clear();
 }
 
-std::vector<std::size_t> const* ReplacementList::beginningWith(std::string_view word) const {
+ReplacementList::Indexes const* ReplacementList::ofWord(std::string_view word) const {
   auto found = m_byFirst.find(word);
-  return found == m_byFirst.end() ? nullptr : &found->second;
+  return found == m_byFirst.end() ? nullptr : &found->second.alone;
+}
+
+bool ReplacementList::hasMore(std::string_view first) const {
+  auto found = m_byFirst.find(first);
+  return found != m_byFirst.end() && !found->second.bySecond.empty();
+}
+
+ReplacementList::Indexes const* ReplacementList::ofWords(std::string_view first,
+                                                         std::string_view second) const {
+  auto found = m_byFirst.find(first);
+  if (found == m_byFirst.end()) return nullptr;
+  auto longer = found->second.bySecond.find(second);
+  return longer == found->second.bySecond.end() ? nullptr : &longer->second;
+}
+
+std::optional<std::size_t> ReplacementList::ofPart(std::string_view word) const {
+  std::optional<std::size_t> first;
+  auto look = [&](Parts const& parts, bool isLeading) {
+    for (auto const& [size, byText] : parts) {
+      if (size > word.size()) break;
+      std::string_view part = isLeading ? word.substr(0, size) : word.substr(word.size() - size);
+      auto found = byText.find(part);
+      if (found != byText.end() && (!first || found->second < *first)) first = found->second;
+    }
+  };
+  look(m_leading, true);
+  look(m_trailing, false);
+  return first;
 }
 
 TextWord const& Replacer::ahead(std::size_t index) {
@@ -82,26 +117,59 @@ bool Replacer::isPictureWord(TextWord const& word) {
 }
 
 bool Replacer::replaceHere(bool isInPicture) {
-  std::vector<std::size_t> const* candidates = m_list.beginningWith(ahead(0).text);
-  std::vector<std::size_t> const& partial = m_list.partial();
-  auto whole = candidates == nullptr ? partial.end() : candidates->begin();
-  auto wholeEnd = candidates == nullptr ? partial.end() : candidates->end();
-  auto part = partial.begin();
-  // Both lists ascend: merged, they are in the order of the statement.
-  while (whole != wholeEnd || part != partial.end()) {
-    bool isWhole = part == partial.end() || (whole != wholeEnd && *whole < *part);
-    std::size_t index = isWhole ? *whole++ : *part++;
-    Replacement const& replacement = m_list.at(index);
-    if (isWhole ? tryWhole(replacement, isInPicture) : tryPart(replacement)) return true;
+  std::string_view word = ahead(0).text;
+  std::optional<std::size_t> part;
+  if (ahead(0).kind == TextWord::Kind::word) part = m_list.ofPart(word);
+  std::size_t end = part ? *part : std::string::npos;
+  ReplacementList::Indexes const* longer = nullptr;
+  if (m_list.hasMore(word)) longer = m_list.ofWords(word, ahead(behindSeparators(1)).text);
+  if (tryWhole(m_list.ofWord(word), longer, end, isInPicture)) return true;
+  if (part && hasBudget()) {
+    replacePart(m_list.at(*part));
+    return true;
   }
   m_isAfterParenthesis = ahead(0).is('(');
   return false;
 }
 
+// Both lists ascend: merged, they are in the order of the statement.
+bool Replacer::tryWhole(ReplacementList::Indexes const* alone,
+                        ReplacementList::Indexes const* longer, std::size_t end, bool isInPicture) {
+  static ReplacementList::Indexes const kNone;
+  if (alone == nullptr) alone = &kNone;
+  if (longer == nullptr) longer = &kNone;
+  auto one = alone->begin();
+  auto other = longer->begin();
+  while (one != alone->end() || other != longer->end()) {
+    bool isOne = other == longer->end() || (one != alone->end() && *one < *other);
+    std::size_t index = isOne ? *one++ : *other++;
+    if (index > end || !hasBudget()) return false;
+    if (tryWhole(m_list.at(index), isInPicture)) return true;
+  }
+  return false;
+}
+
+bool Replacer::hasBudget() {
+  bool isOver = m_budget.comparisons > ReplacementBudget::kMostComparisons ||
+                m_budget.bytes > ReplacementBudget::kMostText;
+  if (isOver && !m_budget.isExceeded) {
+    m_budget.isExceeded = true;
+    m_diagnostics.report(Code::copyLimit, ahead(0).place, "too much text is replaced");
+  }
+  return !isOver;
+}
+
+// The index of the next word that is no separator.
+std::size_t Replacer::behindSeparators(std::size_t index) {
+  while (isSeparator(ahead(index)) && ahead(index + 1).isApart) ++index;
+  return index;
+}
+
 bool Replacer::tryWhole(Replacement const& replacement, bool isInPicture) {
   std::size_t at = 0;
   for (TextWord const& wanted : replacement.from) {
-    while (at > 0 && isSeparator(ahead(at)) && ahead(at + 1).isApart) ++at;
+    if (at > 0) at = behindSeparators(at);
+    ++m_budget.comparisons;
     if (!isSame(ahead(at), wanted)) return false;
     ++at;
   }
@@ -123,26 +191,19 @@ bool Replacer::fitsPicture(std::size_t matched) {
   return ahead(0).isApart && isLast;
 }
 
-bool Replacer::tryPart(Replacement const& replacement) {
+void Replacer::replacePart(Replacement const& replacement) {
   TextWord word = ahead(0);
-  if (word.kind != TextWord::Kind::word) return false;
-  std::string_view part = replacement.from.front().text;
-  if (replacement.from.size() != 1 || part.size() > word.text.size()) return false;
-  bool isLeading = replacement.part == Replacement::Part::leading;
-  std::string_view rest = word.text;
-  std::string_view end =
-      isLeading ? rest.substr(0, part.size()) : rest.substr(rest.size() - part.size());
-  if (!equalsBlindly(end, part)) return false;
-  rest = isLeading ? rest.substr(part.size()) : rest.substr(0, rest.size() - part.size());
-  std::string text;
-  if (!isLeading) text += rest;
-  for (TextWord const& each : replacement.to) text += each.text;
-  if (isLeading) text += rest;
   m_ahead.pop_front();
-  if (text.empty()) return true;
+  bool isLeading = replacement.part == Replacement::Part::leading;
+  std::size_t size = replacement.from.front().text.size();
+  std::string text;
+  if (!isLeading) text += word.text.substr(0, word.text.size() - size);
+  for (TextWord const& each : replacement.to) text += each.text;
+  if (isLeading) text += word.text.substr(size);
+  if (text.empty()) return;
+  m_budget.bytes += text.size();
   word.text = m_pool.keep(std::move(text));
   m_output.push_back(word);
-  return true;
 }
 
 void Replacer::give(std::vector<TextWord> const& words, TextWord const& at) {
@@ -151,6 +212,7 @@ void Replacer::give(std::vector<TextWord> const& words, TextWord const& at) {
     word.place = at.place;
     word.isFirstOnLine = isFirst && at.isFirstOnLine;
     if (isFirst) word.isApart = at.isApart;
+    m_budget.bytes += word.text.size() + 1;
     m_output.push_back(word);
   }
   if (!words.empty()) return;

@@ -2,11 +2,16 @@
 // for it.
 #pragma once
 
+#include <cstdint>
 #include <deque>
+#include <map>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
+#include "compiler/diagnostics.h"
 #include "compiler/letters.h"
 #include "compiler/text_source.h"
 
@@ -24,29 +29,59 @@ struct Replacement {
 /// The replacements that are in force together; the first that fits wins.
 class ReplacementList {
  public:
+  /// Indexes of replacements, ascending.
+  using Indexes = std::vector<std::size_t>;
+
   void add(Replacement replacement);
   void clear();
   bool isEmpty() const { return m_all.empty(); }
 
-  /// Indexes of the replacements whose text begins with `word`, ascending.
-  std::vector<std::size_t> const* beginningWith(std::string_view word) const;
-  /// Indexes of those for parts of words.
-  std::vector<std::size_t> const& partial() const { return m_partial; }
+  /// The replacements whose text is `word` alone; null if there is none.
+  Indexes const* ofWord(std::string_view word) const;
+  /// Those whose text begins with both words.
+  Indexes const* ofWords(std::string_view first, std::string_view second) const;
+  /// Whether there are such that begin with `first`.
+  bool hasMore(std::string_view first) const;
+  /// The first one for the beginning or end of `word`; nothing without one.
+  std::optional<std::size_t> ofPart(std::string_view word) const;
   Replacement const& at(std::size_t index) const { return m_all[index]; }
 
  private:
+  template <typename Value>
+  using ByWord = std::unordered_map<std::string, Value, BlindHash, BlindEqual>;
+  /// The first replacement of each part, by the part's length.
+  using Parts = std::map<std::size_t, ByWord<std::size_t>>;
+
+  struct Beginning {
+    Indexes alone;
+    ByWord<Indexes> bySecond;
+  };
+
   std::vector<Replacement> m_all;
-  std::vector<std::size_t> m_partial;
-  std::unordered_map<std::string, std::vector<std::size_t>, BlindHash, BlindEqual> m_byFirst;
+  ByWord<Beginning> m_byFirst;
+  Parts m_leading;
+  Parts m_trailing;
+};
+
+/// What all replacements of a compilation may cost together.
+struct ReplacementBudget {
+  static constexpr std::uint64_t kMostComparisons = 500'000'000;   ///< of words
+  static constexpr std::size_t kMostText = std::size_t{32} << 20;  ///< bytes
+
+  std::uint64_t comparisons = 0;
+  std::size_t bytes = 0;    ///< of members copied again and of text that replaces other
+  bool isExceeded = false;  ///< nothing is replaced any more
 };
 
 /// Hands on the words of another source with replacements made. Replaced text
 /// is not looked at again. Replaced words take the place of what they replace;
 /// commas and semicolons count as blanks in the comparison. Inside a picture a
-/// lone word fits the whole picture or what stands in its parentheses.
+/// lone word fits the whole picture or what stands in its parentheses. When the
+/// budget is exceeded that is reported, and words are handed on as they are.
 class Replacer : public TextSource {
  public:
-  Replacer(TextSource& inner, TextPool& pool) : m_inner(inner), m_pool(pool) {}
+  Replacer(TextSource& inner, TextPool& pool, ReplacementBudget& budget, Diagnostics& diagnostics)
+      : m_inner(inner), m_pool(pool), m_budget(budget), m_diagnostics(diagnostics) {}
 
   /// To be changed only between calls of next.
   ReplacementList& list() { return m_list; }
@@ -62,13 +97,19 @@ class Replacer : public TextSource {
   TextWord const& ahead(std::size_t index);
   bool isPictureWord(TextWord const& word);
   bool tryWhole(Replacement const& replacement, bool isInPicture);
-  bool tryPart(Replacement const& replacement);
+  bool tryWhole(ReplacementList::Indexes const* alone, ReplacementList::Indexes const* longer,
+                std::size_t end, bool isInPicture);
+  void replacePart(Replacement const& replacement);
+  std::size_t behindSeparators(std::size_t index);
   bool fitsPicture(std::size_t matched);
+  bool hasBudget();
   void give(std::vector<TextWord> const& words, TextWord const& at);
   bool replaceHere(bool isInPicture);
 
   TextSource& m_inner;
   TextPool& m_pool;
+  ReplacementBudget& m_budget;
+  Diagnostics& m_diagnostics;
   ReplacementList m_list;
   std::deque<TextWord> m_ahead;   // read, not yet looked at
   std::deque<TextWord> m_output;  // replaced, on its way out

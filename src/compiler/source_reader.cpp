@@ -48,7 +48,11 @@ class Reader {
     std::size_t begin = text.find_first_not_of(' ');
     if (begin == std::string_view::npos) return;
     if (text.substr(begin).starts_with("*>")) return;
-    if ((text[begin] == '>' || text[begin] == '$') && readDirective()) return;
+    if (readDirective(begin)) return;
+    // Directives may stand behind a sequence number.
+    bool isNumbered = m_rules.format != Format::free && begin < kIndicator;
+    std::size_t behind = isNumbered ? text.find_first_not_of(' ', kIndicator) : begin;
+    if (isNumbered && behind != std::string_view::npos && readDirective(behind)) return;
     if (m_rules.format == Format::free) {
       readFreeLine(begin);
     } else {
@@ -56,10 +60,11 @@ class Reader {
     }
   }
 
-  bool readDirective() {
-    std::optional<SourceDirective> directive = readSourceDirective(m_line.text());
+  bool readDirective(std::size_t begin) {
+    char mark = m_line.at(begin);
+    if (mark != '>' && mark != '$') return false;
+    std::optional<SourceDirective> directive = readSourceDirective(m_line.text().substr(begin));
     if (!directive) return false;
-    std::size_t begin = m_line.text().find_first_not_of(' ');
     if (directive->isConditional) {
       m_out.directives.push_back(static_cast<std::uint32_t>(m_out.text.size() + 1));
       addCode(begin, lineEnd(), 0, true);

@@ -254,13 +254,14 @@ void FileText::open(TextWord const& at, std::string_view member, std::string_vie
     return;
   }
   if (!mayOpen(at.place, file)) return;
-  m_context.copiedBytes += file->content.size();
+  m_context.copied.insert(file);
   ReadingRules before = m_context.rules;
   m_context.rules.format = m_text.formatAt(at.place.offset);
   m_member = std::make_unique<FileText>(m_context, file, at.place);
   m_context.rules = before;
   if (list.isEmpty()) return;
-  m_replacer = std::make_unique<Replacer>(*m_member, m_context.pool);
+  m_replacer = std::make_unique<Replacer>(*m_member, m_context.pool, m_context.budget,
+                                          m_context.diagnostics);
   m_replacer->list() = std::move(list);
 }
 
@@ -271,9 +272,12 @@ bool FileText::mayOpen(Place at, SourceFile const* file) {
                                  "copy member " + quoted(file->path) + " copies itself");
     return false;
   }
+  // Each file may be as large as it likes, but not copied as often.
+  std::size_t& bytes = m_context.budget.bytes;
+  if (m_context.copied.contains(file)) bytes += file->content.size();
   bool isTooMuch = open.size() >= TextContext::kDeepestCopy ||
                    m_context.sources.textCount() >= TextContext::kMostCopies ||
-                   m_context.copiedBytes + file->content.size() > TextContext::kMostText;
+                   bytes > ReplacementBudget::kMostText;
   if (isTooMuch) {
     m_context.diagnostics.report(Code::copyLimit, at,
                                  open.size() >= TextContext::kDeepestCopy

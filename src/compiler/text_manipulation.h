@@ -5,6 +5,7 @@
 
 #include <memory>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "compiler/conditional_text.h"
@@ -20,7 +21,6 @@ namespace fdmorph::compiler {
 struct TextContext {
   static constexpr std::size_t kDeepestCopy = 64;
   static constexpr std::size_t kMostCopies = 100000;
-  static constexpr std::size_t kMostText = std::size_t{1} << 30;  ///< bytes of all members
 
   Sources& sources;
   Diagnostics& diagnostics;
@@ -28,7 +28,8 @@ struct TextContext {
   TextPool& pool;
   ReadingRules rules;
   std::vector<SourceFile const*> open = {};  ///< being read, outermost first
-  std::size_t copiedBytes = 0;
+  std::unordered_set<SourceFile const*> copied = {};
+  ReplacementBudget budget = {};
   CompileVariables variables = {};
 };
 
@@ -73,7 +74,8 @@ class FileText : public TextSource {
 class ReplaceStatements : public TextSource {
  public:
   ReplaceStatements(TextSource& inner, TextContext& context)
-      : m_replacer(inner, context.pool), m_diagnostics(context.diagnostics) {}
+      : m_replacer(inner, context.pool, context.budget, context.diagnostics),
+        m_diagnostics(context.diagnostics) {}
 
   TextWord next() override;
 

@@ -116,7 +116,7 @@ void XmlText::appendEscaped(std::string_view value) {
         ((m_text += "&#") += std::to_string(static_cast<int>(c))) += ';';
         break;
       default:
-        m_text += c;
+        m_text += static_cast<unsigned char>(c) < ' ' ? ' ' : c;
         break;
     }
   }

@@ -13,7 +13,8 @@ namespace fdmorph::compiler {
 bool isXmlText(std::string_view text);
 
 /// Builds an XML document in memory, an element a line, in steps of 3 blanks.
-/// Bytes that are no UTF-8 are taken for Latin-1.
+/// Bytes that are no UTF-8 are taken for Latin-1, and blanks stand for control
+/// characters that XML can't hold.
 class XmlText {
  public:
   XmlText();

@@ -52,6 +52,25 @@ TEST(Constant, LaysARecordOutAgainWhenItHasGrown) {
   EXPECT_EQ(lengthOf(lines, "S"), "5");
 }
 
+TEST(Constant, KnowsTheSlackOfSynchronizedItems) {
+  // In its record the group begins at byte 1: a byte of slack is in it.
+  char const* lines =
+      "01 R.\n 05 B PIC X.\n 05 G.\n  10 C PIC 9(4) COMP SYNC.\n 05 D PIC X.\n"
+      "78 N VALUE LENGTH OF G.\n01 A PIC X(N).";
+  EXPECT_EQ(lengthOf(lines, "A"), lengthOf(lines, "G"));
+  EXPECT_EQ(lengthOf(lines, "A"), "3");
+}
+
+TEST(Constant, TakesAnyNumberOfLengths) {
+  std::string lines = "01 R.\n";
+  for (int i = 0; i < 10000; ++i) {
+    std::string number = std::to_string(i);
+    lines +=
+        " 05 B" + number + " PIC X(3).\n 78 N" + number + " VALUE LENGTH OF B" + number + ".\n";
+  }
+  EXPECT_EQ(lengthOf(lines + "01 A PIC X(N9999).", "A"), "3");
+}
+
 TEST(Constant, KnowsUsageAndRedefinitionOfWhatItMeasures) {
   char const* lines =
       "01 R COMP-3.\n 05 B PIC 9(5).\n 05 C REDEFINES B.\n  10 D PIC 9(3).\n"
@@ -78,6 +97,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "a.cpy:5:29: error: 'B' is ambiguous [constant]"},
         Mistake{"01 R.\n 05 B PIC X.\n78 N VALUE LENGTH OF R.\n 05 C PIC X.",
                 "a.cpy:3:29: error: the length of 'R' is taken before its last item [constant]"},
+        Mistake{"01 R.\n 05 B PIC X.\n66 C RENAMES B.\n78 N VALUE LENGTH OF C.",
+                "a.cpy:4:29: error: 'C' renames others, and has no length yet [constant]"},
         Mistake{"78 N VALUE 1 / 0.",
                 "a.cpy:1:23: error: the constant's value can't be worked out [constant]"},
         Mistake{"78 N VALUE \"a\" + 1.",

@@ -95,6 +95,14 @@ TEST(DictionaryWriter, HoldsTheItemsOfACopybookTogetherThatBeginsBelowLevel01) {
             std::string::npos);
 }
 
+TEST(DictionaryWriter, PutsBlanksInPlaceOfControlCharacters) {
+  std::string dictionary = compile(
+                               "PROGRAM-ID. \"A\x01"
+                               "B\".\nDATA DIVISION.")
+                               .dictionary;
+  EXPECT_NE(dictionary.find("<program name=\"A B\""), std::string::npos);
+}
+
 TEST(DictionaryWriter, IsNotThereAfterAnError) {
   CompilationResult result = compile("01 A.");
   EXPECT_EQ(result.status, kWrong);

@@ -102,5 +102,49 @@ TEST_F(Replacing, PassesEmbeddedStatementsOver) {
   EXPECT_TRUE(attributeOf(dictionary, "A", "length"));
 }
 
+TEST_F(Replacing, KeepsItsOrderAmongTextsOfAnyForm) {
+  // A word, the beginning of a word, and several words: the first that fits.
+  std::string dictionary =
+      copy("COPY M REPLACING LEADING ==A== BY ==P== ==A-B PIC== BY ==Q PIC==.", "01 A-B PIC X.");
+  EXPECT_TRUE(attributeOf(dictionary, "P-B", "length"));
+  dictionary = copy("COPY M REPLACING ==A-B PIC== BY ==Q PIC== LEADING ==A== BY ==P==.",
+                    "01 A-B PIC X.\n01 A-C PIC X.");
+  EXPECT_TRUE(attributeOf(dictionary, "Q", "length"));
+  EXPECT_TRUE(attributeOf(dictionary, "P-C", "length"));
+  dictionary = copy("COPY M REPLACING A BY B ==A PIC== BY ==C PIC==.", "01 A PIC X.");
+  EXPECT_TRUE(attributeOf(dictionary, "B", "length"));
+  dictionary = copy("COPY M REPLACING ==A PIC== BY ==C PIC== A BY B.",
+                    "01 A PIC X.\n01 A-1.\n 05 A COMP-1.");
+  EXPECT_TRUE(attributeOf(dictionary, "C", "length"));
+  EXPECT_TRUE(attributeOf(dictionary, "B", "length"));
+}
+
+TEST_F(Replacing, SeesSeparatorsBetweenWordsAsBlanks) {
+  std::string dictionary = copy("COPY M REPLACING ==A PIC== BY ==B PIC==.", "01 A , PIC X.");
+  EXPECT_TRUE(attributeOf(dictionary, "B", "length"));
+}
+
+TEST_F(Replacing, EndsTextThatGrowsWithoutBound) {
+  // Each of 4,000 words would be replaced by 2,000 longer ones: 160 MB.
+  std::string to;
+  for (int i = 0; i < 2000; ++i) to += "77 LONG-LONG-NAME PIC X.\n";
+  std::string from;
+  for (int i = 0; i < 4000; ++i) from += "TEXT\n";
+  copy("COPY M REPLACING TEXT BY ==" + to + "==.", from);
+  EXPECT_EQ(result.status, kWrong);
+  EXPECT_NE(result.diagnostics.find("error: too much text is replaced [copy-limit]"),
+            std::string::npos);
+}
+
+TEST_F(Replacing, EndsMembersThatAreCopiedTooOften) {
+  // 40 copies of 1 MB; a single one may be as large as it likes.
+  std::string copies;
+  for (int i = 0; i < 40; ++i) copies += "COPY M.\n";
+  std::string member = "01 A PIC X." + std::string(1 << 20, ' ');
+  copy(copies, member);
+  EXPECT_NE(result.diagnostics.find("error: too much text is copied [copy-limit]"),
+            std::string::npos);
+}
+
 }  // namespace
 }  // namespace fdmorph::compiler

@@ -85,6 +85,13 @@ TEST_F(SourceReader, LeavesConditionalDirectivesInTheText) {
   EXPECT_EQ(result.directives, (std::vector<std::uint32_t>{3, 18}));
 }
 
+TEST_F(SourceReader, FindsDirectivesBehindASequenceNumber) {
+  EXPECT_EQ(read("000100$SET SOURCEFORMAT\"FREE\"\nb\n"), "\nb\n");
+  EXPECT_EQ(read("000100 >>SOURCE FREE\nb\n"), "\nb\n");
+  EXPECT_EQ(read("000100 >>IF B DEFINED\n"), "\n>>IF B DEFINED\n");
+  EXPECT_TRUE(result.faults.empty());
+}
+
 TEST_F(SourceReader, TakesALineThatBeginsWithACurrencySignForText) {
   EXPECT_EQ(read("           $$,$$9\n"), "\n    $$,$$9\n");
   EXPECT_EQ(read("           $ZZ9\n"), "\n    $ZZ9\n");
