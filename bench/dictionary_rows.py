@@ -5,12 +5,10 @@ Our own part of a run is what is left of it without the compiler and without
 the library's parses of the dictionary and of the mapping file that is read
 back."""
 
-import math
 import os
-import statistics
 from pathlib import Path
 
-from measure import GROWTH_GOAL, Result, RunFailed, measure_time, median_usage
+from measure import GROWTH_GOAL, RunFailed, measure_time, result_of
 
 COMPILER = Path(__file__).resolve().parent.parent / "tests/fake_zbc/zbc"
 MEGABYTE = 1e6
@@ -106,12 +104,6 @@ class DictionaryRun:
     def count(self, command, function):
         self.prepare()
         return self.bench.measure(command, function)
-
-
-def result_of(bench, label, ours, base, goal, usages, unit=None):
-    ratios = tuple(a / b if b > 0 else math.inf for a, b in zip(ours, base))
-    medians = statistics.median(ours), statistics.median(base)
-    return Result(label, unit or bench.unit, *medians, ratios, goal, median_usage(usages))
 
 
 def cost_row(kind, mapping, sizes, quick):

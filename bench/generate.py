@@ -14,6 +14,7 @@ import sys
 from pathlib import Path
 
 import dictionaries
+import sources
 
 NAMESPACE = "urn:example:bench"
 HEADER = (
@@ -408,6 +409,7 @@ KINDS = {
     "circular-files": (circular_files, ".xsd"),
     "flat-dictionary": (dictionaries.flat_dictionary, ".xml"),
     "deep-dictionary": (dictionaries.deep_dictionary, ".xml"),
+    **sources.KINDS,
 }
 
 

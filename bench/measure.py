@@ -99,6 +99,8 @@ class Bench:
     def __init__(self, arguments, folder):
         self.fdmorph = os.path.abspath(arguments.fdmorph)
         self.bare = os.path.abspath(arguments.bare_library)
+        self.empty = os.path.join(os.path.dirname(self.bare), "empty_program")
+        self.zbc = os.path.abspath(arguments.zbc)
         self.megabytes = arguments.document_size
         self.quick = arguments.quick
         self.counts_instructions = arguments.instructions
@@ -174,3 +176,10 @@ def compared(bench, name, pairs, goal):
     usage = median_usage(ours)
     ratios = tuple(a.cost / b.cost for a, b in pairs if b.cost > 0)
     return Result(name, bench.unit, usage.cost, median_usage(base).cost, ratios, goal, usage)
+
+
+def result_of(bench, label, ours, base, goal, usages, unit=None):
+    """A result from the costs of the single pairs."""
+    ratios = tuple(a / b if b > 0 else math.inf for a, b in zip(ours, base))
+    medians = statistics.median(ours), statistics.median(base)
+    return Result(label, unit or bench.unit, *medians, ratios, goal, median_usage(usages))

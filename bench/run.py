@@ -1,5 +1,6 @@
 #!/usr/bin/python3
-"""Measures fdmorph against the bare XML library and against itself.
+"""Measures fdmorph against the bare XML library and against itself, and the
+bundled compiler against a peer and against itself.
 
     run.py FDMORPH BARE_LIBRARY [options]
 
@@ -9,12 +10,15 @@ are for reading, not for tests.
 """
 
 import argparse
+import fnmatch
 import math
+import os
 import statistics
 import sys
 import tempfile
 
 sys.dont_write_bytecode = True
+import compiler_rows  # noqa: E402
 import dictionary_rows  # noqa: E402
 import generate  # noqa: E402
 from measure import (  # noqa: E402
@@ -126,6 +130,7 @@ ROWS = {
     "item-memory-unique": memory_per_item_row(UNIQUE),
     "validation": validation_rows,
     **dictionary_rows.ROWS,
+    **compiler_rows.ROWS,
 }
 
 
@@ -168,12 +173,19 @@ def parse_arguments():
     parser = argparse.ArgumentParser(description="Measures fdmorph against the bare library.")
     parser.add_argument("fdmorph")
     parser.add_argument("bare_library")
-    parser.add_argument("--only", metavar="NAME", action="append", choices=ROWS, help="a row")
+    parser.add_argument("--zbc", help="the compiler (of the build that fdmorph is of)")
+    parser.add_argument("--only", metavar="NAME", action="append", help='a row, or rows: "own-*"')
     parser.add_argument("--quick", action="store_true", help="three pairs, smaller inputs")
     parser.add_argument("--runs", type=int, metavar="N", help="pairs of samples (7)")
     parser.add_argument("--document-size", type=int, metavar="MB", help="for validation (100)")
     parser.add_argument("--instructions", action="store_true", help="count with valgrind, one run")
     arguments = parser.parse_args()
+    for pattern in arguments.only or ():
+        if not fnmatch.filter(ROWS, pattern):
+            parser.error(f"no row is named {pattern}")
+    if arguments.zbc is None:
+        build = os.path.dirname(os.path.dirname(os.path.abspath(arguments.fdmorph)))
+        arguments.zbc = os.path.join(build, "compiler", "zbc")
     if arguments.runs is None:
         arguments.runs = 3 if arguments.quick else 7
     if arguments.document_size is None:
@@ -181,12 +193,16 @@ def parse_arguments():
     return arguments
 
 
+def selected_rows(patterns):
+    return [name for pattern in patterns for name in fnmatch.filter(ROWS, pattern)]
+
+
 def main():
     arguments = parse_arguments()
     with tempfile.TemporaryDirectory(prefix="fdmorph-bench-") as folder:
         bench = Bench(arguments, folder)
         print_header(bench)
-        for name in arguments.only or ROWS:
+        for name in selected_rows(arguments.only or ["*"]):
             try:
                 for result in ROWS[name](bench, name):
                     print_result(result)
