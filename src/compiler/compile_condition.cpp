@@ -1,5 +1,7 @@
 #include "compiler/compile_condition.h"
 
+#include "compiler/diagnostics.h"
+
 namespace fdmorph::compiler {
 namespace {
 
@@ -34,11 +36,10 @@ class Evaluator {
   bool fail(char const* text) {
     if (!isRight()) return false;
     bool isEnd = m_at >= m_words.size();
-    m_result.mistake = (isEnd ? "the end of the line" : quotedWord()) + " " + text;
+    m_result.mistake = (isEnd ? "the end of the line" : quoted(m_words[m_at].text)) + " " + text;
     m_result.place = m_at;
     return false;
   }
-  std::string quotedWord() const { return "'" + std::string(m_words[m_at].text) + "'"; }
 
   bool skip(std::string_view word) {
     bool isThere = m_at < m_words.size() && m_words[m_at].isWord(word);
