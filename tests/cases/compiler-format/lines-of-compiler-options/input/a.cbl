@@ -1,0 +1,7 @@
+       CBL LIB,APOST
+000200 PROCESS NOLIST, MAP
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. P.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       01  A                       PIC X.

@@ -1,0 +1,23 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. P.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       01  A                       PIC 9(3).
+       COMMUNICATION SECTION.
+       CD  MESSAGES FOR INITIAL INPUT
+           SYMBOLIC QUEUE IS QUEUE-NAME
+           MESSAGE COUNT IS A.
+       01  MESSAGE-RECORD.
+           02  FILLER              PIC X(87).
+       REPORT SECTION.
+       RD  SUMMARY CONTROLS ARE FINAL A
+           PAGE LIMIT IS 60 LINES HEADING 1.
+       01  TYPE IS PAGE HEADING.
+           02  LINE 1.
+               03  COLUMN 1        PIC X(5) VALUE "Title".
+       01  DETAIL-LINE TYPE IS DETAIL LINE PLUS 1.
+           02  COLUMN 1            PIC ZZ9 SOURCE A.
+       01  TYPE CONTROL FOOTING FINAL LINE PLUS 2.
+           02  COLUMN 1            PIC ZZZ9 SUM A.
+       PROCEDURE DIVISION.
+           STOP RUN.
