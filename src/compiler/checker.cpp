@@ -17,9 +17,14 @@ bool isInside(DataItem const* item, DataItem const* group) {
   return item == group;
 }
 
-bool isInTable(DataItem const* item) {
+// The innermost table that an item stands in; null if there is none.
+DataItem const* tableAround(DataItem const* item) {
   while (item != nullptr && !item->occurs) item = item->parent;
-  return item != nullptr;
+  return item;
+}
+
+bool isInTable(DataItem const* item) {
+  return tableAround(item) != nullptr;
 }
 
 // The transaction monitor's translator puts the block with this item into the
@@ -105,8 +110,8 @@ void Checker::checkDepending(DataItem& item, NameIndex& index) {
     report(" is no integer that a table can depend on");
   } else if (isInside(object, &item)) {
     report(" stands in the table that depends on it");
-  } else if (isInTable(object)) {
-    report(" stands in a table and can't tell the size of another one");
+  } else if (isInTable(object) && !isInside(&item, tableAround(object))) {
+    report(" stands in a table that the depending one isn't part of");
   }
   item.dependingOn = object;
 }

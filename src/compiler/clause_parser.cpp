@@ -70,6 +70,17 @@ bool Parser::parseClause(Entry& entry) {
       once(entry, kValue, take());
       parseValue(entry);
       return true;
+    case Keyword::any:
+      // ANY LENGTH, ANY NUMERIC: what the caller hands over
+      take();
+      if (!skip(Keyword::length) && !skipWord("NUMERIC")) {
+        error(Code::syntax, peek().place, "ANY is followed by neither LENGTH nor NUMERIC");
+      }
+      return true;
+    case Keyword::based:
+      once(entry, kBased, take());
+      checkIsRecord(item, token);
+      return true;
     case Keyword::external:
       once(entry, kExternal, take());
       checkIsRecord(item, token);
@@ -175,6 +186,7 @@ void Parser::parseUsage(Entry& entry, Token const& token) {
     case Usage::binaryLong:
     case Usage::binaryDouble:
     case Usage::binaryCLong:
+    case Usage::binaryInt:
       if (!skip(Keyword::signedWord) && skip(Keyword::unsignedWord)) entry.item->isUnsigned = true;
       break;
     case Usage::object:
@@ -186,6 +198,10 @@ void Parser::parseUsage(Entry& entry, Token const& token) {
     case Usage::procedurePointer:
     case Usage::functionPointer:
       if (skip(Keyword::to)) take();
+      break;
+    case Usage::handle:
+      // HANDLE OF WINDOW
+      if (skip(Keyword::of) && peek().kind == Token::Kind::word) take();
       break;
     case Usage::display:
       // DISPLAY NATIVE

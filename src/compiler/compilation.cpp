@@ -51,8 +51,12 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
     ReplaceStatements replaced(text, context);
     Lexer lexer(replaced, pool);
     data.programName = baseName(path);
-    Parser(lexer, pool, diagnostics, data).parse();
+    Parser(lexer, pool, context.variables, diagnostics, data).parse();
     Checker(data, diagnostics).check();
+    if (!diagnostics.hasErrors() && !data.isProgram && data.isEmpty() && context.letter.isKnown()) {
+      diagnostics.report(Code::leftOut, context.letter,
+                         "a letter in column 7 leaves lines out, and the others hold no data");
+    }
     if (directives.writesDictionary && !diagnostics.hasErrors()) {
       result.dictionary = buildDictionary(data, directives.order, diagnostics);
     }

@@ -80,10 +80,9 @@ class Evaluator {
   }
 
   bool readRelation() {
-    std::size_t first = m_at;
     CompileValue left;
     bool isName = false;
-    bool isKnown = false;
+    bool isKnown = true;
     if (!readCompileValue(m_words, m_at, left)) {
       isName = m_at < m_words.size() && m_words[m_at].kind == TextWord::Kind::word;
       if (!isName) return fail("is nothing that can be compared");
@@ -94,25 +93,21 @@ class Evaluator {
     if (isName && (skip("DEFINED") || skip("SET"))) return isKnown != isNegated;
     Relation relation;
     if (!readRelationName(relation)) return fail("is no comparison");
-    if (isName && !isKnown) return failUndefined(first);
     std::size_t second = m_at;
     CompileValue right;
     if (!readCompileValue(m_words, m_at, right)) {
       if (m_at >= m_words.size() || m_words[m_at].kind != TextWord::Kind::word) {
         return fail("is nothing that can be compared");
       }
-      if (!find(m_words[m_at++].text, right)) return failUndefined(second);
+      if (!find(m_words[m_at++].text, right)) isKnown = false;
     }
+    // A name that isn't defined, as that of a parameter, equals nothing.
+    if (!isKnown) return isNegated;
     if (left.isNumber != right.isNumber) {
       m_at = second;
       return fail("is compared with a value of another kind");
     }
     return relation.holds(compareCompileValues(left, right)) != isNegated;
-  }
-
-  bool failUndefined(std::size_t at) {
-    m_at = at;
-    return fail("is not defined");
   }
 
   bool find(std::string_view name, CompileValue& value) const {

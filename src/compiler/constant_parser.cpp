@@ -32,10 +32,10 @@ void Parser::parseConstant(Entry& entry) {
   item.level = kConstantLevel;  // no item of data
   skip(Keyword::is);
   if (skip(Keyword::global)) skip(Keyword::is);
-  bool isIntroduced = hasPrecedence ? skip(Keyword::as) : skip(Keyword::value);
-  if (!isIntroduced) {
-    error(Code::constant, peek().place,
-          std::string("the constant lacks ") + (hasPrecedence ? "AS" : "VALUE"));
+  if (hasPrecedence) {
+    skip(Keyword::as);
+  } else if (!skip(Keyword::value)) {
+    error(Code::constant, peek().place, "the constant lacks VALUE");
     skipSentence();
     return;
   }
@@ -43,7 +43,8 @@ void Parser::parseConstant(Entry& entry) {
   Literal value;
   Token first = peek();
   std::size_t errors = m_diagnostics.errorCount();
-  if (!parseExpression(value, hasPrecedence)) {
+  bool isFrom = hasPrecedence && skip(Keyword::from);
+  if (isFrom ? !parseVariable(value) : !parseExpression(value, hasPrecedence)) {
     if (m_diagnostics.errorCount() == errors) {
       error(Code::constant, first.place,
             "the constant's value is neither a literal nor a sum of them");
@@ -55,6 +56,21 @@ void Parser::parseConstant(Entry& entry) {
     error(Code::constant, item.place, "the constant " + quoted(item.name) + " is defined twice");
   }
   endShortEntry("a constant");
+}
+
+// CONSTANT FROM name, which a directive defines.
+bool Parser::parseVariable(Literal& value) {
+  Token name = peek();
+  auto variable = name.kind == Token::Kind::word ? m_variables.find(name.text) : m_variables.end();
+  if (variable == m_variables.end()) {
+    error(Code::constant, name.place, describe(name) + " is defined by no directive");
+    return false;
+  }
+  take();
+  bool isNumber = variable->second.isNumber;
+  value.kind = isNumber ? Literal::Kind::number : Literal::Kind::text;
+  value.text = m_pool.keep(isNumber ? variable->second.text : quotedLiteral(variable->second.text));
+  return true;
 }
 
 bool Parser::parseExpression(Literal& value, bool hasPrecedence) {

@@ -40,11 +40,13 @@ enum class Code : std::uint8_t {
   // Warnings.
   directive,
   sourceDirective,
+  leftOut,
   tag,
   copyPassed,
   duplicateName,
   valueSize,
   valueLost,
+  redefinesTable,
   redefinesSize,
   binarySize,
   pictureWarning,

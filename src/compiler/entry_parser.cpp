@@ -144,10 +144,14 @@ bool Parser::isNameNext() {
     case Keyword::constant:
       return following.kind == Token::Kind::period || isOtherClause;
     case Keyword::sign:
-    case Keyword::leading:
-    case Keyword::trailing:
       return following.kind == Token::Kind::period || following.is(Keyword::picture) ||
              following.is(Keyword::occurs) || following.is(Keyword::redefines);
+    case Keyword::bit:
+      return true;  // a usage only behind its word, or behind a picture
+    case Keyword::any:
+      return !following.is(Keyword::length) && !equalsBlindly(following.text, "NUMERIC");
+    case Keyword::based:
+    case Keyword::handle:
     case Keyword::index:
     case Keyword::pointer:
     case Keyword::object:

@@ -31,6 +31,8 @@ void Parser::parseEnvironment() {
     if (peek().is(Keyword::end) && peek(1).is(Keyword::program)) return;
     if (peek().is(Keyword::currency)) {
       parseCurrency();
+    } else if (peek().is(Keyword::symbolic)) {
+      parseSymbolicCharacters();
     } else if (peek().is(Keyword::decimalPoint)) {
       take();
       skip(Keyword::is);
@@ -41,6 +43,48 @@ void Parser::parseEnvironment() {
     } else {
       take();
     }
+  }
+}
+
+// SYMBOLIC CHARACTERS A B ARE 1 2 C IS 3: names of characters, which are
+// counted from 1.
+void Parser::parseSymbolicCharacters() {
+  take();
+  if (!skip(Keyword::character)) return;
+  skip(Keyword::is);
+  skip(Keyword::are);
+  while (peek().kind == Token::Kind::word && !peek().is(Keyword::in) && !isHeader(0) &&
+         !peek().is(Keyword::currency) && !peek().is(Keyword::decimalPoint)) {
+    std::vector<Token> names;
+    while (peek().kind == Token::Kind::word && !peek().is(Keyword::is) &&
+           !peek().is(Keyword::are)) {
+      names.push_back(take());
+    }
+    if (!skip(Keyword::is)) skip(Keyword::are);
+    for (Token const& name : names) {
+      if (peek().kind != Token::Kind::number) return;
+      defineCharacter(name, take());
+    }
+  }
+}
+
+void Parser::defineCharacter(Token const& name, Token const& position) {
+  constexpr std::uint64_t kCharacters = 256;
+  std::optional<std::uint64_t> number = integerOf(position.text);
+  if (!number || *number == 0 || *number > kCharacters) {
+    error(Code::environment, position.place, quoted(position.text) + " is no place of a character");
+    return;
+  }
+  constexpr std::string_view kDigits = "0123456789ABCDEF";
+  std::string literal = "X\"";
+  literal += kDigits[(*number - 1) / kDigits.size()];
+  literal += kDigits[(*number - 1) % kDigits.size()];
+  Literal value;
+  value.kind = Literal::Kind::text;
+  value.place = name.place;
+  value.text = m_pool.keep(literal + '"');
+  if (!m_constants.add(name.text, value)) {
+    error(Code::constant, name.place, "the constant " + quoted(name.text) + " is defined twice");
   }
 }
 

@@ -78,8 +78,14 @@ class ItemCheck {
         fits = category != Category::alphanumeric && category != Category::alphabetic &&
                category != Category::alphanumericEdited;
         break;
+      case Storage::bits:
+        fits = m_item.picture->isBoolean;
+        break;
       case Storage::characters:
         break;
+    }
+    if (m_item.picture->isBoolean) {
+      fits = m_usage.storage == Storage::bits || m_usage.storage == Storage::characters;
     }
     if (!fits) {
       m_diagnostics.report(Code::usage, m_item.picturePlace,
@@ -186,8 +192,8 @@ void checkValues(DataItem const& item, std::vector<ValueRange> const& values,
 bool isInteger(DataItem const& item) {
   if (item.isGroup()) return false;
   UsageEntry const& usage = entryOf(item.effectiveUsage);
-  bool isFloat = usage.usage == Usage::comp1 || usage.usage == Usage::comp2 ||
-                 usage.usage == Usage::floatShort || usage.usage == Usage::floatLong;
+  bool isFloat =
+      usage.usage == Usage::comp1 || usage.usage == Usage::comp2 || usage.name.starts_with("float");
   if (usage.storage == Storage::fixed) return usage.isNumeric && !isFloat;
   if (item.picture == nullptr) return false;
   // X stands for bytes of a number in these usages.

@@ -19,13 +19,16 @@ constexpr std::array kWords{
     Entry{"ARE", Keyword::are},
     Entry{"AS", Keyword::as},
     Entry{"ASCENDING", Keyword::ascending},
+    Entry{"BASED", Keyword::based},
     Entry{"BINARY", Keyword::binary},
     Entry{"BINARY-C-LONG", Keyword::binaryCLong},
     Entry{"BINARY-CHAR", Keyword::binaryChar},
     Entry{"BINARY-DOUBLE", Keyword::binaryDouble},
+    Entry{"BINARY-INT", Keyword::binaryInt},
     Entry{"BINARY-LONG", Keyword::binaryLong},
     Entry{"BINARY-LONG-LONG", Keyword::binaryDouble},
     Entry{"BINARY-SHORT", Keyword::binaryShort},
+    Entry{"BIT", Keyword::bit},
     Entry{"BLANK", Keyword::blank},
     Entry{"BY", Keyword::by},
     Entry{"CD", Keyword::cd},
@@ -69,11 +72,19 @@ constexpr std::array kWords{
     Entry{"FD", Keyword::fd},
     Entry{"FILE", Keyword::file},
     Entry{"FILLER", Keyword::filler},
+    Entry{"FLOAT-BINARY-128", Keyword::floatBinary128},
+    Entry{"FLOAT-BINARY-32", Keyword::floatBinary32},
+    Entry{"FLOAT-BINARY-64", Keyword::floatBinary64},
+    Entry{"FLOAT-DECIMAL-16", Keyword::floatDecimal16},
+    Entry{"FLOAT-DECIMAL-34", Keyword::floatDecimal34},
+    Entry{"FLOAT-EXTENDED", Keyword::floatExtended},
     Entry{"FLOAT-LONG", Keyword::floatLong},
     Entry{"FLOAT-SHORT", Keyword::floatShort},
     Entry{"FROM", Keyword::from},
+    Entry{"FUNCTION-ID", Keyword::programId},
     Entry{"FUNCTION-POINTER", Keyword::functionPointer},
     Entry{"GLOBAL", Keyword::global},
+    Entry{"HANDLE", Keyword::handle},
     Entry{"HIGH-VALUE", Keyword::highValue},
     Entry{"HIGH-VALUES", Keyword::highValue},
     Entry{"ID", Keyword::id},
@@ -131,6 +142,7 @@ constexpr std::array kWords{
     Entry{"SPACE", Keyword::space},
     Entry{"SPACES", Keyword::space},
     Entry{"SYMBOL", Keyword::symbol},
+    Entry{"SYMBOLIC", Keyword::symbolic},
     Entry{"SYNC", Keyword::sync},
     Entry{"SYNCHRONISED", Keyword::sync},
     Entry{"SYNCHRONIZED", Keyword::sync},
@@ -179,6 +191,8 @@ Keyword keywordOf(std::string_view word) {
 
 bool beginsClause(Keyword keyword) {
   switch (keyword) {
+    case Keyword::any:
+    case Keyword::based:
     case Keyword::blank:
     case Keyword::constant:
     case Keyword::external:

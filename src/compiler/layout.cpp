@@ -7,14 +7,14 @@ namespace fdmorph::compiler {
 namespace {
 
 constexpr std::uint8_t kRenamesLevel = 66;
+constexpr std::uint64_t kBitsInByte = 8;
 
-// The least bytes that hold a number of so many digits.
-std::uint64_t shortSize(std::uint32_t digits, bool isSigned) {
-  constexpr std::array<std::uint32_t, 8> kUnsigned{2, 4, 7, 9, 12, 14, 16, 19};
-  constexpr std::array<std::uint32_t, 8> kSigned{2, 4, 6, 9, 11, 14, 16, 18};
-  std::array<std::uint32_t, 8> const& most = isSigned ? kSigned : kUnsigned;
-  auto found = std::lower_bound(most.begin(), most.end(), digits);
-  return static_cast<std::uint64_t>(std::min<std::ptrdiff_t>(found - most.begin() + 1, 8));
+// The least bytes that hold an unsigned number of so many digits; a signed one
+// gets no more.
+std::uint64_t shortSize(std::uint32_t digits) {
+  constexpr std::array<std::uint32_t, 8> kMost{2, 4, 7, 9, 12, 14, 16, 19};
+  auto found = std::lower_bound(kMost.begin(), kMost.end(), digits);
+  return static_cast<std::uint64_t>(std::min<std::ptrdiff_t>(found - kMost.begin() + 1, 8));
 }
 
 std::uint64_t binarySize(std::uint32_t digits) {
@@ -70,7 +70,7 @@ class Layout {
  private:
   void placeChildren(DataItem& group) {
     std::uint64_t size = 0;
-    std::uint64_t widest = 1;  // alignment below this group
+    m_widest = 1;
     for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
       if (child->level == kRenamesLevel) continue;
       if (child->redefined != nullptr) {
@@ -84,9 +84,9 @@ class Layout {
       std::uint64_t slack = (alignment - child->offset % alignment) % alignment;
       child->offset += slack;
       size = std::min(size + slack, kLargestSize + 1);
-      widest = std::max(widest, alignment);
+      m_widest = std::max(m_widest, alignment);
     }
-    std::uint64_t slack = (widest - size % widest) % widest;
+    std::uint64_t slack = (m_widest - size % m_widest) % m_widest;
     if (group.occurrences() > 1 && slack != 0) {
       size += slack;
       for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
@@ -115,6 +115,7 @@ class Layout {
   }
 
   Diagnostics& m_diagnostics;
+  std::uint64_t m_widest = 1;  // alignment since the group that began last
 };
 
 }  // namespace
@@ -131,7 +132,7 @@ std::uint64_t sizeOf(DataItem const& item) {
     case Storage::nativeBinary:
       return isNumber ? binarySize(picture.nines) : nativeSize(picture.size);
     case Storage::shortBinary:
-      if (isNumber) return shortSize(picture.nines, picture.isSigned);
+      if (isNumber) return shortSize(picture.nines);
       return std::min<std::uint64_t>(picture.size, 8);
     case Storage::packed:
       return isNumber ? picture.nines / 2 + 1 : 0;
@@ -139,6 +140,8 @@ std::uint64_t sizeOf(DataItem const& item) {
       return isNumber ? (picture.nines + 1) / 2 : 0;
     case Storage::nationalCharacters:
       return picture.size * 2;
+    case Storage::bits:
+      return (picture.size + kBitsInByte - 1) / kBitsInByte;
     default:
       break;
   }

@@ -4,8 +4,11 @@
 // redefines lies where the redefined one does and takes no room of its own.
 // SYNCHRONIZED moves a binary item of 2, 4 or 8 bytes, an index or a pointer
 // up to a multiple of its size from the beginning of the record; the room in
-// between is the group's. A table with such items right below it is filled up
-// so that each of its occurrences lies alike; that room is put ahead of them.
+// between is the group's. A table is filled up to the widest such item so that
+// each of its occurrences lies alike, and that room is put ahead of its items.
+// Items count for it from the beginning of the last group in the table on that
+// has ended by its end, which is how other compilers came to lay out tables
+// within tables; files have kept that.
 #pragma once
 
 #include "compiler/data_item.h"

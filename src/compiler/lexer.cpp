@@ -93,7 +93,10 @@ Token Lexer::readPicture() {
   std::string joined;
   while (isAdjacent(0) && ahead(0).kind != TextWord::Kind::literal) {
     bool isPunctuation = ahead(0).is('.') || ahead(0).is(',') || ahead(0).is(';');
-    if (isPunctuation && (ahead(1).isApart || ahead(1).isEnd())) break;
+    bool isLast = ahead(1).isApart || ahead(1).isEnd();
+    // A separator may follow the period at once.
+    bool isDouble = (ahead(1).is(',') || ahead(1).is(';')) && ahead(2).isApart;
+    if (isPunctuation && (isLast || isDouble)) break;
     append(token, joined);
   }
   if (!joined.empty()) token.text = m_pool.keep(std::move(joined));

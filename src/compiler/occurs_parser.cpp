@@ -37,10 +37,12 @@ void Parser::parseOccurs(Entry& entry, Token const& token) {
   }
   occurs->least = occurs->most;
   bool hasRange = skip(Keyword::to);
-  if (hasRange) isCounted &= parseCount(occurs->most);
+  // What the caller hands over may be of any length.
+  bool isUnbounded = hasRange && m_section == Section::linkage && skipWord("UNBOUNDED");
+  if (hasRange && !isUnbounded) isCounted &= parseCount(occurs->most);
   skip(Keyword::times);
   parseOccursPhrases(*occurs);
-  if (!isCounted) {
+  if (!isCounted || isUnbounded) {
     occurs->least = occurs->most = 1;
   } else if (occurs->most == 0) {
     error(Code::occurs, token.place, "the table occurs zero times");

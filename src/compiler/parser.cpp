@@ -184,10 +184,8 @@ void Parser::parseProgramId() {
     error(Code::syntax, name.place, "PROGRAM-ID is not followed by a name");
   }
   if (isName || name.kind == Token::Kind::literal) take();
-  while (!isEnd()) {
-    Token const& following = peek(1);
-    bool isDivisionHeader = following.is(Keyword::division) || following.is(Keyword::section);
-    if (isDivisionHeader && isHeader(0)) return;
+  while (!isEnd() && !(peek().isFirstOnLine && isHeader(0) && !peek().is(Keyword::fd) &&
+                       !peek().is(Keyword::sd))) {
     take();
   }
 }

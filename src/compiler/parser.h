@@ -12,6 +12,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "compiler/compile_variables.h"
 #include "compiler/constants.h"
 #include "compiler/data_item.h"
 #include "compiler/diagnostics.h"
@@ -22,9 +23,11 @@ namespace fdmorph::compiler {
 
 class Parser {
  public:
-  Parser(Lexer& lexer, TextPool& pool, Diagnostics& diagnostics, DataDivision& data)
+  Parser(Lexer& lexer, TextPool& pool, CompileVariables const& variables, Diagnostics& diagnostics,
+         DataDivision& data)
       : m_lexer(lexer),
         m_pool(pool),
+        m_variables(variables),
         m_diagnostics(diagnostics),
         m_data(data),
         m_lengths(data, diagnostics) {}
@@ -71,6 +74,7 @@ class Parser {
     kGlobal = 1024,
     kRenames = 2048,
     kVolatile = 4096,
+    kBased = 8192,
   };
 
   // parser.cpp: tokens.
@@ -97,6 +101,8 @@ class Parser {
   // environment_parser.cpp
   void parseEnvironment();
   void parseCurrency();
+  void parseSymbolicCharacters();
+  void defineCharacter(Token const& name, Token const& position);
 
   // file_parser.cpp
   void parseFileDescription();
@@ -164,6 +170,7 @@ class Parser {
 
   // constant_parser.cpp
   void parseConstant(Entry& entry);
+  bool parseVariable(Literal& value);
   bool parseExpression(Literal& value, bool hasPrecedence);
   bool parseTerm(Literal& value, bool hasPrecedence);
   bool parseOperand(Literal& value, bool hasPrecedence);
@@ -175,6 +182,7 @@ class Parser {
 
   Lexer& m_lexer;
   TextPool& m_pool;
+  CompileVariables const& m_variables;
   Diagnostics& m_diagnostics;
   DataDivision& m_data;
   Constants m_constants;

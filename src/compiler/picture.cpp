@@ -209,10 +209,19 @@ void checkCharacters(Counts const& counts, Picture& picture) {
 }
 
 bool hasPositions(Counts const& counts) {
-  return counts.has("AXNGZ*9") || counts.of('+') > 1 || counts.of('-') > 1 || counts.of('$') > 1;
+  return counts.has("AXNGZ*91") || counts.of('+') > 1 || counts.of('-') > 1 || counts.of('$') > 1;
+}
+
+void checkBoolean(Counts const& counts, Picture& picture) {
+  picture.isBoolean = counts.has("1");
+  if (picture.isBoolean && counts.has("ABENPSVXZ9G0/,.+-*$CD")) {
+    picture.errors.emplace_back("symbols of bits and others stand in one picture");
+  }
 }
 
 Category findCategory(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture) {
+  checkBoolean(counts, picture);
+  if (picture.isBoolean) return Category::alphanumeric;
   if (counts.has("NG")) {
     checkCharacters(counts, picture);
     if (counts.has("AX9")) {

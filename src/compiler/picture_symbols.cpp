@@ -5,7 +5,7 @@
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::string_view kSymbols = "ABENPSVXZ9G0/,.+-*";
+constexpr std::string_view kSymbols = "ABENPSVXZ91G0/,.+-*";
 constexpr std::uint64_t kMostRepetitions = 0x7FFFFFFF;
 
 class RunReader {

@@ -21,8 +21,8 @@ void Redefinitions::visit(DataItem& item) {
     return;
   }
   if (m_base->occurs) {
-    m_diagnostics.report(Code::redefines, target.place,
-                         quoted(target.name) + " is a table and can't be redefined");
+    m_diagnostics.report(Code::redefinesTable, target.place,
+                         quoted(target.name) + " is a table, which should not be redefined");
   }
   item.redefined = m_base;
 }

@@ -105,7 +105,7 @@ TextWord Replacer::next() {
 bool Replacer::isPictureWord(TextWord const& word) {
   if (m_picture == Picture::announced && !word.isWord("IS")) {
     m_picture = Picture::inside;
-    m_isAfterParenthesis = false;
+    m_isBehindSeparator = false;
     return true;
   }
   if (m_picture == Picture::inside && word.isApart) m_picture = Picture::none;
@@ -128,7 +128,7 @@ bool Replacer::replaceHere(bool isInPicture) {
     replacePart(m_list.at(*part));
     return true;
   }
-  m_isAfterParenthesis = ahead(0).is('(');
+  m_isBehindSeparator = ahead(0).is('(') || ahead(0).is(')') || ahead(0).is(':');
   return false;
 }
 
@@ -183,12 +183,14 @@ bool Replacer::tryWhole(Replacement const& replacement, bool isInPicture) {
   return true;
 }
 
+// In a picture only blanks, parentheses and colons are separators.
 bool Replacer::fitsPicture(std::size_t matched) {
-  if (m_isAfterParenthesis) return true;
+  auto isBound = [](TextWord const& word) { return word.is('(') || word.is(')') || word.is(':'); };
+  if (!m_isBehindSeparator && !ahead(0).isApart) return false;
   TextWord const& behind = ahead(matched);
-  bool isLast = behind.isApart || behind.isEnd() ||
-                ((behind.is('.') || isSeparator(behind)) && ahead(matched + 1).isApart);
-  return ahead(0).isApart && isLast;
+  bool isPeriod = (behind.is('.') || isSeparator(behind)) &&
+                  (ahead(matched + 1).isApart || ahead(matched + 1).isEnd());
+  return behind.isApart || behind.isEnd() || isBound(behind) || isPeriod;
 }
 
 void Replacer::replacePart(Replacement const& replacement) {

@@ -76,7 +76,7 @@ struct ReplacementBudget {
 /// Hands on the words of another source with replacements made. Replaced text
 /// is not looked at again. Replaced words take the place of what they replace;
 /// commas and semicolons count as blanks in the comparison. Inside a picture a
-/// lone word fits the whole picture or what stands in its parentheses. When the
+/// lone word fits what stands between blanks or parentheses. When the
 /// budget is exceeded that is reported, and words are handed on as they are.
 class Replacer : public TextSource {
  public:
@@ -114,7 +114,7 @@ class Replacer : public TextSource {
   std::deque<TextWord> m_ahead;   // read, not yet looked at
   std::deque<TextWord> m_output;  // replaced, on its way out
   enum class Picture { none, announced, inside } m_picture = Picture::none;
-  bool m_isAfterParenthesis = false;
+  bool m_isBehindSeparator = false;
 };
 
 }  // namespace fdmorph::compiler

@@ -83,6 +83,15 @@ class Reader {
     m_out.formats.push_back({m_line.offsetOf(m_line.size()), format});
   }
 
+  // *CBL and *CONTROL choose what is listed.
+  bool isListingControl() const {
+    std::size_t begin = m_line.text().find_first_not_of(' ', kTextBegin);
+    if (begin == std::string_view::npos || m_line.at(begin) != '*') return false;
+    std::string_view word = m_line.text().substr(begin + 1);
+    word = word.substr(0, word.find_first_of(" ."));
+    return equalsBlindly(word, "CBL") || equalsBlindly(word, "CONTROL");
+  }
+
   std::size_t lineEnd() const {
     bool isCut = m_rules.format == Format::fixed && m_line.size() > kTextEnd;
     return isCut ? kTextEnd : m_line.size();
@@ -112,13 +121,19 @@ class Reader {
     char indicator = m_line.at(kIndicator);
     std::size_t end = lineEnd();
     if (indicator == ' ') {
-      addCode(kTextBegin, end, 0, true);
+      if (!isListingControl()) addCode(kTextBegin, end, 0, true);
     } else if (indicator == '-') {
       continueCode(end);
     } else if (indicator == '$') {
       reportDirective(kIndicator);
-    } else if (indicator != '*' && indicator != '/' && !isLetter(indicator)) {
-      // Letters mark lines for debugging and for other compilers.
+    } else if (toUpper(indicator) == 'D') {
+      if (end <= kTextBegin) return;
+      m_out.debugLines.push_back(static_cast<std::uint32_t>(m_out.text.size() + 1));
+      addCode(kTextBegin, end, 0, true);
+    } else if (isLetter(indicator)) {
+      // Lines for other compilers.
+      if (!m_out.letter) m_out.letter = m_line.offsetOf(kIndicator);
+    } else if (indicator != '*' && indicator != '/') {
       report(Code::indicator, kIndicator,
              "column 7 holds " + quoted(std::string_view(&indicator, 1)) +
                  ", which marks no kind of line");

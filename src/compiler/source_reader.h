@@ -10,6 +10,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,6 +56,8 @@ struct ReadText {
   std::vector<Piece> pieces;              ///< ascending; the first is at 0
   std::vector<FormatChange> formats;      ///< ascending; the first is at 0
   std::vector<Fault> faults;              ///< ascending
+  std::vector<std::uint32_t> debugLines;  ///< where lines begin that count in debugging mode
+  std::optional<std::uint32_t> letter;    ///< the byte in column 7 of the first line left out
   std::vector<std::uint32_t> directives;  ///< where those of conditional compilation begin
 
   /// The format in force at a byte of the file.

@@ -53,6 +53,7 @@ FileText::FileText(TextContext& context, SourceFile const* file, Place copiedFro
       m_scanner(m_text, m_number),
       m_conditions(context.variables, context.diagnostics) {
   m_context.open.push_back(file);
+  if (m_text.letter && !m_context.letter.isKnown()) m_context.letter = {m_number, *m_text.letter};
 }
 
 FileText::~FileText() {
@@ -92,12 +93,19 @@ TextWord FileText::scan() {
     } else if (word.isEnd()) {
       m_conditions.end();
       return word;
-    } else if (m_conditions.isPassedOver()) {
+    } else if (m_conditions.isPassedOver() || (word.isDebugging && !m_context.isDebugging)) {
       m_scanner.skipLine();
     } else {
+      noteDebugging(word);
       return word;
     }
   }
+}
+
+// SOURCE-COMPUTER. name WITH DEBUGGING MODE.
+void FileText::noteDebugging(TextWord const& word) {
+  if (m_isDebuggingBefore && word.isWord("MODE")) m_context.isDebugging = true;
+  m_isDebuggingBefore = word.isWord("DEBUGGING");
 }
 
 void FileText::obeyDirective(TextWord const& mark) {

@@ -31,6 +31,8 @@ struct TextContext {
   std::unordered_set<SourceFile const*> copied = {};
   ReplacementBudget budget = {};
   CompileVariables variables = {};
+  bool isDebugging = false;  ///< lines for debugging count from here on
+  Place letter = {};         ///< the letter that leaves the first such line out
 };
 
 /// The words of one file with those of its members in their places.
@@ -44,6 +46,7 @@ class FileText : public TextSource {
  private:
   TextWord scan();
   TextWord scanAny();
+  void noteDebugging(TextWord const& word);
   void obeyDirective(TextWord const& mark);
   void reportFaults(bool isEnd);
   void unscan(TextWord const& word);
@@ -63,6 +66,7 @@ class FileText : public TextSource {
   WordScanner m_scanner;
   ConditionalText m_conditions;
   std::vector<TextWord> m_unscanned;
+  bool m_isDebuggingBefore = false;
   std::size_t m_fault = 0;  // the first one of the text that isn't reported
   bool m_isApart = false;   // what comes next follows a statement
   bool m_isStart = true;    // no word has been handed out

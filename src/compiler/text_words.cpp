@@ -51,9 +51,11 @@ TextWord WordScanner::next() {
   std::size_t begin = m_at;
   word.isFirstOnLine = begin == 0;
   while (m_at < text().size() && isBlank(text()[m_at])) {
-    if (text()[m_at] == '\n') word.isFirstOnLine = true;
-    ++m_at;
+    if (text()[m_at++] != '\n') continue;
+    word.isFirstOnLine = true;
+    m_line = m_at;
   }
+  word.isDebugging = word.isFirstOnLine && isDebugLine();
   word.isApart = m_at != begin || begin == 0;
   word.place = {m_number, offsetOf(m_at)};
   if (m_at >= text().size()) return word;
@@ -77,6 +79,12 @@ TextWord WordScanner::next() {
     ++m_at;
   }
   return word;
+}
+
+bool WordScanner::isDebugLine() {
+  std::vector<std::uint32_t> const& all = m_source.debugLines;
+  while (m_debugLine < all.size() && all[m_debugLine] < m_line) ++m_debugLine;
+  return m_debugLine < all.size() && all[m_debugLine] == m_line;
 }
 
 bool WordScanner::isDirective() {

@@ -28,6 +28,7 @@ struct TextWord {
   bool isApart = true;        ///< a blank or a line end stands before it
   bool isFirstOnLine = true;  ///< nothing but blanks before it
   bool isOpen = false;        ///< a literal without its closing quote
+  bool isDebugging = false;   ///< the first one on a line for debugging
 
   bool is(char symbol) const { return kind == Kind::symbol && text.front() == symbol; }
   bool isWord(std::string_view word) const;
@@ -52,13 +53,16 @@ class WordScanner {
   void scanLiteral(TextWord& word);
   void scanWord(TextWord& word);
   bool isDirective();
+  bool isDebugLine();
   std::uint32_t offsetOf(std::size_t at);
 
   ReadText const& m_source;
   std::uint32_t m_number;
   std::size_t m_at = 0;
   std::size_t m_piece = 0;
+  std::size_t m_line = 0;       // where the line of m_at begins
   std::size_t m_directive = 0;  // of those that the source knows
+  std::size_t m_debugLine = 0;  // of those that the source knows
 };
 
 }  // namespace fdmorph::compiler

@@ -34,14 +34,23 @@ constexpr std::array kUsages{
     UsageEntry{binaryLong, Keyword::binaryLong, "binary-long", fixed, 4, true},
     UsageEntry{binaryDouble, Keyword::binaryDouble, "binary-double", fixed, 8, true},
     UsageEntry{binaryCLong, Keyword::binaryCLong, "binary-c-long", fixed, 8, true},
+    UsageEntry{binaryInt, Keyword::binaryInt, "binary-int", fixed, 4, true},
     UsageEntry{floatShort, Keyword::floatShort, "float-short", fixed, 4, true},
     UsageEntry{floatLong, Keyword::floatLong, "float-long", fixed, 8, true},
+    UsageEntry{floatBinary32, Keyword::floatBinary32, "float-binary-32", fixed, 4, true},
+    UsageEntry{floatBinary64, Keyword::floatBinary64, "float-binary-64", fixed, 8, true},
+    UsageEntry{floatBinary128, Keyword::floatBinary128, "float-binary-128", fixed, 16, true},
+    UsageEntry{floatDecimal16, Keyword::floatDecimal16, "float-decimal-16", fixed, 8, true},
+    UsageEntry{floatDecimal34, Keyword::floatDecimal34, "float-decimal-34", fixed, 16, true},
+    UsageEntry{floatExtended, Keyword::floatExtended, "float-extended", fixed, 16, true},
     UsageEntry{signedShort, Keyword::signedShort, "signed-short", fixed, 2, true},
     UsageEntry{signedInt, Keyword::signedInt, "signed-int", fixed, 4, true},
     UsageEntry{signedLong, Keyword::signedLong, "signed-long", fixed, 8, true},
     UsageEntry{unsignedShort, Keyword::unsignedShort, "unsigned-short", fixed, 2, true},
     UsageEntry{unsignedInt, Keyword::unsignedInt, "unsigned-int", fixed, 4, true},
     UsageEntry{unsignedLong, Keyword::unsignedLong, "unsigned-long", fixed, 8, true},
+    UsageEntry{handle, Keyword::handle, "handle", fixed, 4, false},
+    UsageEntry{bit, Keyword::bit, "bit", bits, 0, false},
     UsageEntry{comp, Keyword::comp4, "comp-4", binary, 0, true},
     UsageEntry{comp, Keyword::binary, "comp-4", binary, 0, true},
     UsageEntry{comp3, Keyword::packedDecimal, "comp-3", packed, 0, true},
@@ -49,7 +58,7 @@ constexpr std::array kUsages{
 
 // An entry is read by the usage's number.
 constexpr bool isInOrder() {
-  for (std::size_t i = 0; i <= static_cast<std::size_t>(unsignedLong); ++i) {
+  for (std::size_t i = 0; i <= static_cast<std::size_t>(bit); ++i) {
     if (static_cast<std::size_t>(kUsages[i].usage) != i) return false;
   }
   return true;

@@ -33,14 +33,23 @@ enum class Usage : std::uint8_t {
   binaryLong,
   binaryDouble,
   binaryCLong,
+  binaryInt,
   floatShort,
   floatLong,
+  floatBinary32,
+  floatBinary64,
+  floatBinary128,
+  floatDecimal16,
+  floatDecimal34,
+  floatExtended,
   signedShort,
   signedInt,
   signedLong,
   unsignedShort,
   unsignedInt,
   unsignedLong,
+  handle,
+  bit,
 };
 
 /// How a usage stores its items.
@@ -52,6 +61,7 @@ enum class Storage : std::uint8_t {
   shortBinary,   ///< of as few bytes as the digits need
   packed,
   packedUnsigned,
+  bits,
   fixed,  ///< without a picture, always of one size
 };
 

@@ -43,6 +43,9 @@ TEST(Condition, AsksWhetherANameIsDefined) {
   EXPECT_EQ(lengthIf("two IS DEFINED"), "2");
   EXPECT_EQ(lengthIf("THREE DEFINED"), "1");
   EXPECT_EQ(lengthIf("THREE IS NOT DEFINED"), "2");
+  // It equals nothing.
+  EXPECT_EQ(lengthIf("THREE = 3"), "1");
+  EXPECT_EQ(lengthIf("THREE IS NOT = 3"), "2");
 }
 
 TEST(Condition, JoinsOthers) {
@@ -103,8 +106,6 @@ INSTANTIATE_TEST_SUITE_P(
                 "a.cpy:2:8: error: END-IF belongs to no IF directive [conditional]"},
         Mistake{"01 A PIC X.\n>>IF 1 = 1\n>>ELSE\n>>ELSE\n>>END-IF",
                 "a.cpy:4:8: error: ELSE belongs to no IF directive [conditional]"},
-        Mistake{"01 A PIC X.\n>>IF N = 1\n>>END-IF",
-                "a.cpy:2:13: error: 'N' is not defined [conditional]"},
         Mistake{
             "01 A PIC X.\n>>IF 1 = \"1\"\n>>END-IF",
             "a.cpy:2:17: error: '\"1\"' is compared with a value of another kind [conditional]"},

@@ -18,6 +18,24 @@ TEST(Constant, OfAConstantEntryIsWorkedOutByPrecedence) {
   EXPECT_EQ(lengthOf("01 N CONSTANT IS GLOBAL AS 20 / 4.\n01 A PIC X(N).", "A"), "5");
 }
 
+TEST(Constant, TakesWhatADirectiveDefines) {
+  EXPECT_EQ(lengthOf(">>DEFINE M AS 4\n01 N CONSTANT FROM M.\n01 A PIC X(N).", "A"), "4");
+}
+
+TEST(Constant, NamesACharacter) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed(
+      "PROGRAM-ID. P.\nENVIRONMENT DIVISION.\nSPECIAL-NAMES.\n"
+      "SYMBOLIC CHARACTERS SMALL-A BANG ARE 98 34 TILDE IS 127.\n"
+      "DATA DIVISION.\nWORKING-STORAGE SECTION.\n"
+      "01 A PIC X VALUE SMALL-A.\n01 B PIC X(3) VALUE ALL BANG.\n01 C PIC X VALUE TILDE.");
+  std::string dictionary = compile(tree).dictionary;
+  // Characters are counted from 1.
+  EXPECT_EQ(attributeOf(dictionary, "A", "value"), "a");
+  EXPECT_EQ(attributeOf(dictionary, "B", "value"), "!!!");
+  EXPECT_EQ(attributeOf(dictionary, "C", "value"), "~");
+}
+
 TEST(Constant, MayBeNegative) {
   EXPECT_EQ(lengthOf("78 M VALUE -1.\n78 N VALUE M + 4.\n01 A PIC X(N).", "A"), "3");
 }
@@ -35,13 +53,7 @@ TEST(Constant, TakesTheLengthOfAnItem) {
 
 TEST(Constant, TakesTheLengthOfALiteralInBytes) {
   EXPECT_EQ(lengthOf("01 N CONSTANT AS LENGTH OF \"A\"\"B\".\n01 A PIC X(N).", "A"), "3");
-  EXPECT_EQ(lengthOf("01 N CONSTANT BYTE-LENGTH OF N\"AB\".\n01 A PIC X(N).", "A"),
-            "a.cpy:1:22: error: the constant lacks AS [constant]\n"
-            "         01 N CONSTANT BYTE-LENGTH OF N\"AB\".\n"
-            "                       ^\n"
-            "a.cpy:2:17: error: the repetition 'N' is neither a number nor a constant [picture]\n"
-            "         01 A PIC X(N).\n"
-            "                  ^\n");
+  EXPECT_EQ(lengthOf("01 N CONSTANT BYTE-LENGTH OF N\"AB\".\n01 A PIC X(N).", "A"), "4");
   EXPECT_EQ(lengthOf("01 N CONSTANT AS BYTE-LENGTH OF N\"AB\".\n01 A PIC X(N).", "A"), "4");
 }
 
@@ -99,6 +111,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "a.cpy:3:29: error: the length of 'R' is taken before its last item [constant]"},
         Mistake{"01 R.\n 05 B PIC X.\n66 C RENAMES B.\n78 N VALUE LENGTH OF C.",
                 "a.cpy:4:29: error: 'C' renames others, and has no length yet [constant]"},
+        Mistake{"01 N CONSTANT FROM M.",
+                "a.cpy:1:27: error: 'M' is defined by no directive [constant]"},
         Mistake{"78 N VALUE 1 / 0.",
                 "a.cpy:1:23: error: the constant's value can't be worked out [constant]"},
         Mistake{"78 N VALUE \"a\" + 1.",

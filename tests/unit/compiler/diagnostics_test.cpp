@@ -44,8 +44,6 @@ INSTANTIATE_TEST_SUITE_P(
             "01 A.\n 05 B PIC X.\n 05 C PIC X.\n 05 D REDEFINES B PIC X.",
             "a.cpy:4:24: error: REDEFINES names 'B', which isn't the item before it in the same "
             "group [redefines]"},
-        Mistake{"01 A.\n 05 B PIC X OCCURS 2.\n 05 D REDEFINES B PIC X.",
-                "a.cpy:3:24: error: 'B' is a table and can't be redefined [redefines]"},
         Mistake{"01 A PIC X OCCURS 1 TO 3 DEPENDING ON N.",
                 "a.cpy:1:46: error: 'N' is not defined [depending]"},
         Mistake{"01 A PIC X OCCURS 0.", "a.cpy:1:19: error: the table occurs zero times [occurs]"},
@@ -103,6 +101,18 @@ TEST(Diagnostics, ShowTheCaretInTheMiddleOfALongLine) {
             "  ..." +
                 std::string(80, ' ') + "Q." + std::string(78, ' ') + "\n" + std::string(85, ' ') +
                 "^\n");
+}
+
+TEST(Diagnostics, WarnOfACopybookThatALetterLeavesOut) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = "   05 A PIC X.\n";
+  CompilationResult result = compile(tree);
+  EXPECT_EQ(result.status, kRight);
+  EXPECT_EQ(result.diagnostics,
+            "a.cpy:1:7: warning: a letter in column 7 leaves lines out, and the others hold no "
+            "data [left-out]\n"
+            "     05 A PIC X.\n"
+            "        ^\n");
 }
 
 TEST(Diagnostics, CountCharactersAndNotBytes) {

@@ -90,5 +90,64 @@ TEST(Entries, OfABareCopybookMayHaveTagsThatNothingReplaces) {
             "             ^\n");
 }
 
+TEST(Entries, ForDebuggingCountInDebuggingMode) {
+  for (bool isDebugging : {false, true}) {
+    MemoryTree tree;
+    tree.files["a.cpy"] =
+        "       PROGRAM-ID. P.\n       ENVIRONMENT DIVISION.\n       SOURCE-COMPUTER. X" +
+        std::string(isDebugging ? " WITH DEBUGGING MODE" : "") +
+        ".\n       DATA DIVISION.\n       WORKING-STORAGE SECTION.\n       01 A PIC X.\n"
+        "      D01 B PIC X.\n       01 C PIC X.\n";
+    std::string dictionary = compile(tree).dictionary;
+    EXPECT_EQ(attributeOf(dictionary, "B", "length").has_value(), isDebugging);
+    EXPECT_TRUE(attributeOf(dictionary, "C", "length"));
+  }
+}
+
+TEST(Entries, AreFoundBehindParagraphsOfAnyWords) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed(
+      "PROGRAM-ID. P.\nREMARKS. THE PROCEDURE DIVISION.\n    AND A DATA DIVISION WORD.\n"
+      "DATA DIVISION.\nWORKING-STORAGE SECTION.\n01 A PIC X.");
+  EXPECT_TRUE(attributeOf(compile(tree).dictionary, "A", "length"));
+}
+
+TEST(Entries, WithoutANameMayBeginWithTheirSign) {
+  std::string dictionary = compile("01 G.\n 05 TRAILING PIC S9(3).").dictionary;
+  EXPECT_EQ(attributeOf(dictionary, "FILLER", "sign"), "ti");
+}
+
+TEST(Entries, MayRedefineATableWithAWarning) {
+  CompilationResult result = compile("01 A.\n 05 B PIC X OCCURS 2.\n 05 D REDEFINES B PIC XX.");
+  EXPECT_EQ(result.status, kRight);
+  EXPECT_EQ(result.diagnostics,
+            "a.cpy:3:24: warning: 'B' is a table, which should not be redefined "
+            "[redefines-table]\n"
+            "          05 D REDEFINES B PIC XX.\n"
+            "                         ^\n");
+}
+
+TEST(Entries, MayDependOnAnItemOfTheTableAroundThem) {
+  CompilationResult result = compile(
+      "01 R.\n 05 G OCCURS 3.\n  10 K PIC 9.\n"
+      "  10 T PIC X OCCURS 1 TO 5 DEPENDING ON K.");
+  EXPECT_EQ(attributeOf(result.dictionary, "T", "odo"), "R.G.K") << result.diagnostics;
+}
+
+TEST(Entries, OfTheLinkageSectionMayHaveAnyLength) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed(
+      "PROGRAM-ID. P.\nDATA DIVISION.\nWORKING-STORAGE SECTION.\n01 W PIC X BASED.\n"
+      "LINKAGE SECTION.\n01 A PIC X ANY LENGTH.\n01 B PIC 9 ANY NUMERIC.\n01 N PIC 9.\n"
+      "01 C.\n 05 D PIC X OCCURS 1 TO UNBOUNDED TIMES DEPENDING ON N.");
+  CompilationResult result = compile(tree);
+  EXPECT_EQ(result.diagnostics, "");
+  EXPECT_TRUE(attributeOf(result.dictionary, "W", "length"));
+}
+
+TEST(Entries, MayEndInTwoSeparators) {
+  EXPECT_EQ(lengthOf("01 A PIC X(3).;", "A"), "3");
+}
+
 }  // namespace
 }  // namespace fdmorph::compiler

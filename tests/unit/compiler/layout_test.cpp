@@ -22,7 +22,8 @@ TEST(Layout, OfBinaryItemsFollowsTheirDigits) {
 TEST(Layout, OfCompXTakesAsFewBytesAsItCan) {
   EXPECT_EQ(lengthOf("01 A PIC 9(5) COMP-X.", "A"), "3");
   EXPECT_EQ(lengthOf("01 A PIC 9(7) COMP-X.", "A"), "3");
-  EXPECT_EQ(lengthOf("01 A PIC S9(7) COMP-X.", "A"), "4");
+  // The sign takes none of its own.
+  EXPECT_EQ(lengthOf("01 A PIC S9(7) COMP-X.", "A"), "3");
   EXPECT_EQ(lengthOf("01 A PIC X(3) COMP-X.", "A"), "3");
   EXPECT_EQ(lengthOf("01 A PIC X(3) COMP-5.", "A"), "4");
 }
@@ -38,6 +39,25 @@ TEST(Layout, OfFixedUsages) {
   EXPECT_EQ(lengthOf("01 A COMP-2.", "A"), "8");
   EXPECT_EQ(lengthOf("01 A INDEX.", "A"), "4");
   EXPECT_EQ(lengthOf("01 A POINTER.", "A"), "8");
+  EXPECT_EQ(lengthOf("01 A BINARY-INT.", "A"), "4");
+  EXPECT_EQ(lengthOf("01 A FLOAT-DECIMAL-34.", "A"), "16");
+  EXPECT_EQ(lengthOf("01 A HANDLE OF WINDOW.", "A"), "4");
+}
+
+TEST(Layout, OfBitsHasEightInAByte) {
+  EXPECT_EQ(lengthOf("01 A PIC 1(8) USAGE BIT.", "A"), "1");
+  EXPECT_EQ(lengthOf("01 A PIC 1(9) USAGE IS BIT.", "A"), "2");
+  EXPECT_EQ(lengthOf("01 A PIC 1(3).", "A"), "3");
+}
+
+TEST(Layout, OfATableInATableCountsFromTheGroupThatEndedLast) {
+  // H is of 2 bytes and lies at an even place in F, which repeats alike. C ends
+  // behind F: for it H counts, and it is filled up to 14 bytes.
+  char const* lines =
+      "01 B.\n 05 A PIC X(6).\n 05 C OCCURS 2.\n  10 D PIC X.\n  10 F OCCURS 3.\n"
+      "   15 G PIC X.\n   15 H PIC 9(4) COMP SYNC.";
+  EXPECT_EQ(lengthOf(lines, "C"), "14");
+  EXPECT_EQ(lengthOf(lines, "B"), "34");
 }
 
 TEST(Layout, OfNationalItemsHasTwoBytesACharacter) {

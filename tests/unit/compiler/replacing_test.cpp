@@ -34,10 +34,13 @@ TEST_F(Replacing, LeavesLongerWordsAlone) {
   EXPECT_EQ(attributeOf(dictionary, "A-A", "length"), "3");
 }
 
-TEST_F(Replacing, LeavesAPictureAloneThatOnlyBeginsWithTheWord) {
-  std::string dictionary = copy("COPY M REPLACING X BY 9.", "01 A PIC X(2).\n01 B PIC X.");
-  EXPECT_EQ(attributeOf(dictionary, "A", "picture"), "X(2)");
+TEST_F(Replacing, FindsWordsOfAPictureBetweenItsParentheses) {
+  std::string dictionary = copy("COPY M REPLACING X BY 9.",
+                                "01 A PIC X(2).\n01 B PIC X.\n01 C PIC XX.\n01 D PIC A(2)X.");
+  EXPECT_EQ(attributeOf(dictionary, "A", "picture"), "9(2)");
   EXPECT_EQ(attributeOf(dictionary, "B", "picture"), "9");
+  EXPECT_EQ(attributeOf(dictionary, "C", "picture"), "XX");
+  EXPECT_EQ(attributeOf(dictionary, "D", "picture"), "A(2)9");
 }
 
 TEST_F(Replacing, ReachesIntoThePartsOfAPicture) {

@@ -29,8 +29,18 @@ TEST_F(SourceReader, TakesTheWholeLineInVariableFormat) {
 }
 
 TEST_F(SourceReader, DropsCommentsAndLinesOfOtherCompilers) {
-  EXPECT_EQ(read("      * no\n      / no\n      D no\n      c no\n       yes *> no\n"), "\nyes\n");
+  EXPECT_EQ(read("      * no\n      / no\n      c no\n       yes *> no\n"), "\nyes\n");
+  EXPECT_EQ(result.letter, 28U);  // the byte of the c
   EXPECT_TRUE(result.faults.empty());
+}
+
+TEST_F(SourceReader, MarksLinesForDebugging) {
+  EXPECT_EQ(read("       a\n      Db\n      d c\n"), "\na\nb\n c\n");
+  EXPECT_EQ(result.debugLines, (std::vector<std::uint32_t>{3, 5}));
+}
+
+TEST_F(SourceReader, DropsLinesThatChooseWhatIsListed) {
+  EXPECT_EQ(read("       *CBL NOSOURCE\n       *control list.\n       *A\n"), "\n*A\n");
 }
 
 TEST_F(SourceReader, KeepsACommentMarkInALiteral) {
