@@ -9,14 +9,6 @@
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::uint8_t kRenamesLevel = 66;
-constexpr std::uint8_t kConditionLevel = 88;
-
-bool isInside(DataItem const* item, DataItem const* group) {
-  while (item != nullptr && item != group) item = item->parent;
-  return item == group;
-}
-
 // The innermost table that an item stands in; null if there is none.
 DataItem const* tableAround(DataItem const* item) {
   while (item != nullptr && !item->occurs) item = item->parent;

@@ -112,7 +112,7 @@ void Parser::once(Entry& entry, Clause clause, Token const& token) {
 
 // Storage is shared between programs by whole records.
 void Parser::checkIsRecord(DataItem const& item, Token const& clause) {
-  if (item.level == 1 || item.level == 77) return;
+  if (item.level == 1 || item.level == kSingleLevel) return;
   error(Code::clause, clause.place, upperCase(clause.text) + " needs an item of level 01 or 77");
 }
 

@@ -7,8 +7,6 @@
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::uint8_t kRenamesLevel = 66;
-constexpr std::uint8_t kConstantLevel = 78;
 constexpr int kMostParentheses = 64;
 
 // An integer with or without a sign.

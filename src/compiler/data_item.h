@@ -14,6 +14,18 @@
 
 namespace fdmorph::compiler {
 
+// Level numbers.
+inline constexpr std::uint8_t kHighestGroupLevel = 49;
+inline constexpr std::uint8_t kRenamesLevel = 66;
+inline constexpr std::uint8_t kSingleLevel = 77;     ///< a record of one item
+inline constexpr std::uint8_t kConstantLevel = 78;   ///< also entries with CONSTANT: no data
+inline constexpr std::uint8_t kConditionLevel = 88;  ///< belongs to the item before it
+
+constexpr bool isLevelNumber(int level) {
+  return (level >= 1 && level <= kHighestGroupLevel) || level == kRenamesLevel ||
+         level == kSingleLevel || level == kConstantLevel || level == kConditionLevel;
+}
+
 /// A name with the groups that qualify it, innermost first.
 struct QualifiedName {
   std::string_view name;
@@ -107,6 +119,22 @@ struct DataItem {
   bool isGroup() const { return firstChild != nullptr; }
   std::uint64_t occurrences() const { return occurs ? occurs->most : 1; }
 };
+
+/// The record that an item stands in.
+inline DataItem* recordOf(DataItem& item) {
+  DataItem* record = &item;
+  while (record->parent != nullptr) record = record->parent;
+  return record;
+}
+inline DataItem const* recordOf(DataItem const& item) {
+  return recordOf(const_cast<DataItem&>(item));  // which isn't changed
+}
+
+/// Whether an item is `group` or stands in it.
+inline bool isInside(DataItem const* item, DataItem const* group) {
+  while (item != nullptr && item != group) item = item->parent;
+  return item != nullptr;
+}
 
 /// Records one after another.
 struct RecordList {

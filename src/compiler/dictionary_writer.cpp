@@ -11,8 +11,6 @@
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::uint8_t kRenamesLevel = 66;
-
 char const* elementOf(ItemKind kind) {
   switch (kind) {
     case ItemKind::numeric:

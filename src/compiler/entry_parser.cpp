@@ -8,15 +8,6 @@ namespace fdmorph::compiler {
 namespace {
 
 constexpr std::size_t kLongestName = 63;
-constexpr std::uint8_t kRenamesLevel = 66;
-constexpr std::uint8_t kSingleLevel = 77;
-constexpr std::uint8_t kConstantLevel = 78;
-constexpr std::uint8_t kConditionLevel = 88;
-
-bool isLevel(int level) {
-  return (level >= 1 && level <= 49) || level == kRenamesLevel || level == kSingleLevel ||
-         level == kConstantLevel || level == kConditionLevel;
-}
 
 // Why a word can't be a name; null if it can.
 char const* faultOfName(std::string_view name) {
@@ -71,7 +62,7 @@ void Parser::parseEntry() {
   Token number = take();
   bool isShort = isAllDigits(number.text) && number.text.size() <= 2;
   int level = isShort ? std::stoi(std::string(number.text)) : 0;
-  if (!isLevel(level)) {
+  if (!isLevelNumber(level)) {
     if (!m_data.isProgram && !m_hasData) {
       error(Code::syntax, number.place,
             describe(number) + " begins neither a program nor a data description");

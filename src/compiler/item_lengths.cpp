@@ -7,24 +7,11 @@
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::uint8_t kRenamesLevel = 66;
-
 // Items looked at over all lengths. An item is looked at once for each group
 // around it whose length is taken. A source needs as many only if it takes the
 // length of a group after each of its items, or lengths of synchronized items
 // in the middle of one huge record.
 constexpr std::uint64_t kMostSteps = 50'000'000;
-
-bool isInside(DataItem const* item, DataItem const& group) {
-  while (item != nullptr && item != &group) item = item->parent;
-  return item != nullptr;
-}
-
-DataItem& recordAround(DataItem& item) {
-  DataItem* record = &item;
-  while (record->parent != nullptr) record = record->parent;
-  return *record;
-}
 
 }  // namespace
 
@@ -48,11 +35,11 @@ ItemLengths::Outcome ItemLengths::measure(DataItem& item, DataItem const* last) 
   prepareGroups(item);
   // Where nothing is aligned the length doesn't hang on the place.
   if (prepare(item)) {
-    measureRecord(recordAround(item), last);
+    measureRecord(*recordOf(item), last);
   } else {
     layOut(item, m_unheard);
   }
-  if (!isInside(last, item)) m_complete.insert(&item);
+  if (!isInside(last, &item)) m_complete.insert(&item);
   return Outcome::found;
 }
 

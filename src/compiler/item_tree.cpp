@@ -4,9 +4,6 @@
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::uint8_t kSingleLevel = 77;
-constexpr std::uint8_t kHighestGroupLevel = 49;
-
 // A record without a name would leave its items without an element around them.
 constexpr std::string_view kImpliedName = "COPYBOOK";
 
@@ -104,7 +101,8 @@ void Parser::attachToGroup(DataItem* item) {
     m_open.pop_back();
   }
   DataItem* group = m_open.back();
-  bool isOutOfStep = closed != nullptr && closed->level != item->level && item->level < 50 &&
+  bool isOutOfStep = closed != nullptr && closed->level != item->level &&
+                     item->level <= kHighestGroupLevel &&
                      !(group->isImplied && closed->level > item->level);
   if (isOutOfStep && !(group == m_strayGroup && item->level == m_strayLevel)) {
     m_strayGroup = group;
@@ -115,7 +113,7 @@ void Parser::attachToGroup(DataItem* item) {
   }
   // Items below it find their group, and those of its level aren't reported.
   if (isOutOfStep) item->level = closed->level;
-  if (group->level == kSingleLevel && item->level < 50) {
+  if (group->level == kSingleLevel && item->level <= kHighestGroupLevel) {
     error(Code::levelOrder, item->place, "an item of level 77 has no items below it");
   }
   item->parent = group;
@@ -125,7 +123,7 @@ void Parser::attachToGroup(DataItem* item) {
     group->lastChild->next = item;
   }
   group->lastChild = item;
-  if (item->level < 50) m_open.push_back(item);
+  if (item->level <= kHighestGroupLevel) m_open.push_back(item);
 }
 
 }  // namespace fdmorph::compiler

@@ -6,7 +6,6 @@
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::uint8_t kRenamesLevel = 66;
 constexpr std::uint64_t kBitsInByte = 8;
 
 // The least bytes that hold an unsigned number of so many digits; a signed one

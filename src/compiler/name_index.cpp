@@ -10,22 +10,12 @@ constexpr std::uint64_t kMostSteps = 20'000'000;
 // More items of one name than these are told apart by their groups.
 constexpr std::size_t kLongestSearch = 16;
 
-constexpr std::uint8_t kHighestGroupLevel = 49;
-constexpr std::uint8_t kRenamesLevel = 66;
-constexpr std::uint8_t kSingleLevel = 77;
-
 bool isData(DataItem const& item) {
   return item.level <= kHighestGroupLevel || item.level == kSingleLevel ||
          item.level == kRenamesLevel;
 }
 
 }  // namespace
-
-DataItem const* recordOf(DataItem const& item) {
-  DataItem const* record = &item;
-  while (record->parent != nullptr) record = record->parent;
-  return record;
-}
 
 bool isFillerName(std::string_view name) {
   return name.empty() || equalsBlindly(name, "FILLER");

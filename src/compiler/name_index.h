@@ -91,9 +91,6 @@ class NameIndex {
   std::uint64_t m_steps = 0;
 };
 
-/// The record that an item stands in.
-DataItem const* recordOf(DataItem const& item);
-
 /// Whether a name is none that an item could be called by.
 bool isFillerName(std::string_view name);
 

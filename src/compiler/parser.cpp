@@ -82,9 +82,7 @@ bool Parser::isEntryStart() {
   if (token.kind != Token::Kind::number || !token.isFirstOnLine) return false;
   if (token.text.size() > 2 || !isAllDigits(token.text)) return false;
   int level = std::stoi(std::string(token.text));
-  bool isLevel =
-      (level >= 1 && level <= 49) || level == 66 || level == 77 || level == 78 || level == 88;
-  if (!isLevel) return false;
+  if (!isLevelNumber(level)) return false;
   Token const& following = peek(1);
   switch (following.keyword) {
     // In a list of values, or in OCCURS.

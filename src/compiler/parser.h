@@ -58,7 +58,6 @@ class Parser {
   struct Entry {
     DataItem* item = nullptr;
     std::uint32_t seen = 0;  // clauses, a bit for each
-    bool isConstant = false;
   };
   enum Clause : std::uint32_t {
     kRedefines = 1,
@@ -72,9 +71,8 @@ class Parser {
     kValue = 256,
     kExternal = 512,
     kGlobal = 1024,
-    kRenames = 2048,
-    kVolatile = 4096,
-    kBased = 8192,
+    kVolatile = 2048,
+    kBased = 4096,
   };
 
   // parser.cpp: tokens.

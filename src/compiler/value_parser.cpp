@@ -127,7 +127,7 @@ void Parser::parseValueRanges(DataItem& item) {
     }
     item.values.push_back(range);
     // Signs and commas aside, an item that is no condition has one value.
-    if (item.level != 88) break;
+    if (item.level != kConditionLevel) break;
   }
 }
 
