@@ -121,13 +121,11 @@ struct DataItem {
 };
 
 /// The record that an item stands in.
-inline DataItem* recordOf(DataItem& item) {
-  DataItem* record = &item;
+template <typename Item>
+Item* recordOf(Item& item) {
+  Item* record = &item;
   while (record->parent != nullptr) record = record->parent;
   return record;
-}
-inline DataItem const* recordOf(DataItem const& item) {
-  return recordOf(const_cast<DataItem&>(item));  // which isn't changed
 }
 
 /// Whether an item is `group` or stands in it.
