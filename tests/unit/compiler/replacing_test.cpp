@@ -128,11 +128,11 @@ TEST_F(Replacing, SeesSeparatorsBetweenWordsAsBlanks) {
 }
 
 TEST_F(Replacing, EndsTextThatGrowsWithoutBound) {
-  // Each of 4,000 words would be replaced by 2,000 longer ones: 160 MB.
+  // Each of 2,000 words would be replaced by 2,000 literals: 200 MB.
   std::string to;
-  for (int i = 0; i < 2000; ++i) to += "77 LONG-LONG-NAME PIC X.\n";
-  std::string from;
-  for (int i = 0; i < 4000; ++i) from += "TEXT\n";
+  for (int i = 0; i < 2000; ++i) to += "\"" + std::string(50, 'x') + "\"\n";
+  std::string from = "01 A PIC X(50).\n 88 B VALUES\n";
+  for (int i = 0; i < 2000; ++i) from += "TEXT\n";
   copy("COPY M REPLACING TEXT BY ==" + to + "==.", from);
   EXPECT_EQ(result.status, kWrong);
   EXPECT_NE(result.diagnostics.find("error: too much text is replaced [copy-limit]"),
