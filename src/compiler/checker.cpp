@@ -98,7 +98,11 @@ void Checker::checkDepending(DataItem& item, NameIndex& index) {
   auto report = [&](char const* text) {
     m_diagnostics.report(Code::depending, name.place, quoted(name.name) + text);
   };
-  if (!isInteger(*object)) {
+  bool isFaulty =
+      object->isIncomplete || (object->picture != nullptr && !object->picture->isValid());
+  if (isFaulty) {
+    // reported there
+  } else if (!isInteger(*object)) {
     report(" is no integer that a table can depend on");
   } else if (isInside(object, &item)) {
     report(" stands in the table that depends on it");

@@ -23,6 +23,7 @@ bool Parser::parseClause(Entry& entry) {
       skip(Keyword::is);
       if (!usageOf(peek().keyword)) {
         error(Code::usage, peek().place, describe(peek()) + " is no usage");
+        item.isIncomplete = true;
         if (peek().kind == Token::Kind::word && !beginsClause(peek().keyword)) take();
         return true;
       }
@@ -150,6 +151,7 @@ QualifiedName Parser::parseQualifiedName() {
 void Parser::parseRedefines(Entry& entry) {
   entry.item->isRedefinition = true;
   entry.item->related = std::make_unique<QualifiedName>(parseQualifiedName());
+  if (entry.item->related->name.empty()) entry.item->isIncomplete = true;
 }
 
 void Parser::parsePicture(Entry& entry) {

@@ -1,5 +1,6 @@
 #include "compiler/compilation.h"
 
+#include <csignal>
 #include <cstdio>
 #include <new>
 
@@ -67,6 +68,9 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
 }
 
 int runCompiler(std::vector<std::string> const& arguments) {
+  // Files that grow too large and readers that went away make writing fail.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
   DiskTree tree;
   CommandLine line = readCommandLine(arguments, tree);
   switch (line.action) {

@@ -1,6 +1,7 @@
 #include "compiler/conditional_text.h"
 
 #include "compiler/compile_condition.h"
+#include "compiler/literals.h"
 
 namespace fdmorph::compiler {
 
@@ -95,6 +96,10 @@ void ConditionalText::define(TextWord const& mark, std::vector<TextWord> const& 
     }
     value = other->second;
     ++at;
+  }
+  if (value.text.size() > kLongestLiteral) {
+    report(name.place, "the value of " + quoted(name.text) + " is longer than a literal may be");
+    return;
   }
   bool isOverride = skip("OVERRIDE");
   auto [known, isNew] = m_variables.try_emplace(std::string(name.text), value);

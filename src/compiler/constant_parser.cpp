@@ -8,10 +8,22 @@ namespace fdmorph::compiler {
 namespace {
 
 constexpr int kMostParentheses = 64;
+constexpr char kPower = '^';  // written **
+
+bool raise(std::int64_t base, std::int64_t exponent, std::int64_t& result) {
+  constexpr std::int64_t kHighest = 63;  // of 2
+  if (exponent < 0 || exponent > kHighest) return false;
+  result = 1;
+  for (; exponent > 0; --exponent) {
+    if (__builtin_mul_overflow(result, base, &result)) return false;
+  }
+  return true;
+}
 
 // An integer with or without a sign.
 std::optional<std::int64_t> numberOf(Literal const& literal) {
   if (literal.kind == Literal::Kind::zero) return 0;
+  if (literal.kind == Literal::Kind::broken) return 1;
   if (literal.kind != Literal::Kind::number) return std::nullopt;
   bool isNegative = literal.text.starts_with('-');
   std::optional<std::uint64_t> digits = integerOf(literal.text.substr(isNegative ? 1 : 0));
@@ -48,6 +60,9 @@ void Parser::parseConstant(Entry& entry) {
             "the constant's value is neither a literal nor a sum of them");
     }
     skipSentence();
+    value = {};
+    value.kind = Literal::Kind::broken;
+    m_constants.add(item.name, value);
     return;
   }
   if (!item.name.empty() && !m_constants.add(item.name, value)) {
@@ -74,7 +89,7 @@ bool Parser::parseVariable(Literal& value) {
 bool Parser::parseExpression(Literal& value, bool hasPrecedence) {
   if (!parseTerm(value, hasPrecedence)) return false;
   while (char sign = operatorNext()) {
-    take();
+    takeOperator(sign);
     Literal right;
     if (!parseTerm(right, hasPrecedence) || !applyOperator(value, sign, right)) return false;
   }
@@ -82,12 +97,22 @@ bool Parser::parseExpression(Literal& value, bool hasPrecedence) {
 }
 
 bool Parser::parseTerm(Literal& value, bool hasPrecedence) {
-  if (!parseOperand(value, hasPrecedence)) return false;
+  if (!parseFactor(value, hasPrecedence)) return false;
   while (hasPrecedence && (operatorNext() == '*' || operatorNext() == '/')) {
     char sign = operatorNext();
-    take();
+    takeOperator(sign);
     Literal right;
-    if (!parseOperand(right, hasPrecedence) || !applyOperator(value, sign, right)) return false;
+    if (!parseFactor(right, hasPrecedence) || !applyOperator(value, sign, right)) return false;
+  }
+  return true;
+}
+
+bool Parser::parseFactor(Literal& value, bool hasPrecedence) {
+  if (!parseOperand(value, hasPrecedence)) return false;
+  while (hasPrecedence && operatorNext() == kPower) {
+    takeOperator(kPower);
+    Literal right;
+    if (!parseOperand(right, hasPrecedence) || !applyOperator(value, kPower, right)) return false;
   }
   return true;
 }
@@ -109,10 +134,16 @@ bool Parser::parseOperand(Literal& value, bool hasPrecedence) {
 char Parser::operatorNext() {
   Token const& token = peek();
   if (token.kind == Token::Kind::word && token.text == "-") return '-';
+  if (token.isSymbol('*') && peek(1).isSymbol('*')) return kPower;
   for (char sign : {'+', '*', '/'}) {
     if (token.isSymbol(sign)) return sign;
   }
   return 0;
+}
+
+void Parser::takeOperator(char sign) {
+  take();
+  if (sign == kPower) take();
 }
 
 bool Parser::applyOperator(Literal& left, char sign, Literal const& right) {
@@ -130,6 +161,9 @@ bool Parser::applyOperator(Literal& left, char sign, Literal const& right) {
       break;
     case '*':
       isOverflow = __builtin_mul_overflow(*a, *b, &result);
+      break;
+    case kPower:
+      isOverflow = !raise(*a, *b, result);
       break;
     default:
       isOverflow = *b == 0;

@@ -18,6 +18,7 @@ std::optional<std::uint64_t> Constants::integer(std::string_view name) const {
   Literal const* value = find(name);
   if (value == nullptr) return std::nullopt;
   if (value->kind == Literal::Kind::zero) return 0;
+  if (value->kind == Literal::Kind::broken) return 1;
   if (value->kind != Literal::Kind::number) return std::nullopt;
   return integerOf(value->text);
 }

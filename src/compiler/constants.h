@@ -25,7 +25,7 @@ class Constants {
     return found == m_values.end() ? nullptr : &found->second;
   }
 
-  /// The value of a constant that is an unsigned integer.
+  /// The value of a constant that is an unsigned integer; of a broken one, any.
   std::optional<std::uint64_t> integer(std::string_view name) const;
 
  private:

@@ -45,6 +45,7 @@ struct Literal {
     lowValue,
     highValue,
     null,
+    broken,  ///< a constant whose value was reported
   };
 
   std::string_view text;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <unordered_map>
+#include <vector>
 
 #include "compiler/item_rules.h"
 #include "compiler/literals.h"
@@ -45,6 +46,13 @@ std::uint64_t digitsOfBytes(std::uint64_t bytes) {
   constexpr std::array<std::uint64_t, 9> kDigits{1, 3, 5, 8, 10, 13, 15, 17, 20};
   return kDigits[std::min<std::uint64_t>(bytes, kDigits.size() - 1)];
 }
+
+/// A value of a condition, or a range.
+struct ValueTexts {
+  std::string from;
+  std::string to;
+  bool isRange;
+};
 
 class Writer {
  public:
@@ -178,36 +186,46 @@ class Writer {
   // Nothing for values that no text stands for.
   std::optional<std::string> textOf(Literal const& value, DataItem const& item) const {
     ItemKind kind = kindOf(item);
-    bool isNumber = kind == ItemKind::numeric || kind == ItemKind::numericEdited;
-    std::uint64_t size =
-        item.picture != nullptr && !item.isGroup() ? item.picture->size : item.size;
-    std::optional<std::string> text = valueText(value, isNumber, size);
+    Picture const* picture = item.isGroup() ? nullptr : item.picture;
+    ValueTarget target;
+    target.isNumber = kind == ItemKind::numeric || kind == ItemKind::numericEdited;
+    target.isWhole = picture == nullptr || picture->scale == 0;
+    target.isNational = kind == ItemKind::national;
+    target.isBoolean = picture != nullptr && picture->isBoolean;
+    target.size = picture != nullptr ? picture->size : item.size;
+    std::optional<std::string> text = valueText(value, target);
     if (text && !isXmlText(*text)) text.reset();
     return text;
   }
 
+  // A condition without any value that can be told is no condition.
   void writeCondition(DataItem const& condition, DataItem const& item) {
     bool isNumeric = kindOf(item) == ItemKind::numeric;
+    std::vector<ValueTexts> values;
+    for (ValueRange const& range : condition.values) {
+      std::optional<std::string> from = textOf(range.from, item);
+      bool isRange = range.to.kind != Literal::Kind::none;
+      std::optional<std::string> to = isRange ? textOf(range.to, item) : std::string();
+      if (from && to) {
+        values.push_back({*from, *to, isRange});
+      } else {
+        reportLost(range);
+      }
+    }
+    if (values.empty()) return;
     char const* element = isNumeric ? "numericCondition" : "alphanumericCondition";
     m_xml.begin(element);
     m_xml.attribute("name", nameOf(condition));
-    for (ValueRange const& range : condition.values) writeRange(range, item, isNumeric);
+    for (ValueTexts const& each : values) writeRange(each, isNumeric);
     m_xml.end(element);
   }
 
-  void writeRange(ValueRange const& range, DataItem const& item, bool isNumeric) {
-    std::optional<std::string> from = textOf(range.from, item);
-    bool isRange = range.to.kind != Literal::Kind::none;
-    std::optional<std::string> to = isRange ? textOf(range.to, item) : std::nullopt;
-    if (!from || (isRange && !to)) {
-      reportLost(range);
-      return;
-    }
+  void writeRange(ValueTexts const& value, bool isNumeric) {
     std::string element = isNumeric ? "numeric" : "alphanumeric";
-    element += isRange ? "Range" : "Constant";
+    element += value.isRange ? "Range" : "Constant";
     m_xml.begin(element);
-    m_xml.attribute(isRange ? "from" : "value", *from);
-    if (isRange) m_xml.attribute("to", *to);
+    m_xml.attribute(value.isRange ? "from" : "value", value.from);
+    if (value.isRange) m_xml.attribute("to", value.to);
     m_xml.end(element);
   }
 

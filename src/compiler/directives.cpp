@@ -100,6 +100,10 @@ class DirectiveReader {
     }
     name = m_text.substr(begin, m_at - begin);
     parameter = {};
+    // Blanks may stand before the parenthesis.
+    std::size_t next = m_at;
+    while (next < m_text.size() && isBlank(m_text[next])) ++next;
+    if (next < m_text.size() && m_text[next] == '(') m_at = next;
     if (m_at < m_text.size() && !isBlank(m_text[m_at])) readParameter();
     return m_at > begin;
   }
@@ -114,6 +118,8 @@ class DirectiveReader {
     if (end == std::string_view::npos) end = m_text.size();
     parameter = m_text.substr(m_at + 1, end - m_at - 1);
     m_at = std::min(end + 1, m_text.size());
+    while (!parameter.empty() && isBlank(parameter.front())) parameter.remove_prefix(1);
+    while (!parameter.empty() && isBlank(parameter.back())) parameter.remove_suffix(1);
     if (parameter.size() >= 2 && parameter.front() == '"' && parameter.back() == '"') {
       parameter = parameter.substr(1, parameter.size() - 2);
     }

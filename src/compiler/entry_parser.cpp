@@ -179,6 +179,7 @@ void Parser::parseClauses(Entry& entry) {
   while (!isEnd() && peek().kind != Token::Kind::period && !isEntryStart() && !isHeader(0)) {
     if (parseClause(entry)) continue;
     isBroken = true;
+    entry.item->isIncomplete = true;
     Token const& token = peek();
     error(Code::syntax, token.place, describe(token) + " begins no clause of a data description");
     // One report is enough for what stands up to the next clause.

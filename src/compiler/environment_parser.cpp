@@ -29,6 +29,11 @@ void Parser::parseEnvironment() {
                      !peek().is(Keyword::inputOutput);
     if (isSection || peek(1).is(Keyword::division)) return;
     if (peek().is(Keyword::end) && peek(1).is(Keyword::program)) return;
+    bool isRecord = peek().text == "01" || peek().text == "77";
+    if (isRecord && isEntryStart()) {
+      error(Code::syntax, peek().place, "data are described outside of the data division");
+      return;
+    }
     if (peek().is(Keyword::currency)) {
       parseCurrency();
     } else if (peek().is(Keyword::symbolic)) {

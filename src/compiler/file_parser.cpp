@@ -229,27 +229,33 @@ void Parser::parseValueOf() {
 // data name may stand in place of each number.
 void Parser::parseLinage() {
   skip(Keyword::is);
-  bool isNumber = true;
+  if (!parseFileOperand()) {
+    error(Code::syntax, peek().place, describe(peek()) + " is no number of lines");
+    return;
+  }
   while (!isEndOfFileDescription() && !fileClauseNext()) {
     bool isFill = skipWord("LINES") || skipWord("WITH") || skipWord("AT");
     if (isFill) continue;
-    if (skipWord("FOOTING") || skipWord("TOP") || skipWord("BOTTOM")) {
-      isNumber = true;
-      continue;
+    bool isPart = skipWord("FOOTING") || skipWord("TOP") || skipWord("BOTTOM");
+    if (!isPart) return;  // begins no clause: reported as such
+    skipWord("AT");
+    skip(Keyword::is);
+    if (!parseFileOperand()) {
+      error(Code::syntax, peek().place, describe(peek()) + " is no number of lines");
+      return;
     }
-    bool isOperand = peek().kind == Token::Kind::number || peek().kind == Token::Kind::word;
-    if (!isNumber || !isOperand) return;  // begins no clause: reported as such
-    parseFileOperand();
-    isNumber = false;
   }
 }
 
-void Parser::parseFileOperand() {
+// A number may stand at the beginning of a line, where it looks like a level.
+bool Parser::parseFileOperand() {
   if (peek().kind == Token::Kind::number) {
     take();
-  } else {
-    parseQualifiedName();
+    return true;
   }
+  if (peek().kind != Token::Kind::word || fileClauseNext()) return false;
+  parseQualifiedName();
+  return true;
 }
 
 }  // namespace fdmorph::compiler

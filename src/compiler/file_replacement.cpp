@@ -6,6 +6,8 @@
 #include <cerrno>
 #include <cstdio>
 
+#include "compiler/copy_search.h"
+
 namespace fdmorph::compiler {
 namespace {
 
@@ -25,7 +27,8 @@ bool writeAll(int file, std::string const& content) {
 
 int createBeside(std::string const& path, std::string& name) {
   for (int i = 0; i < kMostTries; ++i) {
-    name = path + "." + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp";
+    // The file's own name may be as long as a name can be.
+    name = folderOf(path) + ".zbc-" + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp";
     int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode);
     if (file >= 0 || errno != EEXIST) return file;
   }

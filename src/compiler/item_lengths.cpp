@@ -11,7 +11,7 @@ namespace {
 // around it whose length is taken. A source needs as many only if it takes the
 // length of a group after each of its items, or lengths of synchronized items
 // in the middle of one huge record.
-constexpr std::uint64_t kMostSteps = 50'000'000;
+constexpr std::uint64_t kMostSteps = 10'000'000;
 
 }  // namespace
 

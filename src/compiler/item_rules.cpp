@@ -109,6 +109,9 @@ class ItemCheck {
     bool isZeroable = (isNumber && isCharacters) || category == Category::numericEdited;
     if (m_item.isBlankWhenZero && !isZeroable) {
       report(Code::clause, "BLANK WHEN ZERO needs a numeric picture of usage DISPLAY");
+    } else if (m_item.isBlankWhenZero &&
+               m_item.picture->text.find_first_of("Ss*") != std::string::npos) {
+      report(Code::clause, "BLANK WHEN ZERO excludes 'S' and '*' in the picture");
     }
     bool hasOwnSign = m_item.sign.position != SignPosition::none;
     if (hasOwnSign && !(isNumber && m_item.picture->isSigned && isCharacters)) {
@@ -121,7 +124,7 @@ class ItemCheck {
     if (m_item.isGroup() || m_item.picture == nullptr || !m_item.picture->isValid()) return;
     bool isNumber = m_item.picture->category == Category::numeric;
     bool isText = value.kind == Literal::Kind::text;
-    if (isNumber && isText) {
+    if (isNumber && isText && !value.isAll) {
       m_diagnostics.report(Code::valueSize, value.place,
                            "the value of a numeric item is written as a text");
       return;

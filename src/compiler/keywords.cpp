@@ -189,6 +189,14 @@ Keyword keywordOf(std::string_view word) {
   return found != kWords.end() && found->word == wanted ? found->keyword : Keyword::none;
 }
 
+bool isCommentParagraph(std::string_view word) {
+  for (std::string_view each :
+       {"AUTHOR", "DATE-COMPILED", "DATE-WRITTEN", "INSTALLATION", "REMARKS", "SECURITY"}) {
+    if (equalsBlindly(word, each)) return true;
+  }
+  return false;
+}
+
 bool beginsClause(Keyword keyword) {
   switch (keyword) {
     case Keyword::any:

@@ -138,6 +138,10 @@ enum class Keyword : std::uint8_t {
 /// meaning (PIC and PICTURE) are one keyword.
 Keyword keywordOf(std::string_view word);
 
+/// Whether a paragraph of the identification division has this name and holds
+/// comments.
+bool isCommentParagraph(std::string_view word);
+
 /// Whether a data description clause begins with the keyword.
 bool beginsClause(Keyword keyword);
 

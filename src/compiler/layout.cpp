@@ -102,7 +102,8 @@ class Layout {
     std::uint64_t room = redefined.size * redefined.occurrences();
     std::uint64_t needed = item.size * item.occurrences();
     if (needed <= room) return;
-    reportLarger(item, needed, room);
+    // Nothing is of size 0 but what was reported.
+    if (room > 0) reportLarger(item, needed, room);
     // The group grows by what sticks out at its end.
     size = std::max(size, item.offset - group.offset + needed);
   }

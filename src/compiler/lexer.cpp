@@ -66,6 +66,7 @@ Token Lexer::read() {
 
 Token Lexer::readToken() {
   while (!m_isPictureNext && (ahead(0).is(',') || ahead(0).is(';')) && !isPoint(0)) takeWord();
+  while (m_isPictureNext && (ahead(0).is(',') || ahead(0).is(';')) && ahead(1).isApart) takeWord();
   TextWord const& word = ahead(0);
   if (m_isPictureNext && !word.isEnd() && !(word.is('.') && ahead(1).isApart)) {
     bool isFill = word.isWord("IS") || keywordOf(word.text) == Keyword::picture ||

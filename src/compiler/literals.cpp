@@ -8,10 +8,6 @@
 namespace fdmorph::compiler {
 namespace {
 
-// Bytes of a value. No compiler takes a longer literal, and the value of an
-// item of gigabytes doesn't have to be written out.
-constexpr std::uint64_t kLongestValue = 8191;
-
 unsigned digitOf(char c) {
   return static_cast<unsigned>(isDigit(c) ? c - '0' : toUpper(c) - 'A' + 10) & 0xFU;
 }
@@ -50,13 +46,55 @@ LiteralContent decodeNumber(std::string_view digits, int base) {
   return {std::to_string(number), 0, true};
 }
 
-std::optional<std::string> repeated(std::string const& text, std::uint64_t size) {
-  if (size > kLongestValue) return std::nullopt;
+// `text` again and again, `size` characters, or bytes, long. A character that
+// would be cut is left out.
+std::optional<std::string> repeated(std::string const& text, std::uint64_t size,
+                                    bool countsCharacters = false) {
+  if (size > kLongestLiteral || text.empty()) return std::nullopt;
   std::string result;
-  if (text.empty()) return result;
-  while (result.size() < size) result += text;
-  result.resize(size);
+  std::uint64_t length = 0;
+  for (std::size_t i = 0; length < size; i = i + 1 == text.size() ? 0 : i + 1) {
+    result += text[i];
+    bool isNew = !isFollowingByte(text[i]);
+    length += !countsCharacters || isNew ? 1U : 0U;
+  }
+  // The last character may go on.
+  std::size_t at = result.size() % text.size();
+  for (; at < text.size() && isFollowingByte(text[at]); ++at) {
+    if (countsCharacters) {
+      result += text[at];
+      continue;
+    }
+    while (isFollowingByte(result.back())) result.pop_back();
+    result.pop_back();
+    break;
+  }
   return result;
+}
+
+// Digits with a sign and a decimal point at will, and blanks around them.
+bool isNumber(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  text = text.substr(0, text.find_last_not_of(' ') + 1);  // npos + 1 is 0
+  if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
+  std::size_t point = std::min(text.find('.'), text.size());
+  std::string_view fraction = text.substr(std::min(point + 1, text.size()));
+  bool hasFraction = point < text.size();
+  return isAllDigits(text.substr(0, point)) && (!hasFraction || isAllDigits(fraction));
+}
+
+std::optional<std::string> textValue(Literal const& value, ValueTarget const& target) {
+  std::string text = decodeLiteral(value.text).text;
+  bool isBits = toUpper(value.text.front()) == 'B';
+  if (isBits && target.isBoolean) text = value.text.substr(2, value.text.size() - 3);
+  if (value.isAll) {
+    if (target.isNumber && !target.isWhole) return std::nullopt;
+    std::optional<std::string> all = repeated(text, target.size, target.isNational);
+    if (!all) return all;
+    text = std::move(*all);
+  }
+  if (target.isNumber && !isNumber(text)) return std::nullopt;
+  return text;
 }
 
 }  // namespace
@@ -94,21 +132,18 @@ std::string quotedLiteral(std::string_view content) {
   return literal += '"';
 }
 
-std::optional<std::string> valueText(Literal const& value, bool isNumber, std::uint64_t size) {
+std::optional<std::string> valueText(Literal const& value, ValueTarget const& target) {
   switch (value.kind) {
     case Literal::Kind::number:
       return std::string(value.text);
-    case Literal::Kind::text: {
-      std::string text = decodeLiteral(value.text).text;
-      if (value.isAll && !isNumber) return repeated(text, size);
-      return text;
-    }
+    case Literal::Kind::text:
+      return textValue(value, target);
     case Literal::Kind::zero:
-      return isNumber ? std::optional<std::string>("0") : repeated("0", size);
+      return target.isNumber ? std::optional<std::string>("0") : repeated("0", target.size);
     case Literal::Kind::space:
-      return isNumber ? std::optional<std::string>() : " ";
+      return target.isNumber ? std::optional<std::string>() : " ";
     case Literal::Kind::quote:
-      return isNumber ? std::optional<std::string>() : repeated("\"", size);
+      return target.isNumber ? std::optional<std::string>() : repeated("\"", target.size);
     default:
       return std::nullopt;
   }

@@ -95,9 +95,10 @@ bool Parser::isEntryStart() {
     case Keyword::quote:
     case Keyword::lowValue:
     case Keyword::highValue:
+    case Keyword::when:
       return false;
     default:
-      return following.kind == Token::Kind::word;
+      return following.kind == Token::Kind::word && !equalsBlindly(following.text, "FALSE");
   }
 }
 
@@ -123,6 +124,8 @@ bool Parser::parseElement() {
     if (m_data.isProgram) return false;
     m_data.isProgram = true;
     parseProgramId();
+  } else if (isComment() && peek(1).kind == Token::Kind::period) {
+    skipComment();
   } else if (isDivision(Keyword::environment) || isDivision(Keyword::data)) {
     m_data.isProgram = true;
     bool isEnvironment = token.is(Keyword::environment);
@@ -168,7 +171,7 @@ void Parser::parseIdentification() {
   if (peek().is(Keyword::programId)) parseProgramId();
 }
 
-// The name, then whatever the other paragraphs say, in any words.
+// PROGRAM-ID. name IS INITIAL. Some leave the last period out.
 void Parser::parseProgramId() {
   take();
   if (peek().kind == Token::Kind::period) take();
@@ -182,10 +185,22 @@ void Parser::parseProgramId() {
     error(Code::syntax, name.place, "PROGRAM-ID is not followed by a name");
   }
   if (isName || name.kind == Token::Kind::literal) take();
-  while (!isEnd() && !(peek().isFirstOnLine && isHeader(0) && !peek().is(Keyword::fd) &&
-                       !peek().is(Keyword::sd))) {
+  while (!isEnd() && peek().kind != Token::Kind::period && !isHeader(0) && !isComment()) take();
+  if (peek().kind == Token::Kind::period) take();
+}
+
+// Whether a paragraph of the identification division begins that holds any
+// words.
+bool Parser::isComment() {
+  return peek().kind == Token::Kind::word && isCommentParagraph(peek().text);
+}
+
+void Parser::skipComment() {
+  m_data.isProgram = true;
+  do {
     take();
-  }
+  } while (!isEnd() && !(peek().isFirstOnLine && isHeader(0) && !peek().is(Keyword::fd) &&
+                         !peek().is(Keyword::sd)));
 }
 
 void Parser::parseSection() {

@@ -93,6 +93,8 @@ class Parser {
   bool parseElement();
   void parseIdentification();
   void parseProgramId();
+  bool isComment();
+  void skipComment();
   void parseSection();
   void unexpected();
 
@@ -115,7 +117,7 @@ class Parser {
   void parseFileNames();
   void parseValueOf();
   void parseLinage();
-  void parseFileOperand();
+  bool parseFileOperand();
 
   // entry_parser.cpp
   void parseEntry();
@@ -165,13 +167,16 @@ class Parser {
   bool isLiteralNext();
   void parseValueRanges(DataItem& item);
   void checkLiteral(Token const& token);
+  void reportLongLiteral(Place place);
 
   // constant_parser.cpp
   void parseConstant(Entry& entry);
   bool parseVariable(Literal& value);
   bool parseExpression(Literal& value, bool hasPrecedence);
   bool parseTerm(Literal& value, bool hasPrecedence);
+  bool parseFactor(Literal& value, bool hasPrecedence);
   bool parseOperand(Literal& value, bool hasPrecedence);
+  void takeOperator(char sign);
   bool applyOperator(Literal& left, char sign, Literal const& right);
   char operatorNext();
   bool isLengthNext();

@@ -161,7 +161,7 @@ bool Replacer::hasBudget() {
 
 // The index of the next word that is no separator.
 std::size_t Replacer::behindSeparators(std::size_t index) {
-  while (isSeparator(ahead(index)) && ahead(index + 1).isApart) ++index;
+  for (; isSeparator(ahead(index)) && ahead(index + 1).isApart; ++index) ++m_budget.comparisons;
   return index;
 }
 

@@ -18,19 +18,27 @@ class PhraseReader {
   bool readAll(ReplacementList& list) {
     do {
       Replacement replacement;
+      skipSeparators();
       if (m_word.isWord("LEADING") || m_word.isWord("TRAILING")) {
         replacement.part =
             m_word.isWord("LEADING") ? Replacement::Part::leading : Replacement::Part::trailing;
         advance();
+        skipSeparators();
       }
       if (!readOperand(replacement.from) || replacement.from.empty()) return false;
+      skipSeparators();
       if (!m_word.isWord("BY")) return false;
       advance();
+      skipSeparators();
       if (!readOperand(replacement.to)) return false;
       list.add(std::move(replacement));
-      while (m_word.is(',') || m_word.is(';')) advance();
+      skipSeparators();
     } while (!m_word.is('.'));
     return true;
+  }
+
+  void skipSeparators() {
+    while (m_word.is(',') || m_word.is(';')) advance();
   }
 
   // A period in pseudo-text isn't the statement's.

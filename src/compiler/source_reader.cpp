@@ -153,6 +153,8 @@ class Reader {
       addCode(begin + 1, end, continuesPastQuote(begin) ? m_closedAtEdge : '\0', false);
     } else {
       trimEnd();
+      // Two literals, and no doubled quote.
+      if (isAtQuote && !m_out.text.empty() && isQuote(m_out.text.back())) m_out.text += ' ';
       addCode(begin, end, 0, false);
     }
   }
@@ -218,10 +220,18 @@ class Reader {
       return;
     }
     for (std::size_t at = begin; at < end; ++at) {
-      bool isInStep = at > begin && m_line.offsetOf(at) == m_line.offsetOf(at - 1) + 1;
-      if (!isInStep) startPiece(m_line.offsetOf(at));
+      // Nobody asks where a blank stands.
+      bool isBlank = m_line.text()[at] == ' ' && at > begin;
+      if (!isBlank && !isInStep(m_line.offsetOf(at))) startPiece(m_line.offsetOf(at));
       m_out.text += m_line.text()[at];
     }
+  }
+
+  // Whether the next character of the text stands where the last piece says.
+  bool isInStep(std::uint32_t offset) const {
+    if (m_out.pieces.empty()) return false;
+    ReadText::Piece const& last = m_out.pieces.back();
+    return last.offset + (m_out.text.size() - last.at) == offset;
   }
 
   void startPiece(std::uint32_t offset) {

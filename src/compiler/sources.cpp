@@ -51,13 +51,12 @@ std::optional<std::string> DiskTree::read(std::string const& path) {
 }
 
 SourceFile const* Sources::file(std::string const& path) {
-  auto [entry, isNew] = m_files.try_emplace(path);
-  if (isNew) {
-    if (std::optional<std::string> content = m_tree.read(path)) {
-      entry->second = std::make_unique<SourceFile>(SourceFile{path, std::move(*content)});
-    }
-  }
-  return entry->second.get();
+  auto known = m_files.find(path);
+  if (known != m_files.end()) return known->second.get();
+  std::optional<std::string> content = m_tree.read(path);
+  if (!content) return nullptr;
+  auto file = std::make_unique<SourceFile>(SourceFile{path, std::move(*content)});
+  return (m_files[path] = std::move(file)).get();
 }
 
 std::uint32_t Sources::open(SourceFile const* file, Place copiedFrom) {

@@ -74,7 +74,7 @@ class Sources {
   std::vector<Place> pathTo(Place place) const;
 
   FileTree& m_tree;
-  std::map<std::string, std::unique_ptr<SourceFile>> m_files;  // null: can't be read
+  std::map<std::string, std::unique_ptr<SourceFile>> m_files;
   std::vector<Text> m_texts{1};
 };
 

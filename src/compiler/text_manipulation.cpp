@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "compiler/keywords.h"
 #include "compiler/letters.h"
 #include "compiler/replacing_phrase.h"
 
@@ -108,6 +109,12 @@ void FileText::noteDebugging(TextWord const& word) {
   m_isDebuggingBefore = word.isWord("DEBUGGING");
 }
 
+TextWord FileText::scanBehindSeparators() {
+  TextWord word = scan();
+  while (word.is(',') || word.is(';')) word = scan();
+  return word;
+}
+
 void FileText::obeyDirective(TextWord const& mark) {
   std::vector<TextWord> words;
   TextWord word = scanAny();
@@ -143,9 +150,11 @@ void FileText::unscan(TextWord const& word) {
 }
 
 bool FileText::handleStatement(TextWord const& word) {
+  if (word.isFirstOnLine) noteComment(word);
   switch (toUpper(word.text.front())) {
     case 'C':
-      if (!word.isWord("COPY")) break;
+      // A comment may speak of a copy.
+      if (!word.isWord("COPY") || (m_isComment && !word.isFirstOnLine)) break;
       copyStatement(word);
       return true;
     case 'E':
@@ -155,6 +164,15 @@ bool FileText::handleStatement(TextWord const& word) {
       break;
   }
   return word.isFirstOnLine && listingStatement(word);
+}
+
+// Paragraphs with comments reach to the next division.
+void FileText::noteComment(TextWord const& word) {
+  if (m_isComment) {
+    m_isComment = !word.isWord("ENVIRONMENT") && !word.isWord("DATA") && !word.isWord("PROCEDURE");
+  } else {
+    m_isComment = isCommentParagraph(word.text);
+  }
 }
 
 // EJECT, SKIP1 to SKIP3, TITLE, and lines of compiler options ahead of the
@@ -190,10 +208,10 @@ void FileText::copyStatement(TextWord const& word) {
     return;
   }
   TextWord last = member;
-  TextWord following = scan();
+  TextWord following = scanBehindSeparators();
   auto advance = [&] {
     last = following;
-    following = scan();
+    following = scanBehindSeparators();
   };
   std::string_view library;
   if (following.isWord("OF") || following.isWord("IN")) {

@@ -45,7 +45,9 @@ class FileText : public TextSource {
 
  private:
   TextWord scan();
+  TextWord scanBehindSeparators();
   TextWord scanAny();
+  void noteComment(TextWord const& word);
   void noteDebugging(TextWord const& word);
   void obeyDirective(TextWord const& mark);
   void reportFaults(bool isEnd);
@@ -67,6 +69,7 @@ class FileText : public TextSource {
   ConditionalText m_conditions;
   std::vector<TextWord> m_unscanned;
   bool m_isDebuggingBefore = false;
+  bool m_isComment = false;
   std::size_t m_fault = 0;  // the first one of the text that isn't reported
   bool m_isApart = false;   // what comes next follows a statement
   bool m_isStart = true;    // no word has been handed out

@@ -39,6 +39,10 @@ void Parser::checkLiteral(Token const& token) {
     error(Code::literal, token.place, "the literal has no closing quote");
     return;
   }
+  if (token.text.size() > kLongestLiteral) {
+    reportLongLiteral(token.place);
+    return;
+  }
   std::size_t quote = token.text.find_first_of("\"'");
   std::string_view inside = token.text.substr(quote + 1, token.text.size() - quote - 2);
   std::string prefix = upperCase(token.text.substr(0, quote));
@@ -48,6 +52,11 @@ void Parser::checkLiteral(Token const& token) {
       error(Code::literal, token.place, quoted(token.text) + " is no hexadecimal literal");
     }
   }
+}
+
+void Parser::reportLongLiteral(Place place) {
+  error(Code::literal, place,
+        "the literal is longer than " + std::to_string(kLongestLiteral) + " bytes");
 }
 
 bool Parser::isLiteralNext() {
@@ -102,6 +111,10 @@ bool Parser::joinLiterals(Literal& literal) {
       error(Code::literal, more.place, "literals of different kinds are joined");
     }
     content += part.text;
+  }
+  if (content.size() > kLongestLiteral) {
+    reportLongLiteral(literal.place);
+    content.clear();
   }
   literal.text = m_pool.keep((isNational ? "N" : "") + quotedLiteral(content));
   return true;

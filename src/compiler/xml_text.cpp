@@ -61,9 +61,8 @@ bool isPlain(char c) {
 }  // namespace
 
 bool isXmlText(std::string_view text) {
-  return std::none_of(text.begin(), text.end(), [](char c) {
-    return static_cast<unsigned char>(c) < ' ' && c != '\t' && c != '\n' && c != '\r';
-  });
+  return std::none_of(text.begin(), text.end(),
+                      [](char c) { return static_cast<unsigned char>(c) < ' '; });
 }
 
 XmlText::XmlText() : m_text("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n") {}

@@ -8,8 +8,8 @@
 
 namespace fdmorph::compiler {
 
-/// Whether XML can hold a text: it has no control characters but tabs and line
-/// ends.
+/// Whether XML, and a copybook made from it, can hold a text: it has no control
+/// characters.
 bool isXmlText(std::string_view text);
 
 /// Builds an XML document in memory, an element a line, in steps of 3 blanks.

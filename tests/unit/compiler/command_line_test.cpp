@@ -62,5 +62,12 @@ TEST(DictionaryPath, ReplacesTheExtension) {
   EXPECT_EQ(dictionaryPath("d.d/a"), "d.d/a.xml");
 }
 
+TEST(Directives, MayHaveBlanksAroundTheirParameters) {
+  Directives directives;
+  EXPECT_EQ(applyDirectives("XMLGEN (WS) SOURCEFORMAT( FREE )", directives), std::nullopt);
+  EXPECT_TRUE(directives.writesDictionary);
+  EXPECT_EQ(directives.reading.format, Format::free);
+}
+
 }  // namespace
 }  // namespace fdmorph::compiler

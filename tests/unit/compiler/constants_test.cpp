@@ -15,6 +15,7 @@ TEST(Constant, OfLevel78IsWorkedOutFromLeftToRight) {
 TEST(Constant, OfAConstantEntryIsWorkedOutByPrecedence) {
   EXPECT_EQ(lengthOf("01 N CONSTANT AS 2 + 3 * 4.\n01 A PIC X(N).", "A"), "14");
   EXPECT_EQ(lengthOf("01 N CONSTANT AS (2 + 3) * 4.\n01 A PIC X(N).", "A"), "20");
+  EXPECT_EQ(lengthOf("01 N CONSTANT AS 2 * 3 ** 2.\n01 A PIC X(N).", "A"), "18");
   EXPECT_EQ(lengthOf("01 N CONSTANT IS GLOBAL AS 20 / 4.\n01 A PIC X(N).", "A"), "5");
 }
 

@@ -75,6 +75,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "a.cpy:2:20: error: EXTERNAL needs an item of level 01 or 77 [clause]"},
         Mistake{"01 A.\n 05 B OCCURS 5 ASCENDING KEY D.\n  10 C PIC X.\n 05 D PIC X.",
                 "a.cpy:2:37: error: the key 'D' doesn't stand in the table [occurs]"},
+        Mistake{"01 A PIC S9 BLANK WHEN ZERO.",
+                "a.cpy:1:11: error: BLANK WHEN ZERO excludes 'S' and '*' in the picture [clause]"},
         Mistake{"78 K VALUE 1.\n78 K VALUE 2.",
                 "a.cpy:2:11: error: the constant 'K' is defined twice [constant]"}));
 
@@ -128,6 +130,25 @@ TEST(Diagnostics, StandInTheOrderOfTheSource) {
   // The checker finds the first of them after the parser found the second.
   std::string text = compile("01 A.\n01 B PIC Q.").diagnostics;
   EXPECT_LT(text.find("picture-missing"), text.find("[picture]"));
+}
+
+TEST(Diagnostics, DoNotFollowFromOthers) {
+  auto count = [](std::string_view lines) {
+    std::string text = compile(lines).diagnostics;
+    std::size_t errors = 0;
+    for (std::size_t at = 0; (at = text.find(": ", at)) != std::string::npos; ++at) {
+      std::string_view rest = std::string_view(text).substr(at + 2);
+      errors += rest.starts_with("error: ") || rest.starts_with("warning: ") ? 1U : 0U;
+    }
+    return errors;
+  };
+  EXPECT_EQ(count("01 A PIX X."), 1U);
+  EXPECT_EQ(count("01 A USAGE FOO."), 1U);
+  EXPECT_EQ(count("01 R.\n 05 A PIC X.\n 05 B REDEFINES."), 1U);
+  EXPECT_EQ(count("78 K VALUE FOO.\n01 A PIC X(K) OCCURS K VALUE K."), 1U);
+  EXPECT_EQ(count("78 K VALUE FOO.\n78 L VALUE K + 1.\n01 A PIC X(L)."), 1U);
+  EXPECT_EQ(count("01 N PIC X(.\n01 A PIC X OCCURS 1 TO 2 DEPENDING ON N."), 1U);
+  EXPECT_EQ(count("01 R.\n 05 E PIX X.\n 05 F REDEFINES E PIC X(3)."), 1U);
 }
 
 TEST(Diagnostics, EndAfterAHundredErrors) {

@@ -127,5 +127,34 @@ TEST(FileReplacement, WritesAFileOrLeavesNothing) {
   EXPECT_FALSE(replaceFile(folder.path("none/a.xml"), "three"));
 }
 
+/// The value of an item A with these clauses; nothing if there is none.
+std::optional<std::string> valueOf(std::string const& clauses) {
+  return attributeOf(compile("01 A " + clauses + ".").dictionary, "A", "value");
+}
+
+TEST(DictionaryWriter, FillsAnItemWithAll) {
+  EXPECT_EQ(valueOf("PIC 9(3) VALUE ALL \"1\""), "111");
+  EXPECT_EQ(valueOf("PIC S9(3) VALUE ALL \"12\""), "121");
+  EXPECT_EQ(valueOf("PIC X(5) VALUE ALL \"ab\""), "ababa");
+  // Two bytes are a character of a text, one of two bytes of an item that is
+  // measured in bytes: the one that doesn't fit is left out.
+  EXPECT_EQ(valueOf("PIC N(3) VALUE ALL N\"\xC3\xA9\""), "\xC3\xA9\xC3\xA9\xC3\xA9");
+  EXPECT_EQ(valueOf("PIC X(3) VALUE ALL \"\xC3\xA9\""), "\xC3\xA9");
+  EXPECT_EQ(valueOf("PIC X(9000) VALUE ALL \"a\""), std::nullopt);
+}
+
+TEST(DictionaryWriter, LeavesOutWhatACopybookCanNotSay) {
+  EXPECT_EQ(valueOf("PIC X(2) VALUE X\"0D0A\""), std::nullopt);
+  EXPECT_EQ(valueOf("PIC ZZ9 VALUE \"N/A\""), std::nullopt);
+  EXPECT_EQ(valueOf("PIC Z,ZZ9 VALUE \"1,234\""), std::nullopt);
+  EXPECT_EQ(valueOf("PIC 9(3) BLANK WHEN ZERO VALUE \"   \""), std::nullopt);
+  EXPECT_EQ(valueOf("PIC X(2) COMP-5 VALUE \"AB\""), std::nullopt);
+  EXPECT_EQ(valueOf("PIC ZZ9 VALUE \"  7\""), "  7");
+}
+
+TEST(DictionaryWriter, TellsBitsAsTheyAre) {
+  EXPECT_EQ(valueOf("PIC 1(3) USAGE BIT VALUE B\"101\""), "101");
+}
+
 }  // namespace
 }  // namespace fdmorph::compiler

@@ -149,5 +149,47 @@ TEST(Entries, MayEndInTwoSeparators) {
   EXPECT_EQ(lengthOf("01 A PIC X(3).;", "A"), "3");
 }
 
+/// The size of the item A of a program in free format.
+std::string lengthInProgram(std::string const& source) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = ">>SOURCE FREE\n" + source;
+  CompilationResult result = compile(tree);
+  return attributeOf(result.dictionary, "A", "length").value_or(result.diagnostics);
+}
+
+TEST(Program, MayStandOnOneLine) {
+  EXPECT_EQ(lengthInProgram("IDENTIFICATION DIVISION. PROGRAM-ID. T IS INITIAL. DATA DIVISION. "
+                            "WORKING-STORAGE SECTION. 01 A PIC X. PROCEDURE DIVISION. STOP RUN."),
+            "1");
+}
+
+TEST(Program, HasNoDataBehindAMisspeltHeader) {
+  for (char const* header : {"DATA DIVISON.", "ENVIRONMENT DIVISION.\nDATA DIVISON."}) {
+    std::string result =
+        lengthInProgram("PROGRAM-ID. T.\n" + std::string(header) + "\n01 A PIC X.\n");
+    EXPECT_NE(result.find("error: "), std::string::npos) << result;
+  }
+}
+
+TEST(Program, MaySpeakOfACopyInAComment) {
+  EXPECT_EQ(lengthInProgram("PROGRAM-ID. T.\nINSTALLATION. COPY SHOP.\n"
+                            "REMARKS. THIS MAKES A COPY OF THE FILE.\n"
+                            "DATA DIVISION.\nWORKING-STORAGE SECTION.\n01 A PIC X."),
+            "1");
+}
+
+TEST(Entries, MayHaveSeparatorsBehindAnyWord) {
+  EXPECT_EQ(lengthOf("01, A, PIC, X(2), VALUE; 'a'.", "A"), "2");
+  EXPECT_EQ(lengthOf("01 A PIC IS, X(2).", "A"), "2");
+}
+
+TEST(Entries, AreNotTakenForMoreWhereANumberIsDue) {
+  EXPECT_EQ(lengthOf("01 A PIC 9.\n 88 B VALUES 1\n 2 WHEN SET TO FALSE 0.", "A"), "1");
+  MemoryTree tree;
+  tree.files["a.cpy"] =
+      fixed("FD F LINAGE IS\n10 LINES WITH FOOTING AT\n9 LINES AT TOP\n3.\n01 A PIC X.");
+  EXPECT_EQ(compile(tree).diagnostics, "");
+}
+
 }  // namespace
 }  // namespace fdmorph::compiler

@@ -127,6 +127,13 @@ TEST_F(Replacing, SeesSeparatorsBetweenWordsAsBlanks) {
   EXPECT_TRUE(attributeOf(dictionary, "B", "length"));
 }
 
+TEST_F(Replacing, MayHaveSeparatorsBetweenItsOperands) {
+  std::string dictionary = copy("COPY M, REPLACING, ==A==, BY; ==B==, LEADING, ==C-== BY ==D-==.",
+                                "01 A PIC X.\n01 C-1 PIC X.");
+  EXPECT_TRUE(attributeOf(dictionary, "B", "length"));
+  EXPECT_TRUE(attributeOf(dictionary, "D-1", "length"));
+}
+
 TEST_F(Replacing, EndsTextThatGrowsWithoutBound) {
   // Each of 2,000 words would be replaced by 2,000 literals: 200 MB.
   std::string to;

@@ -68,6 +68,10 @@ TEST_F(SourceReader, JoinsADoubledQuoteThatTheMarginCuts) {
   EXPECT_EQ(read(first + "\n      -    \"\"y\"\n"), "\n\"" + std::string(63, 'x') + "\"\"y\"\n");
 }
 
+TEST_F(SourceReader, KeepsAClosedLiteralApartFromAContinuation) {
+  EXPECT_EQ(read("       VALUE \"a\"\n      -    \"b\"\n"), "\nVALUE \"a\" \"b\"\n");
+}
+
 TEST_F(SourceReader, ExpandsTabs) {
   // The tab of the first column ends at column 9, the second one at column 17.
   EXPECT_EQ(read("\tA\tB\n"), "\n A       B\n");
