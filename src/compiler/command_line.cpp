@@ -75,7 +75,7 @@ class Reader {
   void readFile(std::string const& name) {
     std::optional<std::string> content = m_tree.read(name);
     if (!content) {
-      m_result.mistake = "can't read directive file " + name;
+      m_result.mistake = "can't read directive file " + name + ": " + whyUnreadable(name);
     } else if (auto wrong = applyDirectiveFile(*content, m_result.directives)) {
       m_result.mistake = "wrong parameter in directive " + *wrong + " in " + name;
     }

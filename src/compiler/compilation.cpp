@@ -43,7 +43,7 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
   DataDivision data;
   SourceFile const* file = sources.file(path);
   if (file == nullptr) {
-    diagnostics.report(Code::file, {}, "can't read " + quoted(path));
+    diagnostics.report(Code::file, {}, "can't read " + quoted(path) + ": " + whyUnreadable(path));
   } else {
     CopySearch search(sources, directives.copying, path);
     TextPool pool;
@@ -98,8 +98,8 @@ int runCompiler(std::vector<std::string> const& arguments) {
   }
   print(stderr, result.diagnostics);
   if (result.dictionary.empty()) return result.status;
-  if (!replaceFile(target, result.dictionary)) {
-    print(stderr, "zbc: error: can't write " + target + " [file]\n");
+  if (std::optional<std::string> why = replaceFile(target, result.dictionary)) {
+    print(stderr, "zbc: error: can't write " + target + ": " + *why + " [file]\n");
     return kWrong;
   }
   return result.status;

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "compiler/copy_search.h"
 
@@ -37,15 +38,19 @@ int createBeside(std::string const& path, std::string& name) {
 
 }  // namespace
 
-bool replaceFile(std::string const& path, std::string const& content) {
+std::optional<std::string> replaceFile(std::string const& path, std::string const& content) {
   std::string name;
   int file = createBeside(path, name);
-  if (file < 0) return false;
+  if (file < 0) return std::strerror(errno);
   bool isWritten = writeAll(file, content);
-  isWritten = ::close(file) == 0 && isWritten;
-  isWritten = isWritten && std::rename(name.c_str(), path.c_str()) == 0;
-  if (!isWritten) ::unlink(name.c_str());
-  return isWritten;
+  int fault = errno;
+  bool isClosed = ::close(file) == 0;
+  if (isWritten && !isClosed) fault = errno;
+  bool isInPlace = isWritten && isClosed && std::rename(name.c_str(), path.c_str()) == 0;
+  if (isWritten && isClosed && !isInPlace) fault = errno;
+  if (isInPlace) return std::nullopt;
+  ::unlink(name.c_str());
+  return std::strerror(fault);
 }
 
 }  // namespace fdmorph::compiler

@@ -1,12 +1,14 @@
 // Writing a file whole or not at all.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace fdmorph::compiler {
 
 /// Puts a file in place. It is written under another name in the same folder
-/// first; on failure nothing of it stays, and a file that was there does.
-bool replaceFile(std::string const& path, std::string const& content);
+/// first; on failure nothing of it stays, and a file that was there does. The
+/// result is the reason of a failure, in words, or nothing.
+std::optional<std::string> replaceFile(std::string const& path, std::string const& content);
 
 }  // namespace fdmorph::compiler

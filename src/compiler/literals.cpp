@@ -85,7 +85,8 @@ bool isNumber(std::string_view text) {
 
 std::optional<std::string> textValue(Literal const& value, ValueTarget const& target) {
   std::string text = decodeLiteral(value.text).text;
-  bool isBits = toUpper(value.text.front()) == 'B';
+  bool isBits = value.text.size() > 2 && toUpper(value.text[0]) == 'B' &&
+                (value.text[1] == '"' || value.text[1] == '\'');
   if (isBits && target.isBoolean) text = value.text.substr(2, value.text.size() - 3);
   if (value.isAll) {
     if (target.isNumber && !target.isWhole) return std::nullopt;

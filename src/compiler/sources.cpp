@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstring>
 
 #include "compiler/letters.h"
 
@@ -48,6 +49,17 @@ std::optional<std::string> DiskTree::read(std::string const& path) {
   }
   ::close(file);
   return content;
+}
+
+std::string whyUnreadable(std::string const& path) {
+  struct stat state {};
+  if (::stat(path.c_str(), &state) != 0) return std::strerror(errno);
+  if (S_ISDIR(state.st_mode)) return std::strerror(EISDIR);
+  if (!S_ISREG(state.st_mode)) return "Not a regular file";
+  if (static_cast<std::size_t>(state.st_size) > DiskTree::kLongestFile) {
+    return std::strerror(EFBIG);
+  }
+  return ::access(path.c_str(), R_OK) != 0 ? std::strerror(errno) : std::strerror(EIO);
 }
 
 SourceFile const* Sources::file(std::string const& path) {

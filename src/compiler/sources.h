@@ -30,6 +30,9 @@ class DiskTree : public FileTree {
   std::optional<std::string> read(std::string const& path) override;
 };
 
+/// Why a file of the file system can't be read, in words.
+std::string whyUnreadable(std::string const& path);
+
 /// A file with its content, read once.
 struct SourceFile {
   std::string path;

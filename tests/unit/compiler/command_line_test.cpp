@@ -48,7 +48,8 @@ TEST_F(CompilerCommandLine, NamesItsMistakes) {
   EXPECT_EQ(read({"-x", "a.cbl"}).mistake, "unknown option -x");
   EXPECT_EQ(read({"a.cbl", "b.cbl"}).mistake, "more than one source is named");
   EXPECT_EQ(read({"-C", "TABS(0)", "a.cbl"}).mistake, "wrong parameter in directive TABS(0)");
-  EXPECT_EQ(read({"@none", "a.cbl"}).mistake, "can't read directive file none");
+  EXPECT_EQ(read({"@none", "a.cbl"}).mistake,
+            "can't read directive file none: No such file or directory");
   EXPECT_EQ(read({"@none", "a.cbl"}).action, Action::usageError);
 }
 

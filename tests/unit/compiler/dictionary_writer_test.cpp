@@ -121,10 +121,10 @@ TEST(DictionaryWriter, LeavesValuesOutThatXmlCannotHold) {
 
 TEST(FileReplacement, WritesAFileOrLeavesNothing) {
   TemporaryFolder folder;
-  EXPECT_TRUE(replaceFile(folder.path("a.xml"), "one"));
-  EXPECT_TRUE(replaceFile(folder.path("a.xml"), "two"));
+  EXPECT_EQ(replaceFile(folder.path("a.xml"), "one"), std::nullopt);
+  EXPECT_EQ(replaceFile(folder.path("a.xml"), "two"), std::nullopt);
   EXPECT_EQ(folder.read("a.xml"), "two");
-  EXPECT_FALSE(replaceFile(folder.path("none/a.xml"), "three"));
+  EXPECT_EQ(replaceFile(folder.path("none/a.xml"), "three"), "No such file or directory");
 }
 
 /// The value of an item A with these clauses; nothing if there is none.
