@@ -166,12 +166,16 @@ bool FileText::handleStatement(TextWord const& word) {
   return word.isFirstOnLine && listingStatement(word);
 }
 
-// Paragraphs with comments reach to the next division.
+// Paragraphs with comments stand behind the program's name and reach to the
+// next division.
 void FileText::noteComment(TextWord const& word) {
-  if (m_isComment) {
-    m_isComment = !word.isWord("ENVIRONMENT") && !word.isWord("DATA") && !word.isWord("PROCEDURE");
-  } else {
-    m_isComment = isCommentParagraph(word.text);
+  if (!m_isIdentification) {
+    m_isIdentification = word.isWord("PROGRAM-ID") || word.isWord("FUNCTION-ID");
+  } else if (word.isWord("ENVIRONMENT") || word.isWord("DATA") || word.isWord("PROCEDURE")) {
+    m_isIdentification = false;
+    m_isComment = false;
+  } else if (isCommentParagraph(word.text)) {
+    m_isComment = true;
   }
 }
 

@@ -69,6 +69,7 @@ class FileText : public TextSource {
   ConditionalText m_conditions;
   std::vector<TextWord> m_unscanned;
   bool m_isDebuggingBefore = false;
+  bool m_isIdentification = false;
   bool m_isComment = false;
   std::size_t m_fault = 0;  // the first one of the text that isn't reported
   bool m_isApart = false;   // what comes next follows a statement

@@ -178,6 +178,13 @@ TEST(Program, MaySpeakOfACopyInAComment) {
             "1");
 }
 
+TEST(Program, MayCopyBehindANameOfACommentParagraph) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed("01 A.\n 05\nAUTHOR PIC X.\n 05 B COPY M.");
+  tree.files["M.cpy"] = fixed("PIC X(4).");
+  EXPECT_EQ(attributeOf(compile(tree).dictionary, "A", "length"), "5");
+}
+
 TEST(Entries, MayHaveSeparatorsBehindAnyWord) {
   EXPECT_EQ(lengthOf("01, A, PIC, X(2), VALUE; 'a'.", "A"), "2");
   EXPECT_EQ(lengthOf("01 A PIC IS, X(2).", "A"), "2");
