@@ -202,8 +202,9 @@ void Parser::parseUsage(Entry& entry, Token const& token) {
       if (skip(Keyword::to)) take();
       break;
     case Usage::handle:
-      // HANDLE OF WINDOW
-      if (skip(Keyword::of) && peek().kind == Token::Kind::word) take();
+      // HANDLE OF WINDOW, HANDLE OF FONT LARGE-FONT
+      if (!skip(Keyword::of)) break;
+      while (peek().kind == Token::Kind::word && !beginsClause(peek().keyword)) take();
       break;
     case Usage::display:
       // DISPLAY NATIVE

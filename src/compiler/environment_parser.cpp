@@ -59,7 +59,8 @@ void Parser::parseSymbolicCharacters() {
   skip(Keyword::is);
   skip(Keyword::are);
   while (peek().kind == Token::Kind::word && !peek().is(Keyword::in) && !isHeader(0) &&
-         !peek().is(Keyword::currency) && !peek().is(Keyword::decimalPoint)) {
+         !peek().is(Keyword::currency) && !peek().is(Keyword::decimalPoint) &&
+         !peek().is(Keyword::symbolic)) {
     std::vector<Token> names;
     while (peek().kind == Token::Kind::word && !peek().is(Keyword::is) &&
            !peek().is(Keyword::are)) {

@@ -27,7 +27,8 @@ TEST(Constant, NamesACharacter) {
   MemoryTree tree;
   tree.files["a.cpy"] = fixed(
       "PROGRAM-ID. P.\nENVIRONMENT DIVISION.\nSPECIAL-NAMES.\n"
-      "SYMBOLIC CHARACTERS SMALL-A BANG ARE 98 34 TILDE IS 127.\n"
+      "SYMBOLIC CHARACTERS SMALL-A BANG ARE 98 34\n"
+      "SYMBOLIC CHARACTERS TILDE IS 127.\n"
       "DATA DIVISION.\nWORKING-STORAGE SECTION.\n"
       "01 A PIC X VALUE SMALL-A.\n01 B PIC X(3) VALUE ALL BANG.\n01 C PIC X VALUE TILDE.");
   std::string dictionary = compile(tree).dictionary;

@@ -41,7 +41,7 @@ TEST(Layout, OfFixedUsages) {
   EXPECT_EQ(lengthOf("01 A POINTER.", "A"), "8");
   EXPECT_EQ(lengthOf("01 A BINARY-INT.", "A"), "4");
   EXPECT_EQ(lengthOf("01 A FLOAT-DECIMAL-34.", "A"), "16");
-  EXPECT_EQ(lengthOf("01 A HANDLE OF WINDOW.", "A"), "4");
+  EXPECT_EQ(lengthOf("01 A HANDLE OF FONT LARGE-FONT.", "A"), "4");
 }
 
 TEST(Layout, OfBitsHasEightInAByte) {
