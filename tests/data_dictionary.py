@@ -43,7 +43,7 @@ def described_items(element: ET.Element, owner: str = "") -> Iterator[Item]:
     """All items, with the levels of the source."""
     if element.tag == "fd":
         owner = element.get("name", "").upper()
-    if is_item(element):
+    if is_item(element) and element.get("slack") != "true":  # which no source says
         yield describe(element, owner, int(element.get("level", "")))
     for child in element:
         yield from described_items(child, owner)

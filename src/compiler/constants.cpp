@@ -1,5 +1,7 @@
 #include "compiler/constants.h"
 
+#include "compiler/literals.h"
+
 namespace fdmorph::compiler {
 
 std::optional<std::uint64_t> integerOf(std::string_view digits) {
@@ -19,8 +21,10 @@ std::optional<std::uint64_t> Constants::integer(std::string_view name) const {
   if (value == nullptr) return std::nullopt;
   if (value->kind == Literal::Kind::zero) return 0;
   if (value->kind == Literal::Kind::broken) return 1;
-  if (value->kind != Literal::Kind::number) return std::nullopt;
-  return integerOf(value->text);
+  if (value->kind == Literal::Kind::number) return integerOf(value->text);
+  if (value->kind != Literal::Kind::text) return std::nullopt;
+  LiteralContent content = decodeLiteral(value->text);
+  return content.isNumber ? integerOf(content.text) : std::nullopt;
 }
 
 }  // namespace fdmorph::compiler

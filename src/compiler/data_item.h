@@ -51,8 +51,9 @@ struct Literal {
   std::string_view text;
   Place place;
   Kind kind = Kind::none;
-  bool isOpen = false;  ///< a text without its closing quote
-  bool isAll = false;   ///< ALL: repeated over the length of the item
+  bool isOpen = false;    ///< a text without its closing quote
+  bool isBinary = false;  ///< joined, with bytes that no text stands for
+  bool isAll = false;     ///< ALL: repeated over the length of the item
 };
 
 /// One value of a VALUE clause, or a range.
@@ -116,6 +117,7 @@ struct DataItem {
   SignClause effectiveSign;
   std::uint64_t size = 0;    ///< bytes of one occurrence
   std::uint64_t offset = 0;  ///< from the beginning of the record
+  std::uint64_t slack = 0;   ///< bytes of its group that lie ahead of it to align it
 
   bool isGroup() const { return firstChild != nullptr; }
   std::uint64_t occurrences() const { return occurs ? occurs->most : 1; }

@@ -98,7 +98,21 @@ class Writer {
     for (DataItem const* item = first; item != nullptr; item = item->next) writeItem(*item);
   }
 
+  // What only SYNCHRONIZED would say is said by bytes without a name, so that
+  // everything else keeps its place.
+  void writeSlack(DataItem const& item) {
+    m_xml.begin("alphanumeric");
+    m_xml.attribute("name", "FILLER");
+    m_xml.attribute("level", std::uint64_t{item.level});
+    m_xml.attribute("usage", "display");
+    m_xml.attribute("picture", "X(" + std::to_string(item.slack) + ")");
+    m_xml.attribute("length", item.slack);
+    m_xml.attribute("slack", "true");
+    m_xml.end("alphanumeric");
+  }
+
   void writeItem(DataItem const& item) {
+    if (item.slack > 0) writeSlack(item);
     char const* element = elementOf(kindOf(item));
     m_xml.begin(element);
     m_xml.attribute("name", nameOf(item));

@@ -29,9 +29,8 @@ void Parser::parseEnvironment() {
                      !peek().is(Keyword::inputOutput);
     if (isSection || peek(1).is(Keyword::division)) return;
     if (peek().is(Keyword::end) && peek(1).is(Keyword::program)) return;
-    bool isRecord = peek().text == "01" || peek().text == "77";
-    if (isRecord && isEntryStart()) {
-      error(Code::syntax, peek().place, "data are described outside of the data division");
+    if (isStrayRecord()) {
+      reportStrayRecord();
       return;
     }
     if (peek().is(Keyword::currency)) {
@@ -60,7 +59,8 @@ void Parser::parseSymbolicCharacters() {
   skip(Keyword::are);
   while (peek().kind == Token::Kind::word && !peek().is(Keyword::in) && !isHeader(0) &&
          !peek().is(Keyword::currency) && !peek().is(Keyword::decimalPoint) &&
-         !peek().is(Keyword::symbolic)) {
+         !peek().is(Keyword::symbolic) && !equalsBlindly(peek().text, "CLASS") &&
+         !equalsBlindly(peek().text, "ALPHABET")) {
     std::vector<Token> names;
     while (peek().kind == Token::Kind::word && !peek().is(Keyword::is) &&
            !peek().is(Keyword::are)) {

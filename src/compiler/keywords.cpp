@@ -190,8 +190,8 @@ Keyword keywordOf(std::string_view word) {
 }
 
 bool isCommentParagraph(std::string_view word) {
-  for (std::string_view each :
-       {"AUTHOR", "DATE-COMPILED", "DATE-WRITTEN", "INSTALLATION", "REMARKS", "SECURITY"}) {
+  for (std::string_view each : {"AUTHOR", "DATE-COMPILED", "DATE-WRITTEN", "INSTALLATION",
+                                "OPTIONS", "REMARKS", "SECURITY"}) {
     if (equalsBlindly(word, each)) return true;
   }
   return false;

@@ -139,7 +139,7 @@ enum class Keyword : std::uint8_t {
 Keyword keywordOf(std::string_view word);
 
 /// Whether a paragraph of the identification division has this name and holds
-/// comments.
+/// comments, or options, which say nothing of data.
 bool isCommentParagraph(std::string_view word);
 
 /// Whether a data description clause begins with the keyword.

@@ -71,6 +71,7 @@ class Layout {
     std::uint64_t size = 0;
     m_widest = 1;
     for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
+      child->slack = 0;
       if (child->level == kRenamesLevel) continue;
       if (child->redefined != nullptr) {
         placeRedefinition(*child, group, size);
@@ -82,12 +83,14 @@ class Layout {
       std::uint64_t alignment = alignmentOf(*child);
       std::uint64_t slack = (alignment - child->offset % alignment) % alignment;
       child->offset += slack;
+      child->slack = slack;
       size = std::min(size + slack, kLargestSize + 1);
       m_widest = std::max(m_widest, alignment);
     }
     std::uint64_t slack = (m_widest - size % m_widest) % m_widest;
     if (group.occurrences() > 1 && slack != 0) {
       size += slack;
+      group.firstChild->slack += slack;
       for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
         child->offset += slack;
       }

@@ -85,6 +85,16 @@ void Lexer::append(Token& token, std::string& joined) {
   joined += takeWord().text;
 }
 
+// Whether nothing but punctuation stands before the next blank.
+bool Lexer::isPunctuationLast() {
+  std::size_t at = 0;
+  while (ahead(at).is('.') || ahead(at).is(',') || ahead(at).is(';')) {
+    ++at;
+    if (ahead(at).isApart || ahead(at).isEnd()) return true;
+  }
+  return false;
+}
+
 // Everything up to a blank; punctuation ahead of the blank ends the clause.
 Token Lexer::readPicture() {
   m_isPictureNext = false;
@@ -93,11 +103,7 @@ Token Lexer::readPicture() {
               Keyword::none, first.isFirstOnLine, false};
   std::string joined;
   while (isAdjacent(0) && ahead(0).kind != TextWord::Kind::literal) {
-    bool isPunctuation = ahead(0).is('.') || ahead(0).is(',') || ahead(0).is(';');
-    bool isLast = ahead(1).isApart || ahead(1).isEnd();
-    // A separator may follow the period at once.
-    bool isDouble = (ahead(1).is(',') || ahead(1).is(';')) && ahead(2).isApart;
-    if (isPunctuation && (isLast || isDouble)) break;
+    if (isPunctuationLast()) break;
     append(token, joined);
   }
   if (!joined.empty()) token.text = m_pool.keep(std::move(joined));

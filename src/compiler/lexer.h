@@ -53,6 +53,7 @@ class Lexer {
   Token read();
   Token readToken();
   Token readPicture();
+  bool isPunctuationLast();
   Token readWord();
   void joinName(Token& token);
   void joinNumber(Token& token);

@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <charconv>
+#include <vector>
 
 #include "compiler/letters.h"
+#include "compiler/xml_text.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -13,29 +15,57 @@ unsigned digitOf(char c) {
 }
 
 void appendUtf8(std::string& out, unsigned code) {
+  auto following = [&](unsigned shift) {
+    out += static_cast<char>(0x80U | ((code >> shift) & 0x3FU));
+  };
   if (code < 0x80) {
     out += static_cast<char>(code);
   } else if (code < 0x800) {
     out += static_cast<char>(0xC0U | (code >> 6U));
-    out += static_cast<char>(0x80U | (code & 0x3FU));
-  } else {
+    following(0);
+  } else if (code < 0x10000) {
     out += static_cast<char>(0xE0U | (code >> 12U));
-    out += static_cast<char>(0x80U | ((code >> 6U) & 0x3FU));
-    out += static_cast<char>(0x80U | (code & 0x3FU));
+    following(6);
+    following(0);
+  } else {
+    out += static_cast<char>(0xF0U | (code >> 18U));
+    following(12);
+    following(6);
+    following(0);
   }
 }
 
-LiteralContent decodeHexadecimal(std::string_view digits, std::size_t unit) {
+unsigned codeOf(std::string_view digits) {
+  unsigned code = 0;
+  for (char c : digits) code = code * 16 + digitOf(c);
+  return code;
+}
+
+// Bytes beyond ASCII are no text: what they mean lies in the program.
+LiteralContent decodeBytes(std::string_view digits) {
   LiteralContent content;
-  for (std::size_t at = 0; at + unit <= digits.size(); at += unit) {
-    unsigned code = 0;
-    for (char c : digits.substr(at, unit)) code = code * 16 + digitOf(c);
-    if (unit == 2) {
-      content.text += static_cast<char>(code);
-    } else {
-      appendUtf8(content.text, code);
+  for (std::size_t at = 0; at + 2 <= digits.size(); at += 2, ++content.characters) {
+    content.text += static_cast<char>(codeOf(digits.substr(at, 2)));
+    content.isBinary |= static_cast<unsigned char>(content.text.back()) >= 0x80;
+  }
+  return content;
+}
+
+// Units of UTF-16, in which a pair of surrogates is one character.
+LiteralContent decodeNational(std::string_view digits) {
+  constexpr std::size_t kUnit = 4;
+  auto isIn = [](unsigned code, unsigned first) { return code >= first && code < first + 0x400; };
+  LiteralContent content;
+  for (std::size_t at = 0; at + kUnit <= digits.size(); at += kUnit, ++content.characters) {
+    unsigned code = codeOf(digits.substr(at, kUnit));
+    unsigned next = isIn(code, 0xD800) ? codeOf(digits.substr(at + kUnit).substr(0, kUnit)) : 0;
+    if (isIn(next, 0xDC00)) {
+      code = 0x10000 + ((code - 0xD800) << 10U) + (next - 0xDC00);
+      at += kUnit;
+      ++content.characters;
     }
-    ++content.characters;
+    content.isBinary |= code >= 0xD800 && code < 0xE000;
+    appendUtf8(content.text, code);
   }
   return content;
 }
@@ -43,33 +73,34 @@ LiteralContent decodeHexadecimal(std::string_view digits, std::size_t unit) {
 LiteralContent decodeNumber(std::string_view digits, int base) {
   std::uint64_t number = 0;
   std::from_chars(digits.data(), digits.data() + digits.size(), number, base);
-  return {std::to_string(number), 0, true};
+  return {std::to_string(number), 0, true, false};
 }
 
-// `text` again and again, `size` characters, or bytes, long. A character that
-// would be cut is left out.
+// The characters of UTF-8, or the bytes of anything else.
+std::vector<std::string_view> charactersOf(std::string_view text) {
+  std::vector<std::string_view> characters;
+  bool isCharacters = isUtf8(text);
+  for (std::size_t at = 0; at < text.size();) {
+    std::size_t end = at + 1;
+    while (isCharacters && end < text.size() && isFollowingByte(text[end])) ++end;
+    characters.push_back(text.substr(at, end - at));
+    at = end;
+  }
+  return characters;
+}
+
+// `text` again and again, as many characters, or bytes, as there is room for.
 std::optional<std::string> repeated(std::string const& text, std::uint64_t size,
                                     bool countsCharacters = false) {
   if (size > kLongestLiteral || text.empty()) return std::nullopt;
+  std::vector<std::string_view> characters = charactersOf(text);
   std::string result;
   std::uint64_t length = 0;
-  for (std::size_t i = 0; length < size; i = i + 1 == text.size() ? 0 : i + 1) {
-    result += text[i];
-    bool isNew = !isFollowingByte(text[i]);
-    length += !countsCharacters || isNew ? 1U : 0U;
+  for (std::size_t i = 0;; i = (i + 1) % characters.size()) {
+    length += countsCharacters ? 1 : characters[i].size();
+    if (length > size) return result;
+    result += characters[i];
   }
-  // The last character may go on.
-  std::size_t at = result.size() % text.size();
-  for (; at < text.size() && isFollowingByte(text[at]); ++at) {
-    if (countsCharacters) {
-      result += text[at];
-      continue;
-    }
-    while (isFollowingByte(result.back())) result.pop_back();
-    result.pop_back();
-    break;
-  }
-  return result;
 }
 
 // Digits with a sign and a decimal point at will, and blanks around them.
@@ -84,7 +115,9 @@ bool isNumber(std::string_view text) {
 }
 
 std::optional<std::string> textValue(Literal const& value, ValueTarget const& target) {
-  std::string text = decodeLiteral(value.text).text;
+  LiteralContent content = decodeLiteral(value.text);
+  if (content.isBinary || value.isBinary) return std::nullopt;
+  std::string text = std::move(content.text);
   bool isBits = value.text.size() > 2 && toUpper(value.text[0]) == 'B' &&
                 (value.text[1] == '"' || value.text[1] == '\'');
   if (isBits && target.isBoolean) text = value.text.substr(2, value.text.size() - 3);
@@ -105,11 +138,12 @@ LiteralContent decodeLiteral(std::string_view literal) {
   if (quote == std::string_view::npos || literal.size() < quote + 2) return {};
   std::string prefix = upperCase(literal.substr(0, quote));
   std::string_view inside = literal.substr(quote + 1, literal.size() - quote - 2);
-  if (prefix == "X") return decodeHexadecimal(inside, 2);
-  if (prefix == "NX" || prefix == "GX") return decodeHexadecimal(inside, 4);
+  if (prefix == "X") return decodeBytes(inside);
+  if (prefix == "NX" || prefix == "GX") return decodeNational(inside);
   if (prefix == "H") return decodeNumber(inside, 16);
   if (prefix == "B") return decodeNumber(inside, 2);
   LiteralContent content;
+  content.isBinary = prefix == "Z";  // it ends in a NUL
   char mark = literal[quote];
   for (std::size_t i = 0; i < inside.size(); ++i) {
     content.text += inside[i];

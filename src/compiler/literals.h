@@ -18,6 +18,7 @@ struct LiteralContent {
   std::string text;  ///< in UTF-8 where the source is
   std::size_t characters = 0;
   bool isNumber = false;  ///< H"..": the text is a number
+  bool isBinary = false;  ///< holds bytes that no text stands for
 };
 
 /// Takes quotes and prefix off a literal, undoes doubled quotes and decodes

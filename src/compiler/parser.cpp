@@ -187,6 +187,8 @@ void Parser::parseProgramId() {
   if (isName || name.kind == Token::Kind::literal) take();
   while (!isEnd() && peek().kind != Token::Kind::period && !isHeader(0) && !isComment()) take();
   if (peek().kind == Token::Kind::period) take();
+  // Some leave the period behind the paragraph's name out, too.
+  if (isComment()) skipComment();
 }
 
 // Whether a paragraph of the identification division begins that holds any
@@ -195,12 +197,43 @@ bool Parser::isComment() {
   return peek().kind == Token::Kind::word && isCommentParagraph(peek().text);
 }
 
+// A comment may begin a line as a header does, but not in area A, and may
+// name one, but not with a period behind it.
+bool Parser::isHeaderBehindComment() {
+  if (!isHeader(0) || peek().is(Keyword::fd) || peek().is(Keyword::sd)) return false;
+  bool hasPeriod = peek(2).kind == Token::Kind::period;
+  bool isAfterPeriod = m_lastToken.kind == Token::Kind::period;
+  return peek().isFirstOnLine ? hasPeriod || isInAreaA(peek()) : hasPeriod && isAfterPeriod;
+}
+
+bool Parser::isInAreaA(Token const& token) const {
+  constexpr std::size_t kLastColumn = 11;
+  return m_diagnostics.sources().locate(token.place).column <= kLastColumn;
+}
+
+// A record where none belongs: a header before it is missing or misspelt.
+bool Parser::isStrayRecord() {
+  if (m_lastToken.kind != Token::Kind::period || !isEntryStart() || !isInAreaA(peek())) {
+    return false;
+  }
+  std::optional<std::uint64_t> level = integerOf(peek().text);
+  return level == 1 || level == kSingleLevel;
+}
+
+void Parser::reportStrayRecord() {
+  error(Code::syntax, peek().place, "data are described outside of the data division");
+}
+
 void Parser::skipComment() {
   m_data.isProgram = true;
-  do {
+  take();
+  while (!isEnd() && !isHeaderBehindComment()) {
+    if (isStrayRecord()) {
+      reportStrayRecord();
+      return;
+    }
     take();
-  } while (!isEnd() && !(peek().isFirstOnLine && isHeader(0) && !peek().is(Keyword::fd) &&
-                         !peek().is(Keyword::sd)));
+  }
 }
 
 void Parser::parseSection() {

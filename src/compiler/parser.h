@@ -95,6 +95,10 @@ class Parser {
   void parseProgramId();
   bool isComment();
   void skipComment();
+  bool isHeaderBehindComment();
+  bool isInAreaA(Token const& token) const;
+  bool isStrayRecord();
+  void reportStrayRecord();
   void parseSection();
   void unexpected();
 

@@ -18,8 +18,13 @@ bool isSame(TextWord const& left, TextWord const& right) {
 }  // namespace
 
 void ReplacementList::add(Replacement replacement) {
-  // Separators are skipped on both sides.
-  std::erase_if(replacement.from, isSeparator);
+  // Separators are skipped on both sides; a comma in a picture is none.
+  std::vector<TextWord> from;
+  for (std::size_t i = 0; i < replacement.from.size(); ++i) {
+    bool isLast = i + 1 == replacement.from.size() || replacement.from[i + 1].isApart;
+    if (!isSeparator(replacement.from[i]) || !isLast) from.push_back(replacement.from[i]);
+  }
+  replacement.from = std::move(from);
   if (replacement.from.empty()) return;
   std::string first(replacement.from.front().text);
   std::size_t index = m_all.size();

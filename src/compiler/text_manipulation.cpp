@@ -81,6 +81,7 @@ TextWord FileText::next() {
       continue;
     }
     m_isStart = false;
+    word.isComment = m_isComment;
     return word;
   }
 }
@@ -105,7 +106,7 @@ TextWord FileText::scan() {
 
 // SOURCE-COMPUTER. name WITH DEBUGGING MODE.
 void FileText::noteDebugging(TextWord const& word) {
-  if (m_isDebuggingBefore && word.isWord("MODE")) m_context.isDebugging = true;
+  if (m_isDebuggingBefore && !m_isComment && word.isWord("MODE")) m_context.isDebugging = true;
   m_isDebuggingBefore = word.isWord("DEBUGGING");
 }
 
@@ -150,7 +151,7 @@ void FileText::unscan(TextWord const& word) {
 }
 
 bool FileText::handleStatement(TextWord const& word) {
-  if (word.isFirstOnLine) noteComment(word);
+  noteComment(word);
   switch (toUpper(word.text.front())) {
     case 'C':
       // A comment may speak of a copy.
@@ -158,8 +159,8 @@ bool FileText::handleStatement(TextWord const& word) {
       copyStatement(word);
       return true;
     case 'E':
-      if (word.isWord("EXEC") || word.isWord("EXECUTE")) return execBlock(word);
-      break;
+      if (m_isComment || (!word.isWord("EXEC") && !word.isWord("EXECUTE"))) break;
+      return execBlock(word);
     default:
       break;
   }
@@ -171,6 +172,8 @@ bool FileText::handleStatement(TextWord const& word) {
 void FileText::noteComment(TextWord const& word) {
   if (!m_isIdentification) {
     m_isIdentification = word.isWord("PROGRAM-ID") || word.isWord("FUNCTION-ID");
+  } else if (!word.isFirstOnLine) {
+    return;
   } else if (word.isWord("ENVIRONMENT") || word.isWord("DATA") || word.isWord("PROCEDURE")) {
     m_isIdentification = false;
     m_isComment = false;
@@ -320,7 +323,7 @@ bool FileText::mayOpen(Place at, SourceFile const* file) {
 TextWord ReplaceStatements::next() {
   for (;;) {
     TextWord word = m_replacer.next();
-    if (!word.isWord("REPLACE")) return word;
+    if (word.isComment || !word.isWord("REPLACE")) return word;
     TextWord const& following = m_replacer.peekRaw();
     bool isStatement = following.kind == TextWord::Kind::pseudo || following.isWord("OFF") ||
                        following.isWord("ALSO") || following.isWord("LAST") ||

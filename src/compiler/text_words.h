@@ -29,6 +29,7 @@ struct TextWord {
   bool isFirstOnLine = true;  ///< nothing but blanks before it
   bool isOpen = false;        ///< a literal without its closing quote
   bool isDebugging = false;   ///< the first one on a line for debugging
+  bool isComment = false;     ///< of a paragraph with comments
 
   bool is(char symbol) const { return kind == Kind::symbol && text.front() == symbol; }
   bool isWord(std::string_view word) const;

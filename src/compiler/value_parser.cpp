@@ -97,7 +97,9 @@ bool Parser::parseLiteral(Literal& literal) {
 // "a" & 'b' & X"63"
 bool Parser::joinLiterals(Literal& literal) {
   bool isNational = isNationalLiteral(literal.text);
-  std::string content = decodeLiteral(literal.text).text;
+  LiteralContent first = decodeLiteral(literal.text);
+  std::string content = std::move(first.text);
+  literal.isBinary = first.isBinary;
   while (peek().isSymbol('&')) {
     take();
     Token more = peek();
@@ -111,6 +113,7 @@ bool Parser::joinLiterals(Literal& literal) {
       error(Code::literal, more.place, "literals of different kinds are joined");
     }
     content += part.text;
+    literal.isBinary |= part.isBinary;
   }
   if (content.size() > kLongestLiteral) {
     reportLongLiteral(literal.place);
@@ -134,7 +137,8 @@ void Parser::parseValueRanges(DataItem& item) {
   while (isLiteralNext() && !(isEntryStart() && !item.values.empty())) {
     ValueRange range;
     if (!parseLiteral(range.from)) break;
-    if (skip(Keyword::thru) && !parseLiteral(range.to)) {
+    bool isRange = item.level == kConditionLevel && skip(Keyword::thru);
+    if (isRange && !parseLiteral(range.to)) {
       error(Code::value, peek().place, "THRU is followed by no literal");
       break;
     }

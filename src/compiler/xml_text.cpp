@@ -30,15 +30,6 @@ std::size_t utf8Length(std::string_view text) {
   return isOverlong || isBeyond || isSurrogate || isNoCharacter ? 0 : length;
 }
 
-bool isUtf8(std::string_view text) {
-  while (!text.empty()) {
-    std::size_t length = utf8Length(text);
-    if (length == 0) return false;
-    text.remove_prefix(length);
-  }
-  return true;
-}
-
 std::string fromLatin1(std::string_view text) {
   std::string result;
   for (char c : text) {
@@ -59,6 +50,15 @@ bool isPlain(char c) {
 }
 
 }  // namespace
+
+bool isUtf8(std::string_view text) {
+  while (!text.empty()) {
+    std::size_t length = utf8Length(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
 
 bool isXmlText(std::string_view text) {
   return std::none_of(text.begin(), text.end(),

@@ -8,6 +8,9 @@
 
 namespace fdmorph::compiler {
 
+/// Whether a text is UTF-8, of characters that XML knows.
+bool isUtf8(std::string_view text);
+
 /// Whether XML, and a copybook made from it, can hold a text: it has no control
 /// characters.
 bool isXmlText(std::string_view text);

@@ -38,6 +38,10 @@ TEST(Constant, NamesACharacter) {
   EXPECT_EQ(attributeOf(dictionary, "C", "value"), "~");
 }
 
+TEST(Constant, MayBeAHexadecimalNumber) {
+  EXPECT_EQ(lengthOf("78 N VALUE H\"1F\".\n01 A PIC X(N).", "A"), "31");
+}
+
 TEST(Constant, MayBeNegative) {
   EXPECT_EQ(lengthOf("78 M VALUE -1.\n78 N VALUE M + 4.\n01 A PIC X(N).", "A"), "3");
 }

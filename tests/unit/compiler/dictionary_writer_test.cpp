@@ -143,6 +143,37 @@ TEST(DictionaryWriter, FillsAnItemWithAll) {
   EXPECT_EQ(valueOf("PIC X(9000) VALUE ALL \"a\""), std::nullopt);
 }
 
+TEST(DictionaryWriter, FillsWithBytesThatAreNoCharacters) {
+  // Latin-1, and lone bytes of longer characters.
+  EXPECT_EQ(valueOf("PIC X(3) VALUE ALL \"\xB0\""), "\xC2\xB0\xC2\xB0\xC2\xB0");
+  EXPECT_EQ(valueOf("PIC N(2) VALUE ALL N\"\x80\""), "\xC2\x80\xC2\x80");
+  for (int byte = 0x20; byte < 0x100; ++byte) {
+    if (byte == '"') continue;
+    std::string literal = " VALUE ALL \"" + std::string(1, static_cast<char>(byte)) + "\"";
+    EXPECT_TRUE(valueOf("PIC X(2)" + literal)) << byte;
+    EXPECT_TRUE(valueOf("PIC N(2)" + literal)) << byte;
+  }
+}
+
+TEST(DictionaryWriter, LeavesOutBytesThatNoTextStandsFor) {
+  EXPECT_EQ(valueOf("PIC X VALUE X\"41\""), "A");
+  EXPECT_EQ(valueOf("PIC X VALUE X\"E9\""), std::nullopt);
+  EXPECT_EQ(valueOf("PIC X(2) VALUE \"a\" & X\"E9\""), std::nullopt);
+  EXPECT_EQ(valueOf("PIC X(4) VALUE ALL X\"C1\""), std::nullopt);
+  EXPECT_EQ(valueOf("PIC X(4) VALUE Z\"abc\""), std::nullopt);
+  // A pair of surrogates is a character, a lone one is none.
+  EXPECT_EQ(valueOf("PIC N(2) VALUE NX\"D83DDE00\""), "\xF0\x9F\x98\x80");
+  EXPECT_EQ(valueOf("PIC N VALUE NX\"D83D\""), std::nullopt);
+}
+
+TEST(DictionaryWriter, TellsTheBytesThatAlignItems) {
+  std::string dictionary = compile("01 R.\n 05 A PIC X.\n 05 B PIC 9(9) COMP SYNC.").dictionary;
+  EXPECT_NE(dictionary.find("picture=\"X(3)\" length=\"3\" slack=\"true\"/>\n         "
+                            "<numeric name=\"B\""),
+            std::string::npos)
+      << dictionary;
+}
+
 TEST(DictionaryWriter, LeavesOutWhatACopybookCanNotSay) {
   EXPECT_EQ(valueOf("PIC X(2) VALUE X\"0D0A\""), std::nullopt);
   EXPECT_EQ(valueOf("PIC ZZ9 VALUE \"N/A\""), std::nullopt);

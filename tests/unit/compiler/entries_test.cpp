@@ -198,5 +198,51 @@ TEST(Entries, AreNotTakenForMoreWhereANumberIsDue) {
   EXPECT_EQ(compile(tree).diagnostics, "");
 }
 
+TEST(Program, HasItsDataBehindACommentOnTheSameLine) {
+  EXPECT_EQ(lengthInProgram("ID DIVISION. PROGRAM-ID. T. AUTHOR. ME. DATA DIVISION. "
+                            "WORKING-STORAGE SECTION. 01 A PIC X."),
+            "1");
+  EXPECT_EQ(lengthInProgram("PROGRAM-ID. T.\nAUTHOR ME.\nOPTIONS. ROUND UP.\n"
+                            "           FILE SECTION HOLDS ALL.\nDATA DIVISION.\n"
+                            "WORKING-STORAGE SECTION.\n01 A PIC X."),
+            "1");
+}
+
+TEST(Program, ReportsDataBehindACommentOrInTheEnvironment) {
+  for (char const* lines :
+       {"AUTHOR. ME.\nWORKING-STORAGE SECTON.\n01 A PIC X.\nPROCEDURE DIVISION.",
+        "CONFIGURATION SECTION.\nWORKING-STORAGE SECTON.\n1 A PIC X."}) {
+    EXPECT_NE(lengthInProgram("PROGRAM-ID. T.\n" + std::string(lines))
+                  .find("error: data are described outside of the data division [syntax]"),
+              std::string::npos)
+        << lines;
+  }
+}
+
+TEST(Program, MayHaveNumbersInItsEnvironment) {
+  EXPECT_EQ(lengthInProgram("PROGRAM-ID. T.\nENVIRONMENT DIVISION.\nCONFIGURATION SECTION.\n"
+                            "OBJECT-COMPUTER. X MEMORY SIZE\n77 WORDS.\nSPECIAL-NAMES.\n"
+                            "ALPHABET B IS 1 THRU 65,\n77 ALSO 78.\nDATA DIVISION.\n"
+                            "WORKING-STORAGE SECTION.\n01 A PIC X."),
+            "1");
+}
+
+TEST(Program, ObeysNothingInAComment) {
+  EXPECT_EQ(lengthInProgram("ID DIVISION. PROGRAM-ID. T.\n"
+                            "REMARKS. USES COPY M, REPLACE ==X== BY ==Y==, EXEC SQL, AND\n"
+                            "  WITH DEBUGGING MODE.\n"
+                            "DATA DIVISION.\nWORKING-STORAGE SECTION.\n01 A PIC X."),
+            "1");
+}
+
+TEST(Entries, MayEndTheirPictureInAnySeparators) {
+  EXPECT_EQ(lengthOf("01 A PIC 9(3);.", "A"), "3");
+}
+
+TEST(Entries, HaveOneValueButForConditions) {
+  EXPECT_EQ(firstReport("01 A PIC 9 VALUE 1 THRU 2."),
+            "a.cpy:1:27: error: 'THRU' begins no clause of a data description [syntax]");
+}
+
 }  // namespace
 }  // namespace fdmorph::compiler

@@ -122,6 +122,12 @@ TEST_F(Replacing, KeepsItsOrderAmongTextsOfAnyForm) {
   EXPECT_TRUE(attributeOf(dictionary, "B", "length"));
 }
 
+TEST_F(Replacing, TakesACommaInAPictureForWhatItIs) {
+  std::string dictionary =
+      copy("COPY M REPLACING ==PIC ZZZ,ZZ9== BY ==PIC X(20)==.", "01 A PIC ZZZ,ZZ9.");
+  EXPECT_EQ(attributeOf(dictionary, "A", "picture"), "X(20)");
+}
+
 TEST_F(Replacing, SeesSeparatorsBetweenWordsAsBlanks) {
   std::string dictionary = copy("COPY M REPLACING ==A PIC== BY ==B PIC==.", "01 A , PIC X.");
   EXPECT_TRUE(attributeOf(dictionary, "B", "length"));
