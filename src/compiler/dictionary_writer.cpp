@@ -194,7 +194,7 @@ class Writer {
   }
 
   void reportLost(ValueRange const& range) {
-    m_diagnostics.report(Code::valueLost, range.from.place, "the dictionary can't hold this value");
+    m_diagnostics.report(Code::valueLost, range.from.place, "the value is left out of the dictionary");
   }
 
   // Nothing for values that no text stands for.
