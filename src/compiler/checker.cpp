@@ -162,6 +162,11 @@ void Checker::checkRenames(DataItem& item, NameIndex& index) {
     }
   }
   if (ends[0] == nullptr) return;
+  if (ends[1] != nullptr && isInside(ends[1], ends[0])) {
+    m_diagnostics.report(Code::renames, names[1]->place,
+                         quoted(names[1]->name) + " stands in the item that RENAMES begins with");
+    return;
+  }
   DataItem const& last = ends[1] == nullptr ? *ends[0] : *ends[1];
   item.offset = ends[0]->offset;
   std::uint64_t end = last.offset + last.size;

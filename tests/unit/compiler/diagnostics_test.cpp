@@ -57,6 +57,8 @@ INSTANTIATE_TEST_SUITE_P(
                 "a.cpy:1:25: error: 'X\"4\"' is no hexadecimal literal [literal]"},
         Mistake{"01 A.\n 05 B PIC X.\n66 C RENAMES D.",
                 "a.cpy:3:21: error: 'D' is not defined [renames]"},
+        Mistake{"01 R.\n 05 A.\n  10 B PIC X.\n66 C RENAMES A THRU B.",
+                "a.cpy:4:28: error: 'B' stands in the item that RENAMES begins with [renames]"},
         Mistake{"COPY M.", "a.cpy:1:13: error: copy member 'M' is not found [copy-missing]"},
         Mistake{"COPY .",
                 "a.cpy:1:8: error: COPY is not followed by the name of a member [copy-syntax]"},
