@@ -194,7 +194,8 @@ class Writer {
   }
 
   void reportLost(ValueRange const& range) {
-    m_diagnostics.report(Code::valueLost, range.from.place, "the value is left out of the dictionary");
+    m_diagnostics.report(Code::valueLost, range.from.place,
+                         "the value is left out of the dictionary");
   }
 
   // Nothing for values that no text stands for.
