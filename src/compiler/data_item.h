@@ -88,8 +88,7 @@ struct DataItem {
   bool isJustified = false;
   bool isBlankWhenZero = false;
   bool isSynchronized = false;
-  bool isUnsigned = false;  ///< a binary usage without a picture
-  bool hasValue = false;
+  bool isUnsigned = false;    ///< a binary usage without a picture
   bool isIncomplete = false;  ///< a picture or members that were reported are missing
   Usage usage = Usage::none;
   SignClause sign;

@@ -32,7 +32,6 @@ class Diagnostics {
 
   bool hasErrors() const { return m_errors != 0; }
   std::size_t errorCount() const { return m_errors; }
-  std::size_t warningCount() const { return m_warnings; }
 
   /// Everything noted, in the order of the source: a line
   /// `FILE:LINE:COLUMN: error: TEXT [code]`, the source line, a caret, and a

@@ -260,7 +260,6 @@ Picture analysePicture(std::string_view text, PictureRules rules, ConstantLookup
   }
   findSize(read.runs, rules.currencySize, picture);
   picture.isSigned = counts.has("S");
-  picture.isScaled = counts.has("P");
   picture.category = findCategory(read.runs, counts, picture);
   if (picture.isSigned && picture.category == Category::numericEdited) {
     picture.warnings.emplace_back("'S' has no meaning in an edited picture");

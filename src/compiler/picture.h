@@ -35,7 +35,6 @@ struct Picture {
   std::uint32_t digits = 0;  ///< of the number: nines and scaling positions
   std::uint32_t scale = 0;   ///< of these behind the decimal point
   bool isSigned = false;
-  bool isScaled = false;   ///< has the symbol P
   bool isBoolean = false;  ///< made of the symbol 1
 
   bool isValid() const { return errors.empty(); }

@@ -126,7 +126,6 @@ bool Parser::joinLiterals(Literal& literal) {
 void Parser::parseValue(Entry& entry) {
   DataItem& item = *entry.item;
   if (!skip(Keyword::is)) skip(Keyword::are);
-  item.hasValue = true;
   parseValueRanges(item);
   if (item.values.empty()) {
     error(Code::value, peek().place, "VALUE is followed by " + describe(peek()) + ", no literal");
