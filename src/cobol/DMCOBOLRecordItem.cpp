@@ -29,7 +29,7 @@ void CDMCOBOLRecordItem::setCOBOLDataName(std::string_view& target, std::string_
 CDMCOBOLRecordItem::Writability CDMCOBOLRecordItem::checkWritable() const {
   if (levelNumber < 0 || minOccurs.empty() || dataName.empty()) return Writability::silent;
   if (levelNumber == kConditionLevel && !itemValue.empty()) return Writability::writable;
-  if (levelNumber < 1 || levelNumber > kHighestLevel) return Writability::silent;
+  if (levelNumber < 1 || levelNumber > kMaxLevel) return Writability::silent;
   bool isWritable = false;
   if (!pictureSymbol.empty()) {
     isWritable = !pictureSize.empty();

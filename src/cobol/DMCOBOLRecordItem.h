@@ -9,13 +9,13 @@
 #include <string_view>
 #include <vector>
 
-#include "cobol/text_pool.h"
+#include "text/text_pool.h"
 #include "xml/DMXMLElement.h"
 
 namespace fdmorph {
 
 inline constexpr int kConditionLevel = 88;
-inline constexpr int kHighestLevel = 49;
+inline constexpr int kMaxLevel = 49;
 
 /// Where a type derivation has left an item.
 enum class DerivationKind : unsigned {

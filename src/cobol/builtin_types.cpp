@@ -1,20 +1,13 @@
 #include "cobol/builtin_types.h"
 
-#include <algorithm>
-#include <array>
+#include "text/name_table.h"
 
 namespace fdmorph {
 namespace {
 
-struct BuiltinType {
-  std::string_view name;
-  BuiltinTypeClass typeClass;
-};
-
 using enum BuiltinTypeClass;
 
-// Sorted by name, for the binary search.
-constexpr std::array<BuiltinType, 44> kBuiltinTypes{{
+constexpr auto kBuiltinTypes = makeNameTable<BuiltinTypeClass>({
     {"CDATA", character},
     {"ENTITIES", list},
     {"ENTITY", character},
@@ -59,20 +52,13 @@ constexpr std::array<BuiltinType, 44> kBuiltinTypes{{
     {"unsignedInt", unsignedInteger},
     {"unsignedLong", unsignedInteger},
     {"unsignedShort", unsignedInteger},
-}};
-
-constexpr bool byName(BuiltinType const& left, BuiltinType const& right) {
-  return left.name < right.name;
-}
-static_assert(std::is_sorted(kBuiltinTypes.begin(), kBuiltinTypes.end(), byName));
+});
+static_assert(kBuiltinTypes.isSorted());
 
 }  // namespace
 
 BuiltinTypeClass builtinTypeClass(std::string_view localName) {
-  auto found = std::lower_bound(kBuiltinTypes.begin(), kBuiltinTypes.end(),
-                                BuiltinType{localName, unknown}, byName);
-  bool isKnown = found != kBuiltinTypes.end() && found->name == localName;
-  return isKnown ? found->typeClass : unknown;
+  return kBuiltinTypes.find(localName, unknown);
 }
 
 }  // namespace fdmorph

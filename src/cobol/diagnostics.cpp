@@ -7,7 +7,7 @@
 namespace fdmorph {
 namespace {
 
-constexpr unsigned kHighestOneDigitLevel = 9;
+constexpr unsigned kMaxOneDigitLevel = 9;
 
 }  // namespace
 
@@ -16,7 +16,7 @@ void CDMCOBOLGenerator::writeIndent(unsigned count) {
 }
 
 void CDMCOBOLGenerator::writeLevelNumber(unsigned level) {
-  out() << (level <= kHighestOneDigitLevel ? "0" : "") << static_cast<long long>(level) << "  "
+  out() << (level <= kMaxOneDigitLevel ? "0" : "") << static_cast<long long>(level) << "  "
         << std::flush;
 }
 

@@ -13,7 +13,7 @@ constexpr int kLastColumn = 72;
 constexpr int kNothingYet = 73;             // column of a logical line without text
 constexpr int kAreaA = 7;                   // offset of the first line's text
 constexpr int kWrappedText = 10;            // offset of a wrapped line's text
-constexpr int kWidestMargin = 61;           // leaves one column on a wrapped line
+constexpr int kMaxMargin = 61;              // leaves one column on a wrapped line
 constexpr int kSafeMargin = 60;             // and one behind a reopening quote
 constexpr std::size_t kExpectedText = 256;  // bytes; saves growing in small steps
 constexpr std::string_view kMovedPrefix = "          ";
@@ -41,7 +41,7 @@ std::size_t endOfRun(std::string_view line, std::size_t at, bool ofDelimiters) {
 }  // namespace
 
 FixedFormatLayout::FixedFormatLayout(int margin, bool isComment)
-    : m_margin(margin > kWidestMargin ? kSafeMargin : margin),
+    : m_margin(margin > kMaxMargin ? kSafeMargin : margin),
       m_isComment(isComment),
       m_column(kNothingYet) {
   m_text.reserve(kExpectedText);

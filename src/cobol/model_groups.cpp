@@ -78,7 +78,7 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::convertGroup(CDMXMLElement* element, Walk
 CDMCOBOLRecordItem* CDMCOBOLGenerator::walkDefinition(CDMXMLElement* definition,
                                                       std::string_view text, unsigned level,
                                                       unsigned indent, ItemSlot& slot) {
-  if (m_open.wouldGoRound(definition)) {
+  if (m_open.wouldRecurse(definition)) {
     reportRecursion(text);
     return nullptr;
   }

@@ -4,7 +4,7 @@
 
 namespace fdmorph {
 
-bool OpenDefinitions::wouldGoRound(CDMXMLElement const* definition) const {
+bool OpenDefinitions::wouldRecurse(CDMXMLElement const* definition) const {
   auto opened = m_openedAt.find(definition);
   return opened != m_openedAt.end() && opened->second == m_guardedHops;
 }

@@ -16,7 +16,7 @@ namespace fdmorph {
 class OpenDefinitions {
  public:
   /// Whether an unguarded hop into `definition` would go round for ever.
-  bool wouldGoRound(CDMXMLElement const* definition) const;
+  bool wouldRecurse(CDMXMLElement const* definition) const;
 
   /// Whether `definition` has been opened, or noted, in this record.
   bool hasSeen(CDMXMLElement const* definition) const { return m_openedAt.contains(definition); }

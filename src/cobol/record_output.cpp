@@ -7,7 +7,7 @@
 namespace fdmorph {
 namespace {
 
-constexpr int kHighestOneDigitLevel = 9;
+constexpr int kMaxOneDigitLevel = 9;
 
 bool hasNumericSymbol(CDMCOBOLRecordItem const& item) {
   return item.pictureSymbol == "9" || item.pictureSymbol == "S9";
@@ -35,7 +35,7 @@ bool RecordOutput::OutputCOBOLItem(CDMCOBOLRecordItem* item) {
 
 void RecordOutput::buildLogicalLine(CDMCOBOLRecordItem const& item) {
   m_line.assign(static_cast<std::size_t>(item.indent), ' ');
-  if (item.levelNumber <= kHighestOneDigitLevel) m_line += '0';
+  if (item.levelNumber <= kMaxOneDigitLevel) m_line += '0';
   m_line += std::to_string(item.levelNumber);
   m_line += ' ';
   m_line += m_options.prefix;

@@ -3,7 +3,7 @@
 namespace fdmorph {
 
 CDMCOBOLRecordItem* RecordStore::create() {
-  if (m_live == kMostItems) throw RecordTooLarge();
+  if (m_live == kMaxItems) throw RecordTooLarge();
   ++m_live;
   if (m_released.empty()) return m_items.create();
   CDMCOBOLRecordItem* item = m_released.back();

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "cobol/DMCOBOLRecordItem.h"
-#include "cobol/text_pool.h"
 #include "text/arena.h"
+#include "text/text_pool.h"
 
 namespace fdmorph {
 
@@ -18,7 +18,7 @@ struct RecordTooLarge {};
 /// released or the store is cleared, whatever list it stands in or not.
 class RecordStore {
  public:
-  static constexpr std::size_t kMostItems = 5'000'000;
+  static constexpr std::size_t kMaxItems = 5'000'000;
 
   /// A fresh item with the default values.
   CDMCOBOLRecordItem* create();

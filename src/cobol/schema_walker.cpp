@@ -113,7 +113,7 @@ bool CDMCOBOLGenerator::convertHeadElement(CDMXMLElement* element, WalkFrame con
     std::string_view name;
     findAttrByName(element, "name", name);
     err() << "Error : Record of " << name << " exceeds "
-          << static_cast<long long>(RecordStore::kMostItems) << " items" << endLine;
+          << static_cast<long long>(RecordStore::kMaxItems) << " items" << endLine;
   }
   m_store.clear();
   m_open.clear();

@@ -59,7 +59,7 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::makeValueItem(CDMCOBOLRecordItem* item) {
 void CDMCOBOLGenerator::moveValueToChild(CDMXMLElement const* element, CDMCOBOLRecordItem* item) {
   if (item == nullptr || item->isAttribute || item->children.empty()) return;
   CDMCOBOLRecordItem const* first = item->children.front();
-  if (first == nullptr || first->levelNumber > kHighestLevel) return;
+  if (first == nullptr || first->levelNumber > kMaxLevel) return;
   std::string_view mixed;
   if (findAttrByName(element, "mixed", mixed) && mixed != "false") return;
   if (item->pictureSymbol.empty()) return;

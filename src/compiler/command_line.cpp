@@ -17,17 +17,17 @@ class Reader {
 
   CommandLine read() {
     findSource();
-    for (std::size_t i = 0; i < m_arguments.size() && m_result.mistake.empty(); ++i) {
+    for (std::size_t i = 0; i < m_arguments.size() && m_result.error.empty(); ++i) {
       if (i != m_source) readArgument(m_arguments[i]);
       if (m_result.action == CommandLine::Action::help ||
           m_result.action == CommandLine::Action::version) {
         return m_result;
       }
     }
-    if (m_result.mistake.empty() && m_result.sourcePath.empty()) {
-      m_result.mistake = "no source is named";
+    if (m_result.error.empty() && m_result.sourcePath.empty()) {
+      m_result.error = "no source is named";
     }
-    if (!m_result.mistake.empty()) m_result.action = CommandLine::Action::usageError;
+    if (!m_result.error.empty()) m_result.action = CommandLine::Action::usageError;
     return m_result;
   }
 
@@ -58,26 +58,26 @@ class Reader {
     } else if (argument.starts_with("@")) {
       readFile(withoutQuotes(argument.substr(1)));
     } else if (argument.starts_with("-")) {
-      m_result.mistake = "unknown option " + argument;
+      m_result.error = "unknown option " + argument;
     } else if (m_isAfterOption) {
       apply(argument);
     } else if (!argument.empty()) {
-      m_result.mistake = "more than one source is named";
+      m_result.error = "more than one source is named";
     }
   }
 
   void apply(std::string const& text) {
     if (auto wrong = applyDirectives(text, m_result.directives)) {
-      m_result.mistake = "wrong parameter in directive " + *wrong;
+      m_result.error = "wrong parameter in directive " + *wrong;
     }
   }
 
   void readFile(std::string const& name) {
     std::optional<std::string> content = m_tree.read(name);
     if (!content) {
-      m_result.mistake = "can't read directive file " + name + ": " + whyUnreadable(name);
+      m_result.error = "can't read directive file " + name + ": " + whyUnreadable(name);
     } else if (auto wrong = applyDirectiveFile(*content, m_result.directives)) {
-      m_result.mistake = "wrong parameter in directive " + *wrong + " in " + name;
+      m_result.error = "wrong parameter in directive " + *wrong + " in " + name;
     }
   }
 

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "compiler/directives.h"
-#include "compiler/sources.h"
+#include "source/source_files.h"
 
 namespace fdmorph::compiler {
 
@@ -15,7 +15,7 @@ struct CommandLine {
   Action action = Action::compile;
   std::string sourcePath;
   Directives directives;
-  std::string mistake;  ///< of a usage error
+  std::string error;  ///< of a usage error
 };
 
 /// Reads `zbc [-C DIRECTIVE ...]... [@FILE] SOURCE`. The source is the first

@@ -4,10 +4,10 @@
 #include <cstdio>
 #include <new>
 
-#include "compiler/checker.h"
-#include "compiler/file_replacement.h"
-#include "compiler/parser.h"
-#include "compiler/text_manipulation.h"
+#include "preprocess/text_manipulation.h"
+#include "semantics/checker.h"
+#include "syntax/parser.h"
+#include "text/file_replacement.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -54,8 +54,9 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
     data.programName = baseName(path);
     Parser(lexer, pool, context.variables, diagnostics, data).parse();
     Checker(data, diagnostics).check();
-    if (!diagnostics.hasErrors() && !data.isProgram && data.isEmpty() && context.letter.isKnown()) {
-      diagnostics.report(Code::leftOut, context.letter,
+    if (!diagnostics.hasErrors() && !data.isProgram && data.isEmpty() &&
+        context.indicatorLetter.isKnown()) {
+      diagnostics.report(Code::leftOut, context.indicatorLetter,
                          "a letter in column 7 leaves lines out, and the others hold no data");
     }
     if (directives.writesDictionary && !diagnostics.hasErrors()) {
@@ -63,11 +64,11 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
     }
   }
   result.diagnostics = diagnostics.print();
-  result.status = diagnostics.hasErrors() ? kWrong : kRight;
+  result.status = diagnostics.hasErrors() ? kStatusError : kStatusOk;
   return result;
 }
 
-int runCompiler(std::vector<std::string> const& arguments) {
+int compilerMain(std::vector<std::string> const& arguments) {
   // Files that grow too large and readers that went away make writing fail.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
@@ -75,32 +76,32 @@ int runCompiler(std::vector<std::string> const& arguments) {
   CommandLine line = readCommandLine(arguments, tree);
   switch (line.action) {
     case CommandLine::Action::help:
-      return print(stdout, usageText()) ? kRight : kWrong;
+      return print(stdout, usageText()) ? kStatusOk : kStatusError;
     case CommandLine::Action::version:
-      return print(stdout, std::string("zbc ") + kVersion + "\n") ? kRight : kWrong;
+      return print(stdout, std::string("zbc ") + kVersion + "\n") ? kStatusOk : kStatusError;
     case CommandLine::Action::usageError:
-      print(stderr, "zbc: " + line.mistake + "\n" + usageText());
-      return kUsageError;
+      print(stderr, "zbc: " + line.error + "\n" + usageText());
+      return kStatusUsageError;
     case CommandLine::Action::compile:
       break;
   }
   std::string target = dictionaryPath(line.sourcePath);
   if (line.directives.writesDictionary && target == line.sourcePath) {
     print(stderr, "zbc: the dictionary would replace its source " + target + "\n");
-    return kUsageError;
+    return kStatusUsageError;
   }
   CompilationResult result;
   try {
     result = compileSource(line.sourcePath, line.directives, tree);
   } catch (std::bad_alloc const&) {
     print(stderr, "zbc: error: the source needs more memory than there is [size]\n");
-    return kWrong;
+    return kStatusError;
   }
   print(stderr, result.diagnostics);
   if (result.dictionary.empty()) return result.status;
   if (std::optional<std::string> why = replaceFile(target, result.dictionary)) {
     print(stderr, "zbc: error: can't write " + target + ": " + *why + " [file]\n");
-    return kWrong;
+    return kStatusError;
   }
   return result.status;
 }

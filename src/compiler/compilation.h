@@ -9,13 +9,13 @@ namespace fdmorph::compiler {
 
 inline constexpr char kVersion[] = "1.0";
 
-inline constexpr int kRight = 0;
-inline constexpr int kWrong = 1;
-inline constexpr int kUsageError = 2;
+inline constexpr int kStatusOk = 0;
+inline constexpr int kStatusError = 1;
+inline constexpr int kStatusUsageError = 2;
 
 /// What a compilation leaves.
 struct CompilationResult {
-  int status = kRight;
+  int status = kStatusOk;
   std::string diagnostics;
   std::string dictionary;  ///< empty if none is wanted or there were errors
 };
@@ -28,6 +28,6 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
 std::string dictionaryPath(std::string const& sourcePath);
 
 /// The compiler's `main`.
-int runCompiler(std::vector<std::string> const& arguments);
+int compilerMain(std::vector<std::string> const& arguments);
 
 }  // namespace fdmorph::compiler

@@ -5,9 +5,9 @@
 #include <unordered_map>
 #include <vector>
 
-#include "compiler/item_rules.h"
-#include "compiler/literals.h"
-#include "compiler/xml_text.h"
+#include "semantics/item_rules.h"
+#include "semantics/values.h"
+#include "text/xml_text.h"
 
 namespace fdmorph::compiler {
 namespace {

@@ -5,8 +5,8 @@
 
 #include <string>
 
-#include "compiler/data_item.h"
-#include "compiler/diagnostics.h"
+#include "semantics/data_item.h"
+#include "source/diagnostics.h"
 
 namespace fdmorph::compiler {
 

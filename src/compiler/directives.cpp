@@ -4,17 +4,17 @@
 #include <array>
 #include <charconv>
 
-#include "compiler/letters.h"
-#include "compiler/source_directives.h"
+#include "source/source_directives.h"
+#include "text/letter_case.h"
 
 namespace fdmorph::compiler {
 namespace {
 
-constexpr unsigned kMostTabs = 255;
+constexpr unsigned kMaxTabs = 255;
 
 bool setDictionary(std::string_view parameter, Directives& directives) {
-  bool isFile = equalsBlindly(parameter, "FILE");
-  if (!isFile && !equalsBlindly(parameter, "WS")) return false;
+  bool isFile = equalsIgnoringCase(parameter, "FILE");
+  if (!isFile && !equalsIgnoringCase(parameter, "WS")) return false;
   directives.writesDictionary = true;
   directives.order = isFile ? DictionaryOrder::filesFirst : DictionaryOrder::workingStorageFirst;
   return true;
@@ -30,7 +30,7 @@ bool setTabs(std::string_view parameter, Directives& directives) {
   unsigned tabs = 0;
   auto [end, fault] = std::from_chars(parameter.data(), parameter.data() + parameter.size(), tabs);
   bool isGood = fault == std::errc() && end == parameter.data() + parameter.size() && tabs > 0 &&
-                tabs <= kMostTabs;
+                tabs <= kMaxTabs;
   if (isGood) directives.reading.tabs = tabs;
   return isGood;
 }
@@ -135,7 +135,7 @@ std::optional<std::string> applyDirectives(std::string_view text, Directives& di
   DirectiveReader reader(text);
   while (reader.next()) {
     auto found = std::find_if(kDirectives.begin(), kDirectives.end(), [&](Entry const& each) {
-      return equalsBlindly(each.name, reader.name);
+      return equalsIgnoringCase(each.name, reader.name);
     });
     if (found == kDirectives.end()) {
       std::string name = upperCase(reader.name);

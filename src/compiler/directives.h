@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "compiler/copy_search.h"
 #include "compiler/dictionary_writer.h"
-#include "compiler/source_reader.h"
+#include "preprocess/copy_search.h"
+#include "source/source_reader.h"
 
 namespace fdmorph::compiler {
 

@@ -2,5 +2,5 @@
 #include "compiler/compilation.h"
 
 int main(int count, char** arguments) {
-  return fdmorph::compiler::runCompiler({arguments + (count > 0 ? 1 : 0), arguments + count});
+  return fdmorph::compiler::compilerMain({arguments + (count > 0 ? 1 : 0), arguments + count});
 }

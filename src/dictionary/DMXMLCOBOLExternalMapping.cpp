@@ -11,7 +11,7 @@ namespace {
 constexpr std::uint64_t kHashStart = 14695981039346656037U;
 constexpr std::uint64_t kHashPrime = 1099511628211U;
 
-std::uint64_t carryHash(std::uint64_t hash, std::string_view text) {
+std::uint64_t extendHash(std::uint64_t hash, std::string_view text) {
   for (char c : text) hash = (hash ^ static_cast<unsigned char>(c)) * kHashPrime;
   return hash;
 }
@@ -88,7 +88,7 @@ std::vector<CDMXMLCOBOLMapping const*> const& CDMXMLCOBOLExternalMapping::entrie
   static std::vector<CDMXMLCOBOLMapping const*> const kNone;
   for (; m_indexed < mappingList.size(); ++m_indexed) {
     CDMXMLCOBOLMapping const* entry = mappingList[m_indexed];
-    m_byHash[carryHash(kHashStart, entry->cobolName)].push_back(entry);
+    m_byHash[extendHash(kHashStart, entry->cobolName)].push_back(entry);
   }
   auto found = m_byHash.find(hash);
   return found == m_byHash.end() ? kNone : found->second;
@@ -110,8 +110,8 @@ CDMXMLCOBOLExternalMapping::Hash CDMXMLCOBOLExternalMapping::qualifiedHash(
   }
   std::reverse(path.begin(), path.end());
   for (CDMXMLElement const* named : path) {
-    if (!isFirst) hash = carryHash(hash, ".");
-    hash = carryHash(hash, dataNameOf(named));
+    if (!isFirst) hash = extendHash(hash, ".");
+    hash = extendHash(hash, dataNameOf(named));
     isFirst = false;
     m_hashes.emplace(named, hash);
   }
@@ -127,7 +127,7 @@ CDMXMLCOBOLMapping const* CDMXMLCOBOLExternalMapping::findMapping(CDMXMLElement 
 }
 
 CDMXMLCOBOLMapping const* CDMXMLCOBOLExternalMapping::findMapping(std::string_view name) const {
-  for (CDMXMLCOBOLMapping const* entry : entriesOf(carryHash(kHashStart, name))) {
+  for (CDMXMLCOBOLMapping const* entry : entriesOf(extendHash(kHashStart, name))) {
     if (entry->cobolName == name) return entry;
   }
   return nullptr;

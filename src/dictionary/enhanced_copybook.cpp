@@ -14,7 +14,7 @@ namespace {
 
 constexpr unsigned kMargin = 7;  // blanks ahead of level 0
 constexpr unsigned kRenamesLevel = 66;
-constexpr unsigned kHighestPaddedLevel = 8;
+constexpr unsigned kMaxPaddedLevel = 8;
 
 void warnRedefines(std::string const& line) {
   err() << "Warning : The redefines clause is not supported by this version of the COBOL runtime. "
@@ -66,7 +66,7 @@ bool CDMXMLGenerator::writeCopybookItem(CDMXMLElement const* element, unsigned l
     std::optional<std::string_view> name = attributeOf(element->getParent(), "name");
     if (name) (line += prefix) += *name;
   } else {
-    if (!isRenames && level <= kHighestPaddedLevel) line += '0';
+    if (!isRenames && level <= kMaxPaddedLevel) line += '0';
     line += std::to_string(level) + ' ';
     std::optional<std::string_view> name = attributeOf(element, "name");
     if (name) (line += prefix) += *name;

@@ -14,7 +14,7 @@ namespace {
 
 int run(int argc, char** argv) {
   if (argc <= 1) {
-    Usage();
+    printUsage();
     return 0;
   }
   Settings settings;

@@ -167,7 +167,7 @@ int runCobolToSchema(Settings const& settings) {
   if (!isProgram && !hasExtension(files.extension, ".CPY")) {
     out() << "Error : Unrecognized file type \"" << settings.sourceFile << "\"" << endLine
           << endLine;
-    Usage();
+    printUsage();
     return stop();
   }
   chooseCompilerFiles(settings.sourceFile, files);

@@ -144,7 +144,7 @@ std::optional<int> ArgumentScan::takeFileName() {
     m_settings.schemaFile = name;
   } else {
     reportUnrecognizedType(m_settings.givenName);
-    Usage();
+    printUsage();
     return stop(kStopped);
   }
   return std::nullopt;
@@ -154,7 +154,7 @@ std::optional<int> ArgumentScan::takeOption() {
   switch (identify(m_argv[m_index])) {
     case OptionId::question:
     case OptionId::help:
-      Usage();
+      printUsage();
       return stop(0);
     case OptionId::copybook:
       takeValue("-C", m_settings.copybookFile);

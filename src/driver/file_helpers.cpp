@@ -16,14 +16,14 @@
 namespace fdmorph {
 namespace {
 
-constexpr std::size_t kLongestAnswer = 1023;  // bytes of a line that are kept
+constexpr std::size_t kMaxAnswerLength = 1023;  // bytes of a line that are kept
 
 // False at the end of the input.
 bool readAnswer(std::string& answer) {
   answer.clear();
   for (int c = std::cin.get(); c != std::char_traits<char>::eof(); c = std::cin.get()) {
     if (c == '\n') return true;
-    if (answer.size() < kLongestAnswer) answer += static_cast<char>(c);
+    if (answer.size() < kMaxAnswerLength) answer += static_cast<char>(c);
   }
   return !answer.empty();
 }

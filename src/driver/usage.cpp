@@ -53,7 +53,7 @@ constexpr std::array kUsageLines{
 
 }  // namespace
 
-void Usage() {
+void printUsage() {
   for (char const* line : kUsageLines) out() << line << endLine;
 }
 

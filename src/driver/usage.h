@@ -4,6 +4,6 @@
 namespace fdmorph {
 
 /// Prints the usage text on the standard output stream.
-void Usage();
+void printUsage();
 
 }  // namespace fdmorph

@@ -1,18 +1,11 @@
 #include "schema/element_kind.h"
 
-#include <algorithm>
-#include <array>
+#include "text/name_table.h"
 
 namespace fdmorph {
 namespace {
 
-struct KindName {
-  std::string_view name;
-  SchemaElementKind kind;
-};
-
-// Sorted by name, for the binary search.
-constexpr std::array<KindName, 28> kKindNames{{
+constexpr auto kKindNames = makeNameTable<SchemaElementKind>({
     {"all", SchemaElementKind::all},
     {"any", SchemaElementKind::any},
     {"anyAttribute", SchemaElementKind::anyAttribute},
@@ -41,20 +34,13 @@ constexpr std::array<KindName, 28> kKindNames{{
     {"simpleType", SchemaElementKind::simpleType},
     {"union", SchemaElementKind::unionOf},
     {"unique", SchemaElementKind::unique},
-}};
-
-constexpr bool byName(KindName const& left, KindName const& right) {
-  return left.name < right.name;
-}
-static_assert(std::is_sorted(kKindNames.begin(), kKindNames.end(), byName));
+});
+static_assert(kKindNames.isSorted());
 
 }  // namespace
 
 SchemaElementKind schemaElementKind(std::string_view localName) {
-  auto found = std::lower_bound(kKindNames.begin(), kKindNames.end(),
-                                KindName{localName, SchemaElementKind::other}, byName);
-  bool isKnown = found != kKindNames.end() && found->name == localName;
-  return isKnown ? found->kind : SchemaElementKind::other;
+  return kKindNames.find(localName, SchemaElementKind::other);
 }
 
 }  // namespace fdmorph

@@ -16,7 +16,7 @@ class Arena {
  public:
   Object* create() {
     if (m_used == m_size) {
-      m_size = m_blocks.empty() ? kFirstBlock : std::min(2 * m_size, kLargestBlock);
+      m_size = m_blocks.empty() ? kFirstBlock : std::min(2 * m_size, kMaxBlock);
       m_blocks.push_back(std::make_unique<Object[]>(m_size));
       m_used = 0;
     }
@@ -30,7 +30,7 @@ class Arena {
 
  private:
   static constexpr std::size_t kFirstBlock = 8;
-  static constexpr std::size_t kLargestBlock = 512;
+  static constexpr std::size_t kMaxBlock = 512;
 
   std::vector<std::unique_ptr<Object[]>> m_blocks;
   std::size_t m_size = 0;  // objects of the last block

@@ -11,7 +11,7 @@ Console console;
 namespace {
 
 constexpr char kNotice[] = "Converts between COBOL data definitions and XML Schema";
-constexpr int kHighestStatus = 255;
+constexpr int kMaxStatus = 255;
 
 bool beginsWith(char const* text, std::string_view head) {
   return my_strnicmp(text, head.data(), static_cast<int>(head.size())) == 0;
@@ -132,7 +132,7 @@ bool flushConsole() {
 }
 
 int reportStatus() {
-  return std::min(console.m_nErrorCount + console.m_nWarningCount, kHighestStatus);
+  return std::min(console.m_nErrorCount + console.m_nWarningCount, kMaxStatus);
 }
 
 }  // namespace fdmorph

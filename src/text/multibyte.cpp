@@ -11,7 +11,7 @@ namespace fdmorph {
 namespace {
 
 constexpr std::size_t kInvalid = static_cast<std::size_t>(-1);
-constexpr int kLongestInt = 12;
+constexpr int kMaxIntSize = 12;
 
 int lower(char c) {
   return std::tolower(static_cast<unsigned char>(c));
@@ -76,9 +76,9 @@ int my_strnicmp(char const* left, char const* right, int n) {
 
 void itoa(int value, char* buffer, int radix) {
   if (radix == 10) {
-    std::snprintf(buffer, kLongestInt, "%d", value);
+    std::snprintf(buffer, kMaxIntSize, "%d", value);
   } else if (radix == 16) {
-    std::snprintf(buffer, kLongestInt, "%X", static_cast<unsigned>(value));
+    std::snprintf(buffer, kMaxIntSize, "%X", static_cast<unsigned>(value));
   }
 }
 

@@ -85,8 +85,8 @@ bool hasControls(std::string_view text) {
 }
 
 void check(CompilationResult const& result) {
-  bool isRight = result.status == kRight;
-  if (!isRight && result.status != kWrong) fail("the status is unknown", result);
+  bool isRight = result.status == kStatusOk;
+  if (!isRight && result.status != kStatusError) fail("the status is unknown", result);
   bool hasError = result.diagnostics.find(" error: ") != std::string::npos;
   if (!isRight && !hasError) fail("nothing says why the source is wrong", result);
   if (hasControls(result.diagnostics)) fail("the diagnostics hold control characters", result);

@@ -18,43 +18,43 @@ class OpenDefinitionsTest : public testing::Test {
 };
 
 TEST_F(OpenDefinitionsTest, ClosedDefinitionCanBeEntered) {
-  EXPECT_FALSE(open.wouldGoRound(&type));
+  EXPECT_FALSE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, OpenDefinitionCannotBeEnteredAgain) {
   Scope scope(open, &type, Hop::unguarded);
-  EXPECT_TRUE(open.wouldGoRound(&type));
-  EXPECT_FALSE(open.wouldGoRound(&other));
+  EXPECT_TRUE(open.wouldRecurse(&type));
+  EXPECT_FALSE(open.wouldRecurse(&other));
 }
 
 TEST_F(OpenDefinitionsTest, DefinitionOpenedByAGuardedHopCannotBeEnteredAgainEither) {
   Scope scope(open, &type, Hop::guarded);
-  EXPECT_TRUE(open.wouldGoRound(&type));
+  EXPECT_TRUE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, UnguardedHopsInBetweenChangeNothing) {
   Scope scope(open, &type, Hop::unguarded);
   Scope inner(open, &other, Hop::unguarded);
-  EXPECT_TRUE(open.wouldGoRound(&type));
+  EXPECT_TRUE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, GuardedHopInBetweenMakesTheWayFree) {
   Scope scope(open, &type, Hop::unguarded);
   Scope inner(open, &other, Hop::guarded);
-  EXPECT_FALSE(open.wouldGoRound(&type));
-  EXPECT_TRUE(open.wouldGoRound(&other));
+  EXPECT_FALSE(open.wouldRecurse(&type));
+  EXPECT_TRUE(open.wouldRecurse(&other));
 }
 
 TEST_F(OpenDefinitionsTest, WayIsClosedAgainWhenTheGuardedHopIsOver) {
   Scope scope(open, &type, Hop::unguarded);
   { Scope inner(open, &other, Hop::guarded); }
-  EXPECT_TRUE(open.wouldGoRound(&type));
+  EXPECT_TRUE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, DefinitionIsClosedWhenItsScopeEnds) {
   { Scope scope(open, &type, Hop::unguarded); }
   { Scope scope(open, &type, Hop::guarded); }
-  EXPECT_FALSE(open.wouldGoRound(&type));
+  EXPECT_FALSE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, DefinitionOpenedAgainIsJudgedByItsLastOpening) {
@@ -62,18 +62,18 @@ TEST_F(OpenDefinitionsTest, DefinitionOpenedAgainIsJudgedByItsLastOpening) {
   Scope between(open, &other, Hop::guarded);
   {
     Scope again(open, &type, Hop::unguarded);
-    EXPECT_TRUE(open.wouldGoRound(&type));
+    EXPECT_TRUE(open.wouldRecurse(&type));
   }
-  EXPECT_FALSE(open.wouldGoRound(&type));
+  EXPECT_FALSE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, GuardedHopIntoTheSameDefinitionCountsAsItsOpening) {
   Scope scope(open, &type, Hop::unguarded);
   {
     Scope again(open, &type, Hop::guarded);
-    EXPECT_TRUE(open.wouldGoRound(&type));
+    EXPECT_TRUE(open.wouldRecurse(&type));
   }
-  EXPECT_TRUE(open.wouldGoRound(&type));
+  EXPECT_TRUE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, SeenIsWhatWasOpenOrNotedInTheRecord) {
@@ -87,13 +87,13 @@ TEST_F(OpenDefinitionsTest, SeenIsWhatWasOpenOrNotedInTheRecord) {
 
 TEST_F(OpenDefinitionsTest, NotedDeclarationIsNotOpen) {
   open.note(&type);
-  EXPECT_FALSE(open.wouldGoRound(&type));
+  EXPECT_FALSE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, NoteLeavesAnOpenDefinitionOpen) {
   Scope scope(open, &type, Hop::unguarded);
   open.note(&type);
-  EXPECT_TRUE(open.wouldGoRound(&type));
+  EXPECT_TRUE(open.wouldRecurse(&type));
 }
 
 TEST_F(OpenDefinitionsTest, NextRecordHasSeenNothing) {
@@ -102,7 +102,7 @@ TEST_F(OpenDefinitionsTest, NextRecordHasSeenNothing) {
   open.clear();
   EXPECT_FALSE(open.hasSeen(&type));
   EXPECT_FALSE(open.hasSeen(&other));
-  EXPECT_FALSE(open.wouldGoRound(&type));
+  EXPECT_FALSE(open.wouldRecurse(&type));
 }
 
 }  // namespace

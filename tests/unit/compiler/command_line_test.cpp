@@ -43,12 +43,12 @@ TEST_F(CompilerCommandLine, TakesTheSourceAheadOfOptionsToo) {
 }
 
 TEST_F(CompilerCommandLine, NamesItsMistakes) {
-  EXPECT_EQ(read({}).mistake, "no source is named");
-  EXPECT_EQ(read({"-C", "noobj"}).mistake, "no source is named");
-  EXPECT_EQ(read({"-x", "a.cbl"}).mistake, "unknown option -x");
-  EXPECT_EQ(read({"a.cbl", "b.cbl"}).mistake, "more than one source is named");
-  EXPECT_EQ(read({"-C", "TABS(0)", "a.cbl"}).mistake, "wrong parameter in directive TABS(0)");
-  EXPECT_EQ(read({"@none", "a.cbl"}).mistake,
+  EXPECT_EQ(read({}).error, "no source is named");
+  EXPECT_EQ(read({"-C", "noobj"}).error, "no source is named");
+  EXPECT_EQ(read({"-x", "a.cbl"}).error, "unknown option -x");
+  EXPECT_EQ(read({"a.cbl", "b.cbl"}).error, "more than one source is named");
+  EXPECT_EQ(read({"-C", "TABS(0)", "a.cbl"}).error, "wrong parameter in directive TABS(0)");
+  EXPECT_EQ(read({"@none", "a.cbl"}).error,
             "can't read directive file none: No such file or directory");
   EXPECT_EQ(read({"@none", "a.cbl"}).action, Action::usageError);
 }

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "compiler/file_replacement.h"
 #include "support/compiled_source.h"
 #include "support/temporary_folder.h"
+#include "text/file_replacement.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -105,7 +105,7 @@ TEST(DictionaryWriter, PutsBlanksInPlaceOfControlCharacters) {
 
 TEST(DictionaryWriter, IsNotThereAfterAnError) {
   CompilationResult result = compile("01 A.");
-  EXPECT_EQ(result.status, kWrong);
+  EXPECT_EQ(result.status, kStatusError);
   EXPECT_EQ(result.dictionary, "");
 }
 

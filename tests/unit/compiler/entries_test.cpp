@@ -76,7 +76,7 @@ TEST(Entries, MayBeDeepAndManyWithoutHarm) {
 
 TEST(Entries, OfABareCopybookMayHaveTagsThatNothingReplaces) {
   CompilationResult result = compile("01 :T:-A.\n 05 :T:B PIC X.\n 05 C-:U: REDEFINES :T:B PIC X.");
-  EXPECT_EQ(result.status, kRight);
+  EXPECT_EQ(result.status, kStatusOk);
   EXPECT_EQ(attributeOf(result.dictionary, "T-A", "length"), "1");
   EXPECT_EQ(attributeOf(result.dictionary, "TB", "length"), "1");
   EXPECT_EQ(attributeOf(result.dictionary, "C-U", "redefines"), "true");
@@ -119,7 +119,7 @@ TEST(Entries, WithoutANameMayBeginWithTheirSign) {
 
 TEST(Entries, MayRedefineATableWithAWarning) {
   CompilationResult result = compile("01 A.\n 05 B PIC X OCCURS 2.\n 05 D REDEFINES B PIC XX.");
-  EXPECT_EQ(result.status, kRight);
+  EXPECT_EQ(result.status, kStatusOk);
   EXPECT_EQ(result.diagnostics,
             "a.cpy:3:24: warning: 'B' is a table, which should not be redefined "
             "[redefines-table]\n"

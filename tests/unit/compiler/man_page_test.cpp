@@ -5,7 +5,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "compiler/diagnostic_codes.h"
+#include "source/diagnostics.h"
 
 namespace fdmorph::compiler {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compiler/picture.h"
+#include "semantics/picture.h"
 
 namespace fdmorph::compiler {
 namespace {

@@ -147,7 +147,7 @@ TEST_F(Replacing, EndsTextThatGrowsWithoutBound) {
   std::string from = "01 A PIC X(50).\n 88 B VALUES\n";
   for (int i = 0; i < 2000; ++i) from += "TEXT\n";
   copy("COPY M REPLACING TEXT BY ==\n" + to + "==.", from);
-  EXPECT_EQ(result.status, kWrong);
+  EXPECT_EQ(result.status, kStatusError);
   EXPECT_NE(result.diagnostics.find("error: too much text is replaced [copy-limit]"),
             std::string::npos);
 }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "compiler/source_reader.h"
+#include "source/source_reader.h"
 #include "support/compiled_source.h"
 
 namespace fdmorph::compiler {
@@ -15,7 +15,7 @@ class SourceReader : public testing::Test {
     return result.text;
   }
 
-  ReadText result;
+  SourceText result;
 };
 
 TEST_F(SourceReader, TakesColumns8To72OfAFixedLine) {
@@ -121,8 +121,8 @@ TEST_F(SourceReader, KnowsTheByteOfEachCharacter) {
   std::string content = "      * comment\r\n       AB\r\n      -   CD\r\n";
   ASSERT_EQ(read(content), "\nABCD\n");
   auto offsetOf = [this](std::size_t at) {
-    ReadText::Piece best{};
-    for (ReadText::Piece piece : result.pieces) {
+    SourceText::Piece best{};
+    for (SourceText::Piece piece : result.pieces) {
       if (piece.at <= at) best = piece;
     }
     return best.offset + (at - best.at);

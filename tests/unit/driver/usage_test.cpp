@@ -55,7 +55,7 @@ Options:
 class UsageText : public ConsoleTest {};
 
 TEST_F(UsageText, HasFortyLines) {
-  Usage();
+  printUsage();
   EXPECT_EQ(captured.out(), kUsage);
   EXPECT_EQ(countOf("\n", captured.out()), 40);
   EXPECT_EQ(captured.err(), "");
@@ -63,13 +63,13 @@ TEST_F(UsageText, HasFortyLines) {
 
 TEST_F(UsageText, FollowsTheBanner) {
   console.headerShown = false;
-  Usage();
+  printUsage();
   EXPECT_EQ(captured.out().substr(0, 29), "Tallmere FDMORPH Version 1.0\n");
   EXPECT_EQ(countOf("Usage :\n", captured.out()), 1);
 }
 
 TEST_F(UsageText, CountsNothing) {
-  Usage();
+  printUsage();
   EXPECT_EQ(reportStatus(), 0);
 }
 

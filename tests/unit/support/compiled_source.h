@@ -76,7 +76,7 @@ struct Mistake {
 /// The first line of what is reported of a wrong copybook.
 inline std::string firstReport(std::string_view lines) {
   CompilationResult result = compile(lines);
-  if (result.status != kWrong) return "no mistake";
+  if (result.status != kStatusError) return "no mistake";
   return result.diagnostics.substr(0, result.diagnostics.find('\n'));
 }
 

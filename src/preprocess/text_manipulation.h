@@ -1,0 +1,100 @@
+// Text manipulation, the second pass: conditional compilation, COPY and
+// REPLACE statements, EXEC blocks and the statements that lay out a listing.
+// What comes out holds none of them.
+#pragma once
+
+#include <deque>
+#include <memory>
+#include <string_view>
+#include <unordered_set>
+#include <vector>
+
+#include "preprocess/conditional_compilation.h"
+#include "preprocess/copy_search.h"
+#include "preprocess/replacing.h"
+#include "preprocess/text_words.h"
+#include "source/diagnostics.h"
+#include "source/source_reader.h"
+#include "text/text_pool.h"
+
+namespace fdmorph::compiler {
+
+/// What all texts of a compilation share.
+struct TextContext {
+  static constexpr std::size_t kMaxCopyDepth = 64;
+  static constexpr std::size_t kMaxCopies = 100000;
+
+  Sources& sources;
+  Diagnostics& diagnostics;
+  CopySearch& search;
+  TextPool& pool;
+  ReadingRules rules;
+  std::deque<SourceText> texts = {};         ///< every text that was read; words look at them
+  std::vector<SourceFile const*> open = {};  ///< being read, outermost first
+  std::unordered_set<SourceFile const*> copied = {};
+  ReplacementBudget budget = {};
+  CompileVariables variables = {};
+  bool isDebugging = false;    ///< lines for debugging count from here on
+  Place indicatorLetter = {};  ///< the letter that leaves the first such line out
+};
+
+/// The words of one file with those of its members in their places.
+class FileText : public TextSource {
+ public:
+  FileText(TextContext& context, SourceFile const* file, Place copiedFrom);
+  ~FileText() override;
+
+  TextWord next() override;
+
+ private:
+  TextWord scan();
+  TextWord scanAfterSeparators();
+  TextWord scanAny();
+  void noteComment(TextWord const& word);
+  void noteDebugging(TextWord const& word);
+  void applyDirective(TextWord const& mark);
+  void reportFaults(bool isEnd);
+  void pushBack(TextWord const& word);
+  bool handleStatement(TextWord const& word);
+  bool listingStatement(TextWord const& word);
+  void skipPeriod();
+  void copyStatement(TextWord const& word);
+  bool execBlock(TextWord const& word);
+  void includeMember(TextWord const& word);
+  void open(TextWord const& at, std::string_view member, std::string_view library,
+            ReplacementList list);
+  bool mayOpen(Place at, SourceFile const* file);
+
+  TextContext& m_context;
+  std::uint32_t m_number;
+  SourceText const& m_text;
+  WordScanner m_scanner;
+  ConditionalText m_conditions;
+  std::vector<TextWord> m_pushedBack;
+  bool m_isDebuggingBefore = false;
+  bool m_isIdentification = false;
+  bool m_isComment = false;
+  std::size_t m_fault = 0;         // the first one of the text that isn't reported
+  bool m_precededBySpace = false;  // what comes next follows a statement
+  bool m_isStart = true;           // no word has been handed out
+  std::unique_ptr<FileText> m_member;
+  std::unique_ptr<Replacer> m_replacer;  // over m_member
+};
+
+/// Applies REPLACE statements to a text.
+class ReplaceStatements : public TextSource {
+ public:
+  ReplaceStatements(TextSource& inner, TextContext& context)
+      : m_replacer(inner, context.pool, context.budget, context.diagnostics),
+        m_diagnostics(context.diagnostics) {}
+
+  TextWord next() override;
+
+ private:
+  void statement(TextWord const& word);
+
+  Replacer m_replacer;
+  Diagnostics& m_diagnostics;
+};
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,30 @@
+#include "semantics/constants.h"
+
+#include "source/literals.h"
+
+namespace fdmorph::compiler {
+
+std::optional<std::uint64_t> integerOf(std::string_view digits) {
+  constexpr std::uint64_t kMaxReports = std::uint64_t{1} << 53;
+  if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
+  if (!isAllDigits(digits)) return std::nullopt;
+  std::uint64_t value = 0;
+  for (char c : digits) {
+    value = value * 10 + static_cast<std::uint64_t>(c - '0');
+    if (value > kMaxReports) return std::nullopt;
+  }
+  return value;
+}
+
+std::optional<std::uint64_t> Constants::integer(std::string_view name) const {
+  Literal const* value = find(name);
+  if (value == nullptr) return std::nullopt;
+  if (value->kind == Literal::Kind::zero) return 0;
+  if (value->kind == Literal::Kind::broken) return 1;
+  if (value->kind == Literal::Kind::number) return integerOf(value->text);
+  if (value->kind != Literal::Kind::text) return std::nullopt;
+  LiteralContent content = decodeLiteral(value->text);
+  return content.isNumber ? integerOf(content.text) : std::nullopt;
+}
+
+}  // namespace fdmorph::compiler

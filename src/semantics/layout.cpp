@@ -1,0 +1,162 @@
+#include "semantics/layout.h"
+
+#include <algorithm>
+#include <array>
+
+namespace fdmorph::compiler {
+namespace {
+
+constexpr std::uint64_t kBitsInByte = 8;
+
+// The least bytes that hold an unsigned number of so many digits; a signed one
+// gets no more.
+std::uint64_t shortSize(std::uint32_t digits) {
+  constexpr std::array<std::uint32_t, 8> kMaxDigitsOfSize{2, 4, 7, 9, 12, 14, 16, 19};
+  auto found = std::lower_bound(kMaxDigitsOfSize.begin(), kMaxDigitsOfSize.end(), digits);
+  return static_cast<std::uint64_t>(
+      std::min<std::ptrdiff_t>(found - kMaxDigitsOfSize.begin() + 1, 8));
+}
+
+std::uint64_t binarySize(std::uint32_t digits) {
+  if (digits <= 2) return 1;
+  if (digits <= 4) return 2;
+  return digits <= 9 ? 4 : 8;
+}
+
+// A native number in place of so many characters.
+std::uint64_t nativeSize(std::uint64_t characters) {
+  for (std::uint64_t size : {1U, 2U, 4U}) {
+    if (characters <= size) return size;
+  }
+  return 8;
+}
+
+bool isNationalPicture(Picture const& picture) {
+  return picture.category == Category::national || picture.category == Category::nationalEdited;
+}
+
+std::uint64_t alignmentOf(DataItem const& item) {
+  if (!item.isSynchronized || item.isGroup()) return 1;
+  switch (entryOf(item.effectiveUsage).storage) {
+    case Storage::binary:
+    case Storage::nativeBinary:
+    case Storage::shortBinary:
+    case Storage::fixed:
+      break;
+    default:
+      return 1;
+  }
+  bool isWhole = item.size == 2 || item.size == 4 || item.size == 8;
+  return isWhole ? item.size : 1;
+}
+
+class Layout {
+ public:
+  explicit Layout(Diagnostics& diagnostics) : m_diagnostics(diagnostics) {}
+
+  // The offset of `item` is set.
+  void place(DataItem& item) {
+    if (item.isGroup()) {
+      placeChildren(item);
+    } else {
+      item.size = sizeOf(item);
+    }
+    if (item.size > kMaxItemSize / item.occurrences()) {
+      m_diagnostics.report(Code::size, item.place, "the item is larger than 2 GB");
+      item.size = kMaxItemSize / item.occurrences();
+    }
+  }
+
+ private:
+  void placeChildren(DataItem& group) {
+    std::uint64_t size = 0;
+    m_widest = 1;
+    for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
+      child->slack = 0;
+      if (child->level == kRenamesLevel) continue;
+      if (child->redefined != nullptr) {
+        placeRedefinition(*child, group, size);
+        continue;
+      }
+      child->offset = group.offset + size;
+      place(*child);
+      size += child->size * child->occurrences();
+      std::uint64_t alignment = alignmentOf(*child);
+      std::uint64_t slack = (alignment - child->offset % alignment) % alignment;
+      child->offset += slack;
+      child->slack = slack;
+      size = std::min(size + slack, kMaxItemSize + 1);
+      m_widest = std::max(m_widest, alignment);
+    }
+    std::uint64_t slack = (m_widest - size % m_widest) % m_widest;
+    if (group.occurrences() > 1 && slack != 0) {
+      size += slack;
+      group.firstChild->slack += slack;
+      for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
+        child->offset += slack;
+      }
+    }
+    group.size = size;
+  }
+
+  void placeRedefinition(DataItem& item, DataItem const& group, std::uint64_t& size) {
+    DataItem const& redefined = *item.redefined;
+    item.offset = redefined.offset;
+    place(item);
+    std::uint64_t room = redefined.size * redefined.occurrences();
+    std::uint64_t needed = item.size * item.occurrences();
+    if (needed <= room) return;
+    // Nothing is of size 0 but what was reported.
+    if (room > 0) reportLarger(item, needed, room);
+    // The group grows by what sticks out at its end.
+    size = std::max(size, item.offset - group.offset + needed);
+  }
+
+  void reportLarger(DataItem const& item, std::uint64_t needed, std::uint64_t room) {
+    m_diagnostics.report(Code::redefinesSize, item.place,
+                         "the item is larger (" + std::to_string(needed) +
+                             " bytes) than what it redefines (" + std::to_string(room) + ")");
+  }
+
+  Diagnostics& m_diagnostics;
+  std::uint64_t m_widest = 1;  // alignment since the group that began last
+};
+
+}  // namespace
+
+std::uint64_t sizeOf(DataItem const& item) {
+  UsageEntry const& usage = entryOf(item.effectiveUsage);
+  if (usage.storage == Storage::fixed) return usage.size;
+  if (item.picture == nullptr || !item.picture->isValid()) return 0;
+  Picture const& picture = *item.picture;
+  bool isNumber = picture.category == Category::numeric;
+  switch (usage.storage) {
+    case Storage::binary:
+      return isNumber ? binarySize(picture.nines) : 0;
+    case Storage::nativeBinary:
+      return isNumber ? binarySize(picture.nines) : nativeSize(picture.size);
+    case Storage::shortBinary:
+      if (isNumber) return shortSize(picture.nines);
+      return std::min<std::uint64_t>(picture.size, 8);
+    case Storage::packed:
+      return isNumber ? picture.nines / 2 + 1 : 0;
+    case Storage::packedUnsigned:
+      return isNumber ? (picture.nines + 1) / 2 : 0;
+    case Storage::nationalCharacters:
+      return picture.size * 2;
+    case Storage::bits:
+      return (picture.size + kBitsInByte - 1) / kBitsInByte;
+    default:
+      break;
+  }
+  if (isNationalPicture(picture)) return picture.size * 2;
+  bool isSignStored = isNumber && picture.isSigned && item.effectiveSign.isSeparate;
+  return picture.size + (isSignStored ? 1U : 0U);
+}
+
+void layOut(DataItem& record, Diagnostics& diagnostics) {
+  record.offset = 0;
+  Layout(diagnostics).place(record);
+}
+
+}  // namespace fdmorph::compiler

@@ -1,0 +1,79 @@
+// The usages: their words, what pictures they take and what they store.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+namespace fdmorph::compiler {
+
+enum class Usage : std::uint8_t {
+  none,
+  display,
+  comp,
+  comp1,
+  comp2,
+  comp3,
+  comp5,
+  comp6,
+  compN,
+  compX,
+  national,
+  display1,
+  index,
+  pointer,
+  programPointer,
+  procedurePointer,
+  functionPointer,
+  object,
+  binaryChar,
+  binaryShort,
+  binaryLong,
+  binaryDouble,
+  binaryCLong,
+  binaryInt,
+  floatShort,
+  floatLong,
+  floatBinary32,
+  floatBinary64,
+  floatBinary128,
+  floatDecimal16,
+  floatDecimal34,
+  floatExtended,
+  signedShort,
+  signedInt,
+  signedLong,
+  unsignedShort,
+  unsignedInt,
+  unsignedLong,
+  handle,
+  bit,
+};
+
+/// How a usage stores its items.
+enum class Storage : std::uint8_t {
+  characters,
+  nationalCharacters,
+  binary,        ///< of 1, 2, 4 or 8 bytes, by the digits
+  nativeBinary,  ///< the same, also for pictures of X
+  shortBinary,   ///< of as few bytes as the digits need
+  packed,
+  packedUnsigned,
+  bits,
+  fixed,  ///< without a picture, always of one size
+};
+
+struct UsageEntry {
+  Usage usage;
+  std::string_view name;  ///< in the dictionary
+  Storage storage;
+  std::uint8_t size;  ///< bytes of fixed storage
+  bool isNumeric;     ///< fixed storage: a number, not an address
+};
+
+UsageEntry const& entryOf(Usage usage);
+
+inline bool takesPicture(Usage usage) {
+  return entryOf(usage).storage != Storage::fixed;
+}
+
+}  // namespace fdmorph::compiler
