@@ -7,7 +7,7 @@
 #include "preprocess/text_manipulation.h"
 #include "semantics/checker.h"
 #include "syntax/parser.h"
-#include "text/file_replacement.h"
+#include "text/output_file.h"
 
 namespace fdmorph::compiler {
 namespace {

@@ -1,6 +1,6 @@
 #include "preprocess/copy_search.h"
 
-#include "text/file_replacement.h"
+#include "text/output_file.h"
 
 #include <algorithm>
 

@@ -3,8 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "support/compiled_source.h"
-#include "support/temporary_folder.h"
-#include "text/file_replacement.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -117,14 +115,6 @@ TEST(DictionaryWriter, LeavesValuesOutThatXmlCannotHold) {
   EXPECT_EQ(attributeOf(dictionary, "A", "value"), std::nullopt);
   EXPECT_EQ(attributeOf(dictionary, "B", "value"), std::nullopt);
   EXPECT_EQ(attributeOf(dictionary, "C", "value"), "A");
-}
-
-TEST(FileReplacement, WritesAFileOrLeavesNothing) {
-  TemporaryFolder folder;
-  EXPECT_EQ(replaceFile(folder.path("a.xml"), "one"), std::nullopt);
-  EXPECT_EQ(replaceFile(folder.path("a.xml"), "two"), std::nullopt);
-  EXPECT_EQ(folder.read("a.xml"), "two");
-  EXPECT_EQ(replaceFile(folder.path("none/a.xml"), "three"), "No such file or directory");
 }
 
 /// The value of an item A with these clauses; nothing if there is none.
