@@ -42,7 +42,7 @@ TEST_F(CompilerCommandLine, TakesTheSourceAheadOfOptionsToo) {
   EXPECT_EQ(line.directives.copying.folders, (std::vector<std::string>{"x", "y z"}));
 }
 
-TEST_F(CompilerCommandLine, NamesItsMistakes) {
+TEST_F(CompilerCommandLine, ReportsUsageErrors) {
   EXPECT_EQ(read({}).error, "no source is named");
   EXPECT_EQ(read({"-C", "noobj"}).error, "no source is named");
   EXPECT_EQ(read({"-x", "a.cbl"}).error, "unknown option -x");

@@ -28,7 +28,7 @@ TEST(FileDescription, TakesAllClauses) {
   EXPECT_EQ(reportOf("BLOCK CONTAINS 1 RECORD RECORD IS VARYING."), "");
 }
 
-TEST(FileDescription, ReportsMistakes) {
+TEST(FileDescription, ReportsErrors) {
   EXPECT_EQ(reportOf("FOO BAR RECORD 80."),
             "a.cpy:5:8: error: 'FOO' begins no clause of a file description [syntax]");
   EXPECT_EQ(reportOf("RECORD 80 RECORD 80."),

@@ -68,7 +68,7 @@ inline std::string lengthOf(std::string_view lines, std::string const& name) {
 
 /// A bare copybook, its lines written from column 8 on, and the first line of
 /// what is reported of it.
-struct Mistake {
+struct WrongSource {
   char const* source;
   char const* report;
 };
@@ -76,7 +76,7 @@ struct Mistake {
 /// The first line of what is reported of a wrong copybook.
 inline std::string firstReport(std::string_view lines) {
   CompilationResult result = compile(lines);
-  if (result.status != kStatusError) return "no mistake";
+  if (result.status != kStatusError) return "no error";
   return result.diagnostics.substr(0, result.diagnostics.find('\n'));
 }
 

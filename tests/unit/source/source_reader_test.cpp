@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include "source/source_reader.h"
-#include "support/compiled_source.h"
 
 namespace fdmorph::compiler {
 namespace {

@@ -91,31 +91,31 @@ TEST(ConditionalText, UndefinesAndOverrides) {
   EXPECT_EQ(lengthOf(head + tail, "A"), "1");
 }
 
-class ConditionalMistake : public testing::TestWithParam<Mistake> {};
+class WrongCondition : public testing::TestWithParam<WrongSource> {};
 
-TEST_P(ConditionalMistake, IsReportedAtItsPlace) {
+TEST_P(WrongCondition, IsReportedAtItsPlace) {
   EXPECT_EQ(firstReport(GetParam().source), GetParam().report);
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    All, ConditionalMistake,
+    All, WrongCondition,
     testing::Values(
-        Mistake{"01 A PIC X.\n>>IF 1 = 1",
+        WrongSource{"01 A PIC X.\n>>IF 1 = 1",
                 "a.cpy:2:8: error: the IF directive lacks its END-IF [conditional]"},
-        Mistake{"01 A PIC X.\n>>END-IF",
+        WrongSource{"01 A PIC X.\n>>END-IF",
                 "a.cpy:2:8: error: END-IF belongs to no IF directive [conditional]"},
-        Mistake{"01 A PIC X.\n>>IF 1 = 1\n>>ELSE\n>>ELSE\n>>END-IF",
+        WrongSource{"01 A PIC X.\n>>IF 1 = 1\n>>ELSE\n>>ELSE\n>>END-IF",
                 "a.cpy:4:8: error: ELSE belongs to no IF directive [conditional]"},
-        Mistake{
+        WrongSource{
             "01 A PIC X.\n>>IF 1 = \"1\"\n>>END-IF",
             "a.cpy:2:17: error: '\"1\"' is compared with a value of another kind [conditional]"},
-        Mistake{"01 A PIC X.\n>>IF 1 = 1 X\n>>END-IF",
+        WrongSource{"01 A PIC X.\n>>IF 1 = 1 X\n>>END-IF",
                 "a.cpy:2:19: error: 'X' doesn't fit into the condition [conditional]"},
-        Mistake{"01 A PIC X.\n>>IF (1 = 1\n>>END-IF",
+        WrongSource{"01 A PIC X.\n>>IF (1 = 1\n>>END-IF",
                 "a.cpy:2:8: error: the end of the line stands where ')' is missing [conditional]"},
-        Mistake{"01 A PIC X.\n>>DEFINE N AS 1\n>>DEFINE N AS 2",
+        WrongSource{"01 A PIC X.\n>>DEFINE N AS 1\n>>DEFINE N AS 2",
                 "a.cpy:3:17: error: 'N' is defined already, with another value [conditional]"},
-        Mistake{"01 A PIC X.\n>>DEFINE N AS",
+        WrongSource{"01 A PIC X.\n>>DEFINE N AS",
                 "a.cpy:2:17: error: 'N' is defined by no value [conditional]"}));
 
 TEST(ConditionalText, EndsDeepNestingWithAnError) {
