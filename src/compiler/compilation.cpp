@@ -2,6 +2,7 @@
 
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <new>
 
 #include "preprocess/text_manipulation.h"
@@ -19,6 +20,12 @@ std::string_view baseName(std::string_view path) {
   return dot == std::string_view::npos || dot == 0 ? name : name.substr(0, dot);
 }
 
+// What messages call the source, for callers that compile a copy of it.
+std::string sourceName() {
+  char const* name = std::getenv("ZBC_SOURCE_NAME");
+  return name == nullptr ? std::string() : name;
+}
+
 // Returns false if the text didn't get out.
 bool print(std::FILE* stream, std::string const& text) {
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
@@ -33,7 +40,7 @@ std::string dictionaryPath(std::string const& sourcePath) {
 }
 
 CompilationResult compileSource(std::string const& path, Directives const& directives,
-                                FileTree& tree) {
+                                FileTree& tree, std::string const& name) {
   CompilationResult result;
   Sources sources(tree);
   Diagnostics diagnostics(sources);
@@ -41,9 +48,10 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
     diagnostics.report(Code::directive, {}, "unknown directive " + quoted(each));
   }
   DataDivision data;
-  SourceFile const* file = sources.file(path);
+  SourceFile const* file = sources.file(path, name);
   if (file == nullptr) {
-    diagnostics.report(Code::file, {}, "can't read " + quoted(path) + ": " + whyUnreadable(path));
+    std::string const& shown = name.empty() ? path : name;
+    diagnostics.report(Code::file, {}, "can't read " + quoted(shown) + ": " + whyUnreadable(path));
   } else {
     CopySearch search(sources, directives.copying, path);
     TextPool pool;
@@ -92,7 +100,7 @@ int compilerMain(std::vector<std::string> const& arguments) {
   }
   CompilationResult result;
   try {
-    result = compileSource(line.sourcePath, line.directives, tree);
+    result = compileSource(line.sourcePath, line.directives, tree, sourceName());
   } catch (std::bad_alloc const&) {
     print(stderr, "zbc: error: the source needs more memory than there is [size]\n");
     return kStatusError;

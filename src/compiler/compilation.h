@@ -20,9 +20,10 @@ struct CompilationResult {
   std::string dictionary;  ///< empty if none is wanted or there were errors
 };
 
-/// Compiles a source; no file is written.
+/// Compiles a source; no file is written. Messages call the source `name`; an
+/// empty name is that of the path.
 CompilationResult compileSource(std::string const& path, Directives const& directives,
-                                FileTree& tree);
+                                FileTree& tree, std::string const& name = {});
 
 /// The dictionary's name: that of the source with the extension xml.
 std::string dictionaryPath(std::string const& sourcePath);

@@ -68,8 +68,8 @@ bool compile(Settings const& settings, RunFiles const& files) {
   std::string const& source =
       files.tempSourceFile.empty() ? settings.sourceFile : files.tempSourceFile;
   out() << "Checking " << settings.sourceFile << " for errors" << endLine;
-  switch (
-      runCompiler(ProcessSpaceyFilename(source), ProcessSpaceyFilename(settings.directiveFile))) {
+  switch (runCompiler(ProcessSpaceyFilename(source), ProcessSpaceyFilename(settings.directiveFile),
+                      settings.sourceFile)) {
     case CompileOutcome::notCreated:
       out() << "Error : Unable to create cobol compiler process" << endLine;
       return false;

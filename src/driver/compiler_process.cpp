@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 
 #include "driver/standard_streams.h"
 #include "text/console.h"
@@ -15,6 +16,7 @@ namespace {
 
 constexpr char kCompiler[] = "zbc";
 constexpr char kDictionaryDirective[] = "XMLGEN(WS)";
+constexpr char kSourceNameVariable[] = "ZBC_SOURCE_NAME";
 constexpr std::size_t kPipePiece = 128;  // bytes, terminator included
 
 // Returns only if the compiler can't be started.
@@ -52,7 +54,8 @@ pid_t waitForChild(pid_t child, int& status) {
 
 }  // namespace
 
-CompileOutcome runCompiler(std::string const& compileFile, std::string const& directiveFile) {
+CompileOutcome runCompiler(std::string const& compileFile, std::string const& directiveFile,
+                           std::string const& sourceName) {
   std::string directives = directiveFile.empty() ? std::string() : "@" + directiveFile;
   // What stands in the buffers must not come out of both processes.
   std::cout.flush();
@@ -61,6 +64,7 @@ CompileOutcome runCompiler(std::string const& compileFile, std::string const& di
   if (child < 0) return CompileOutcome::notCreated;
   if (child == 0) {
     restoreSignals();
+    setenv(kSourceNameVariable, sourceName.c_str(), 1);
     if (console.logMode) {
       runThroughPipe(compileFile, directives);
     } else {

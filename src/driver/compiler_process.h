@@ -15,11 +15,13 @@ enum class CompileOutcome {
 
 /// Runs the compiler `zbc` on `compileFile` with the directives that make it
 /// write its data dictionary, and waits for it. `directiveFile` may be empty;
-/// both names are quoted if they hold a blank.
+/// both names are quoted if they hold a blank. The compiler's messages call the
+/// source `sourceName`.
 ///
 /// The child has no exit of its own: if the compiler can't be started, or has
 /// been run through the log's pipe, the call returns in the child as well,
 /// with notReturned. A compiler that dies by a signal passes for success.
-CompileOutcome runCompiler(std::string const& compileFile, std::string const& directiveFile);
+CompileOutcome runCompiler(std::string const& compileFile, std::string const& directiveFile,
+                           std::string const& sourceName);
 
 }  // namespace fdmorph

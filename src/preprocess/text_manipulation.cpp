@@ -302,7 +302,7 @@ bool FileText::mayOpen(Place at, SourceFile const* file) {
   std::vector<SourceFile const*> const& open = m_context.open;
   if (std::find(open.begin(), open.end(), file) != open.end()) {
     m_context.diagnostics.report(Code::copyCircle, at,
-                                 "copy member " + quoted(file->path) + " copies itself");
+                                 "copy member " + quoted(file->name) + " copies itself");
     return false;
   }
   // Each file may be as large as it likes, but not copied as often.

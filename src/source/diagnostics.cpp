@@ -82,7 +82,7 @@ std::string printable(std::string_view text) {
 }
 
 void printPlace(LinePlace const& line, std::string& out) {
-  ((out += printable(line.path)) += ':') += std::to_string(line.line);
+  ((out += printable(line.file)) += ':') += std::to_string(line.line);
   ((out += ':') += std::to_string(line.column)) += ": ";
 }
 

@@ -63,12 +63,13 @@ std::string whyUnreadable(std::string const& path) {
   return ::access(path.c_str(), R_OK) != 0 ? std::strerror(errno) : std::strerror(EIO);
 }
 
-SourceFile const* Sources::file(std::string const& path) {
+SourceFile const* Sources::file(std::string const& path, std::string const& name) {
   auto known = m_files.find(path);
   if (known != m_files.end()) return known->second.get();
   std::optional<std::string> content = m_tree.read(path);
   if (!content) return nullptr;
-  auto file = std::make_unique<SourceFile>(SourceFile{path, std::move(*content)});
+  auto file = std::make_unique<SourceFile>(
+      SourceFile{path, name.empty() ? path : name, std::move(*content)});
   return (m_files[path] = std::move(file)).get();
 }
 
@@ -86,7 +87,7 @@ LinePlace Sources::locate(Place place) const {
   std::string_view text = content.substr(begin);
   text = text.substr(0, text.find('\n'));
   if (!text.empty() && text.back() == '\r') text.remove_suffix(1);
-  return {file.path, static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1,
+  return {file.name, static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1,
           charactersIn(before.substr(begin)) + 1, text};
 }
 

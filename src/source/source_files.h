@@ -46,12 +46,13 @@ std::string whyUnreadable(std::string const& path);
 /// A file with its content, read once.
 struct SourceFile {
   std::string path;
+  std::string name;  ///< in messages: the path, unless the user calls the file otherwise
   std::string content;
 };
 
 /// A line of a file, for a diagnostic.
 struct LinePlace {
-  std::string_view path;
+  std::string_view file;   ///< its name in messages
   std::size_t line = 0;    ///< from 1
   std::size_t column = 0;  ///< characters from 1; a tab is one
   std::string_view text;   ///< the line without its end
@@ -61,8 +62,10 @@ class Sources {
  public:
   explicit Sources(FileTree& tree) : m_tree(tree) {}
 
-  /// The file of this path; null if it can't be read. Owned here.
-  SourceFile const* file(std::string const& path);
+  /// The file of this path; null if it can't be read. Owned here. Messages
+  /// call it `name`; by the path where that is empty, or where the file is
+  /// known already.
+  SourceFile const* file(std::string const& path, std::string const& name = {});
 
   /// A new text: `file` as it is read by the statement at `copiedFrom`.
   std::uint32_t open(SourceFile const* file, Place copiedFrom);

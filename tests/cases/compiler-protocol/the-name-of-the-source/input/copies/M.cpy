@@ -1,0 +1,1 @@
+       01  B                        PIC 9 VALUE 12.
