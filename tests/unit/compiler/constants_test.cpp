@@ -112,24 +112,26 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         WrongSource{"78 N VALUE LENGTH OF B.", "a.cpy:1:29: error: 'B' is not defined [constant]"},
         WrongSource{"01 R.\n 05 B PIC X.\n01 S.\n 05 B PIC X.\n78 N VALUE LENGTH OF B.",
-                "a.cpy:5:29: error: 'B' is ambiguous [constant]"},
-        WrongSource{"01 R.\n 05 B PIC X.\n78 N VALUE LENGTH OF R.\n 05 C PIC X.",
-                "a.cpy:3:29: error: the length of 'R' is taken before its last item [constant]"},
+                    "a.cpy:5:29: error: 'B' is ambiguous [constant]"},
+        WrongSource{
+            "01 R.\n 05 B PIC X.\n78 N VALUE LENGTH OF R.\n 05 C PIC X.",
+            "a.cpy:3:29: error: the length of 'R' is taken before its last item [constant]"},
         WrongSource{"01 R.\n 05 B PIC X.\n66 C RENAMES B.\n78 N VALUE LENGTH OF C.",
-                "a.cpy:4:29: error: 'C' renames others, and has no length yet [constant]"},
+                    "a.cpy:4:29: error: 'C' renames others, and has no length yet [constant]"},
         WrongSource{"01 N CONSTANT FROM M.",
-                "a.cpy:1:27: error: 'M' is defined by no directive [constant]"},
+                    "a.cpy:1:27: error: 'M' is defined by no directive [constant]"},
         WrongSource{"78 N VALUE 1 / 0.",
-                "a.cpy:1:23: error: the constant's value can't be worked out [constant]"},
-        WrongSource{"78 N VALUE \"a\" + 1.",
-                "a.cpy:1:19: error: the constant's value is neither a literal nor a sum of them "
-                "[constant]"},
+                    "a.cpy:1:23: error: the constant's value can't be worked out [constant]"},
+        WrongSource{
+            "78 N VALUE \"a\" + 1.",
+            "a.cpy:1:19: error: the constant's value is neither a literal nor a sum of them "
+            "[constant]"},
         WrongSource{"78 N 5.", "a.cpy:1:13: error: the constant lacks VALUE [constant]"},
         WrongSource{"78 N VALUE 5 PIC X.",
-                "a.cpy:1:21: error: 'PIC' doesn't belong to a constant [syntax]"},
+                    "a.cpy:1:21: error: 'PIC' doesn't belong to a constant [syntax]"},
         // A constant is no item that a table could depend on.
         WrongSource{"01 N CONSTANT AS 5.\n01 A PIC X OCCURS 1 TO 3 DEPENDING ON N.",
-                "a.cpy:2:46: error: 'N' is not defined [depending]"}));
+                    "a.cpy:2:46: error: 'N' is not defined [depending]"}));
 
 }  // namespace
 }  // namespace fdmorph::compiler
