@@ -3,25 +3,6 @@
 # folder is reached through an include root of its own that holds nothing but
 # a link to it, so an include against the direction of the arrows does not
 # compile.
-
-add_library(fdmorph_warnings INTERFACE)
-target_compile_options(fdmorph_warnings INTERFACE
-  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion
-  -Wold-style-cast -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-  # GCC 12 sees overlapping and endless copies in operator+ of strings.
-  target_compile_options(fdmorph_warnings INTERFACE
-    -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow)
-endif()
-if(FDMORPH_SANITIZE)
-  target_compile_options(fdmorph_warnings INTERFACE
-    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
-  target_link_options(fdmorph_warnings INTERFACE -fsanitize=address,undefined)
-endif()
-if(FDMORPH_FUZZ)
-  target_compile_options(fdmorph_warnings INTERFACE -fsanitize=fuzzer-no-link)
-endif()
-
 function(fdmorph_subsystem name)
   cmake_parse_arguments(ARG "" "" "SOURCES;USES;PRIVATE_USES" ${ARGN})
   add_library(fdmorph_${name} STATIC ${ARG_SOURCES})

@@ -86,7 +86,7 @@ int compilerMain(std::vector<std::string> const& arguments) {
     case CommandLine::Action::help:
       return print(stdout, usageText()) ? kStatusOk : kStatusError;
     case CommandLine::Action::version:
-      return print(stdout, std::string("zbc ") + kVersion + "\n") ? kStatusOk : kStatusError;
+      return print(stdout, "zbc " FDMORPH_VERSION "\n") ? kStatusOk : kStatusError;
     case CommandLine::Action::usageError:
       print(stderr, "zbc: " + line.error + "\n" + usageText());
       return kStatusUsageError;

@@ -7,8 +7,6 @@
 
 namespace fdmorph::compiler {
 
-inline constexpr char kVersion[] = "1.0";
-
 inline constexpr int kStatusOk = 0;
 inline constexpr int kStatusError = 1;
 inline constexpr int kStatusUsageError = 2;

@@ -48,7 +48,7 @@ Console::~Console() {
 
 void DisplayHeader() {
   if (console.headerShown) return;
-  std::cout << "Tallmere FDMORPH Version " << kVersion << '\n' << kNotice << "\n\n";
+  std::cout << "Tallmere FDMORPH Version " << FDMORPH_VERSION << '\n' << kNotice << "\n\n";
   if (isLineByLine(std::cout.rdbuf())) std::cout.flush();
   console.headerShown = true;
 }

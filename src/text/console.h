@@ -11,9 +11,6 @@
 
 namespace fdmorph {
 
-/// Version of the tool, and the XML version of the documents that it writes.
-inline constexpr char kVersion[] = "1.0";
-
 /// The log of -LOG, in the current directory.
 inline constexpr char kLogFileName[] = "./fdmorph.log";
 

@@ -12,6 +12,7 @@ namespace {
 
 using xerces::XMLFormatter;
 
+constexpr std::string_view kXmlVersion = "1.0";
 constexpr char kFirstPrintable = ' ';
 constexpr char kLastPrintable = '~';
 
@@ -70,7 +71,7 @@ XmlOutput& operator<<(XmlOutput& output, std::string_view text) {
 }
 
 XmlOutput& writeXmlDeclaration(XmlOutput& output) {
-  return output << "<?xml version=\"" << kVersion << "\" encoding=\""
+  return output << "<?xml version=\"" << kXmlVersion << "\" encoding=\""
                 << toMultibyte(output.formatter().getEncodingName()) << "\"?>\n";
 }
 

@@ -1,0 +1,10 @@
+# Sanitizers and fuzzing instrument everything that is compiled after this file
+# is included, so no target can be left out.
+if(FDMORPH_SANITIZE)
+  add_compile_options(
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(FDMORPH_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
