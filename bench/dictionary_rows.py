@@ -163,8 +163,7 @@ def look_up_row(small):
         if not bench.counts_instructions:
             return
         runs = (
-            DictionaryRun(bench, "deep-dictionary", size, "foreign")
-            for size in (10 * small, small)
+            DictionaryRun(bench, "deep-dictionary", size, "foreign") for size in (10 * small, small)
         )
         many, few = (run.count(run.ours, LOOK_UP) for run in runs)
         label = f"{name} {small:,} to {10 * small:,}"

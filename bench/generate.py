@@ -266,10 +266,10 @@ MEGABYTE = 1_000_000
 
 
 def document_schema(path):
-    line = (
-        [element("sku", "xs:token"), element("quantity", "xs:positiveInteger")]
-        + [element("price", "tns:Price"), element("note", "xs:string", ' minOccurs="0"')]
-    )
+    line = [element("sku", "xs:token"), element("quantity", "xs:positiveInteger")] + [
+        element("price", "tns:Price"),
+        element("note", "xs:string", ' minOccurs="0"'),
+    ]
     order = [
         element("customer", "xs:string"),
         element("placed", "xs:dateTime"),

@@ -11,9 +11,7 @@ are for reading, not for tests.
 
 import argparse
 import fnmatch
-import math
 import os
-import statistics
 import sys
 import tempfile
 
@@ -27,7 +25,7 @@ from measure import (  # noqa: E402
     Result,
     RunFailed,
     compared,
-    median_usage,
+    result_of,
 )
 
 LIBRARY_GOAL = 1.15
@@ -56,11 +54,9 @@ def growth_row(kind, small, quick, options=()):
         many = bench.pairs(kind, 10 * size, options)
         few = bench.pairs(kind, size, options)
         own_many, own_few = ([a.cost - b.cost for a, b in pairs] for pairs in (many, few))
-        ratios = tuple(a / b if b > 0 else math.inf for a, b in zip(own_many, own_few))
-        ours, base = statistics.median(own_many), statistics.median(own_few)
-        usage = median_usage([a for a, _ in many])
         label = f"{name} {size:,} to {10 * size:,}"
-        yield Result(label, bench.unit, ours, base, ratios, GROWTH_GOAL, usage)
+        usages = [ours for ours, _ in many]
+        yield result_of(bench, label, own_many, own_few, GROWTH_GOAL, usages)
 
     return rows
 

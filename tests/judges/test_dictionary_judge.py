@@ -1,13 +1,13 @@
-"""What is worked out from a data dictionary, and read from an enhanced copybook, is right."""
+"""Data dictionaries and enhanced copybooks are read correctly."""
 
 from __future__ import annotations
 
 import xml.etree.ElementTree as ET
 
 import pytest
-from cobc_listing import Item
-from copybook import CopybookError
-from data_dictionary import (
+from judges.cobc_listing import Item
+from judges.copybook import CopybookError
+from judges.data_dictionary import (
     copybook_record,
     described_files,
     described_items,
@@ -15,7 +15,7 @@ from data_dictionary import (
     schema_faults,
     without_faults,
 )
-from enhanced_copybook import read_enhanced
+from judges.enhanced_copybook import read_enhanced
 
 DICTIONARY = """
 <program name="P">
@@ -61,7 +61,7 @@ def test_a_dictionary_is_described() -> None:
 
 def test_the_first_record_is_the_copybook() -> None:
     record = copybook_record(ET.fromstring(DICTIONARY))
-    # Without an item before it, what redefines is an item like others.
+    # A redefinition without an item before it counts as an ordinary item.
     assert record.items == [Item("", 1, "FILLER", 1, "X")]
     program = ET.fromstring(DICTIONARY)
     program[0].remove(program[0][0])
@@ -70,7 +70,7 @@ def test_the_first_record_is_the_copybook() -> None:
     assert (record.redefinitions, record.renames) == (1, 0)
 
 
-def test_records_come_to_the_schema_up_to_an_elementary_one() -> None:
+def test_the_schema_holds_the_records_up_to_an_elementary_one() -> None:
     assert ranges(ET.fromstring(DICTIONARY)) == 1
     assert schema_faults(ET.fromstring(DICTIONARY)) == {"conditions"}
 
@@ -113,13 +113,20 @@ def test_xml_clauses_are_taken_out_of_an_enhanced_copybook() -> None:
     assert [entry.cut_value for entry in entries] == [None, None, None]
 
 
-def test_a_value_that_is_cut_at_a_blank_is_mended() -> None:
+def test_a_value_that_is_cut_at_a_blank_is_joined() -> None:
     text = f'         02 A pic X(50) value is "{"a " * 15}\n{"":12}b" identified by "A".\n'
     (entry,) = read_enhanced(text)
     assert entry.cut_value == f"{'a ' * 15}b"
     assert [line.strip() for line in entry.mended_lines()] == [
-        "02", "A", "pic", "X(50)", "value", '"a a a a a a a a a a a a a" &', '" a a b"', ".",
-    ]  # fmt: skip
+        "02",
+        "A",
+        "pic",
+        "X(50)",
+        "value",
+        '"a a a a a a a a a a a a a" &',
+        '" a a b"',
+        ".",
+    ]
 
 
 def test_an_entry_without_a_period_is_not_read() -> None:

@@ -1,22 +1,14 @@
-"""The judge of data dictionaries finds what differs from the listing of cobc."""
+"""The comparison with the listing of cobc finds every difference."""
 
 from __future__ import annotations
 
-import shutil
 from pathlib import Path
 
 import pytest
-from cobc_listing import Item, ListingError, differences, read_listing
-from cobc_sources import (
-    Edit,
-    edit_pictures,
-    list_edited,
-    needless_edits,
-    program_with,
-    reserved_names,
-)
+from judges.cobc import NEEDS_COBC, program_with
+from judges.cobc_listing import Item, ListingError, differences, read_listing
+from judges.cobc_sources import Edit, edit_pictures, list_edited, needless_edits, reserved_names
 
-NEEDS_COBC = pytest.mark.skipif(shutil.which("cobc") is None, reason="cobc isn't installed")
 
 LISTING = """
 00004 FILE                ORDERS
@@ -65,7 +57,7 @@ def test_a_listing_is_read() -> None:
         "a line of another kind",
     ],
 )
-def test_no_line_of_a_listing_is_passed_over(line: str) -> None:
+def test_an_unknown_line_of_a_listing_is_an_error(line: str) -> None:
     with pytest.raises(ListingError):
         read_listing(f"{LISTING}{line}\n")
 
@@ -102,7 +94,7 @@ def test_only_a_name_of_full_width_may_be_cut() -> None:
     assert differences([ITEMS[2]], [ITEMS[2]._replace(name="PRIC")]) != []
 
 
-def test_only_group_sizes_may_be_any() -> None:
+def test_only_group_sizes_can_be_left_out_of_the_comparison() -> None:
     group, item = (found._replace(size=99) for found in (ITEMS[0], ITEMS[2]))
     assert differences([group], [ITEMS[0]]) != []
     assert differences([group], [ITEMS[0]], True) == []
@@ -112,13 +104,11 @@ def test_only_group_sizes_may_be_any() -> None:
 def test_edits_change_pictures_too() -> None:
     edit = Edit("", r"9\(19\)(?= COMP$)", "9(18)")
     wide = ITEMS[2]._replace(picture="S9(19)", usage="COMP")
-    assert edit_pictures([wide, ITEMS[2]], [edit]) == [
-        wide._replace(picture="S9(18)"), ITEMS[2]
-    ]  # fmt: skip
+    assert edit_pictures([wide, ITEMS[2]], [edit]) == [wide._replace(picture="S9(18)"), ITEMS[2]]
 
 
 @NEEDS_COBC
-def test_cobc_tells_a_wrong_size(tmp_path: Path) -> None:
+def test_cobc_lists_sizes(tmp_path: Path) -> None:
     text = program_with(["       01 R.", "        02 A PIC S9(4) COMP OCCURS 3."])
     listing = list_edited(text, [], tmp_path)
     right = [

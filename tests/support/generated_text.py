@@ -1,25 +1,26 @@
-"""Writes the lines of a COBOL source, laid out at random."""
+"""Writes the lines of a COBOL source in a random layout."""
 
 from __future__ import annotations
 
+from functools import partial
 from random import Random
 
-SHARES = ("REDEFINES ", "RENAMES ")  # clauses that stand first
+from support.generated_items import likely
+
+SHARES = ("REDEFINES ", "RENAMES ")  # clauses that come first
 LAST_COLUMN = 72
 TEXT_WIDTH = 58
-TIE = "~"  # between words that stay on a line
+TIE = "~"  # between words that stay on one line
 
 
 class SourceText:
-    """Entries in fixed or free format, with what may stand around them."""
+    """Entries in fixed or free format, with comments and labels."""
 
     def __init__(self, random: Random, is_free: bool) -> None:
         self.random = random
         self.is_free = is_free
+        self.likely = partial(likely, random)
         self.lines: list[str] = []
-
-    def likely(self, percent: int) -> bool:
-        return self.random.randrange(100) < percent
 
     def line(self, text: str, indent: int = 4) -> None:
         if self.is_free:
@@ -39,14 +40,14 @@ class SourceText:
             self.lines.append("")
 
     def entry(self, level: int, name: str, clauses: list[str]) -> None:
-        """An entry with its clauses in any order and its line ends anywhere."""
+        """Writes an entry with its clauses in random order, over any number of lines."""
         clauses = list(clauses)
         self.random.shuffle(clauses)
         clauses.sort(key=lambda clause: not clause.startswith(SHARES))
         clauses[:-1] = [each + self.random.choice(["", "", "", ",", ";"]) for each in clauses[:-1]]
         line = f"{level:02} {name}" if self.likely(80) else f"{level} {name}"
         self.comment()
-        # cobc takes a line for a directive that has a dollar sign at its head.
+        # cobc treats a line that begins with a dollar sign as a directive.
         for word in " ".join(clauses).replace(" $", f"{TIE}$").split():
             if len(line) + len(word) > TEXT_WIDTH or self.likely(4):
                 self.line(line)

@@ -1,4 +1,4 @@
-"""Runs the compiler and the program on a source in a folder of its own."""
+"""Runs the compiler and the program on a source, in a folder for this source only."""
 
 from __future__ import annotations
 
@@ -11,55 +11,53 @@ from subprocess import CompletedProcess
 from typing import NamedTuple
 
 import pytest
-from cobol_sources import COPY_PATH, MISSING, link_members, name_of, stage
-from harness import program_under_test, run_in_time
+from judges.xmllint import DOCUMENT_REFUSED, SCHEMA_REFUSED, validate
+from support.cobol_sources import COPY_PATH, MISSING, link_members, stage
+from support.corpus import name_of
+from support.harness import path_with, program_under_test, readable, run
 
-TIME_LIMIT = 120  # seconds
 MAPPING = "mapping.xml"
 DIRECTIVES = "directives"
-NOT_VALID, NO_SCHEMA = 3, 5  # xmllint's status for a document, and for the schema itself
 ERROR = re.compile(r"^.+:\d+:\d+: error: (.+) \[([a-z-]+)\]$", re.MULTILINE)
 
 
-def run(directory: Path, *command: str, **environment: str) -> CompletedProcess[bytes]:
-    variables = {**os.environ, "LC_ALL": "C.UTF-8", **environment}
-    return run_in_time(list(command), b"", TIME_LIMIT, cwd=directory, env=variables)
-
-
 def compile_source(source: Path) -> CompletedProcess[bytes]:
-    return run(
-        source.parent, program_under_test("ZBC"), "-C", "XMLGEN(WS)", COPY_PATH, source.name
-    )
+    return run(source.parent, program_under_test("ZBC"), "-C", "XMLGEN(WS)", COPY_PATH, source.name)
 
 
 def convert(source: Path, compiler: Path, **environment: str) -> CompletedProcess[bytes]:
-    """A run with a mapping file, whose compiler is the one in the folder."""
+    """Runs the program with a mapping file and the compiler in the given folder."""
     (source.parent / DIRECTIVES).write_text(f"{COPY_PATH}\n", encoding="ascii")
     command = [
-        program_under_test(), "-noprompt", "-M", MAPPING, "-d", DIRECTIVES, source.name,
-    ]  # fmt: skip
-    path = f"{compiler}{os.pathsep}{os.environ['PATH']}"
-    return run(source.parent, *command, PATH=path, **environment)
+        program_under_test(),
+        "-noprompt",
+        "-M",
+        MAPPING,
+        "-d",
+        DIRECTIVES,
+        source.name,
+    ]
+    return run(source.parent, *command, PATH=path_with(compiler), **environment)
 
 
 def errors_of(compiled: CompletedProcess[bytes]) -> list[tuple[str, str]]:
     """The compiler's errors, each with its code."""
-    return ERROR.findall(compiled.stderr.decode("utf-8", "backslashreplace"))
+    return ERROR.findall(readable(compiled.stderr))
 
 
 def is_valid(schema: Path) -> bool:
-    """The program finds no fault in the schema; xmllint has to say the same.
+    """Whether the program accepts the schema; xmllint, where installed, has to agree.
 
-    xmllint is given a document of which the schema can know nothing.
+    xmllint validates a document that no schema describes.
     """
     result = run(schema.parent, program_under_test(), "-V", schema.name)
-    print(result.stderr.decode("utf-8", "backslashreplace"))  # pytest shows it with a failure
+    print(readable(result.stderr))  # pytest shows it with a failure
     valid = result.returncode == 0
     if shutil.which("xmllint"):
         document = schema.parent / "document.xml"
         document.write_text("<document/>\n", encoding="ascii")
-        linted = run(schema.parent, "xmllint", "--noout", "--schema", schema.name, document.name)
-        assert linted.returncode == (NOT_VALID if valid else NO_SCHEMA), linted.stderr.decode()
+        status, printed = validate(schema, document)
+        assert status == (DOCUMENT_REFUSED if valid else SCHEMA_REFUSED), printed
     return valid
 
 
@@ -71,17 +69,17 @@ class Conversion(NamedTuple):
     schema: Path
     copybook: Path
     mapping: Path
-    written: set[str]  # names of what the run left in the directory
+    written: set[str]  # names of the files that the run left in the directory
 
 
 def run_on(source: Path, directory: Path) -> Conversion:
-    """Compiles the source for its dictionary, and converts it with the same compiler."""
+    """Compiles the source to get its dictionary, and converts it with the same compiler."""
     link_members(source, directory, MISSING.get(name_of(source), {}))
     copy = stage(source, directory)
     compiled = compile_source(copy)
     dictionary = copy.with_suffix(".xml")
     if compiled.returncode or not dictionary.exists():
-        pytest.fail(compiled.stderr.decode("utf-8", "backslashreplace"), pytrace=False)
+        pytest.fail(readable(compiled.stderr), pytrace=False)
     program = ET.parse(dictionary).getroot()
     dictionary.unlink()
     compilers = directory / "compilers"
@@ -91,6 +89,12 @@ def run_on(source: Path, directory: Path) -> Conversion:
     result = convert(copy, compilers)
     schema, copybook = copy.with_suffix(".xsd"), directory / f"{copy.stem}-fdmorph.cpy"
     return Conversion(
-        source, directory, program, result, schema, copybook, directory / MAPPING,
+        source,
+        directory,
+        program,
+        result,
+        schema,
+        copybook,
+        directory / MAPPING,
         set(os.listdir(directory)) - before,
-    )  # fmt: skip
+    )

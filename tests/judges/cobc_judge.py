@@ -1,41 +1,29 @@
 """Lets cobc judge the data division of a copybook.
 
-A complaint is explained when a reason that lies in the schema's names and sizes stands in
-the entry itself.  Such an entry is mended and cobc asked again, because one complaint hides
-others; what is left when nothing can be mended any more is unexplained.
+A complaint is explained if its cause, a name or a size that comes from the schema, is found in
+the entry. Such an entry is corrected and cobc runs again, because one complaint hides others.
+The complaints that remain when nothing can be corrected are unexplained.
 """
 
 from __future__ import annotations
 
-import os
 import re
-import subprocess
-from functools import cache
 from pathlib import Path
 from typing import NamedTuple
 
-from copybook import Entry
-from rejections import REASONS, Judged
+from judges.cobc import HEAD, TAIL, run_cobc
+from judges.copybook import Entry
+from judges.rejections import REASONS, Judged
 
-HEAD = [
-    "       IDENTIFICATION DIVISION.",
-    "       PROGRAM-ID. JUDGE.",
-    "       DATA DIVISION.",
-    "       WORKING-STORAGE SECTION.",
-]
-TAIL = ["       PROCEDURE DIVISION.", "           STOP RUN."]
-# A long word may go on on the next line, of which cobc would warn.
-COMMAND = ["cobc", "-fsyntax-only", "-fixed", "-Wno-dialect", "-fmax-errors=1000000"]
 REPORT = re.compile(r"[^:]+:(?P<line>\d+): (?P<kind>error|warning): (?P<message>.*)")
-TIME_LIMIT = 120  # seconds
 
 
 class Complaint(NamedTuple):
-    entry: Entry | None  # None outside of the records
+    entry: Entry | None  # None outside the records
     message: str
 
     def describe(self) -> str:
-        text = " ".join(" ".join(self.entry.lines).split()) if self.entry else "outside of records"
+        text = " ".join(" ".join(self.entry.lines).split()) if self.entry else "outside the records"
         return f"{text}: {self.message}"
 
 
@@ -55,22 +43,20 @@ def complaints(entries: list[Entry], directory: Path) -> list[Complaint]:
     owners += [None] * (len(TAIL) + 1)  # the end of the file is a line too
     source = directory / "judge.cob"
     source.write_bytes("\n".join([*program, ""]).encode("latin-1"))
-    result = subprocess.run(
-        [*COMMAND, source.name], cwd=directory, env={**os.environ, "LC_ALL": "C"},
-        capture_output=True, encoding="latin-1", check=False, timeout=TIME_LIMIT,
-    )  # fmt: skip
+    # cobc warns of a word that is continued on the next line.
+    status, printed = run_cobc(source, "-Wno-dialect")
     found = []
-    for line in filter(None, (result.stdout + result.stderr).split("\n")):
+    for line in printed:
         match = REPORT.fullmatch(line)
         owner = owners[int(match["line"]) - 1] if match else None
         found.append(Complaint(owner, match["message"] if match else line))
-    if result.returncode < 0 or (result.returncode and not found):
-        found.append(Complaint(None, f"cobc ended with status {result.returncode}"))
+    if status < 0 or (status and not found):
+        found.append(Complaint(None, f"cobc ended with status {status}"))
     return found
 
 
 def mend(complaint: Complaint, judged: Judged, mended: set[tuple[Entry, str]]) -> str | None:
-    """The name of the reason that explains the complaint, with the entry mended."""
+    """The name of the reason that explains the complaint; the entry is corrected."""
     entry = complaint.entry
     if entry is None:
         return None
@@ -97,13 +83,3 @@ def judge(judged: Judged, directory: Path) -> tuple[list[Explained], list[Compla
         if len(explained) == before:
             return explained, found
     return explained, []
-
-
-@cache
-def reserved_words() -> frozenset[str]:
-    """The words that cobc takes for no data name; those that depend on context are none."""
-    listing = subprocess.run(
-        ["cobc", "--list-reserved"], capture_output=True, text=True, check=True
-    ).stdout
-    words = re.findall(r"^([A-Z0-9-]+) +(?:Yes|No)(?! \(Context)", listing, re.MULTILINE)
-    return frozenset(words)

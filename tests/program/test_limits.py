@@ -1,7 +1,6 @@
-"""Inputs and devices at their limits: depth, a full disk, an odd end of the input.
+"""Inputs and devices at their limits: deep nesting, a full disk, closed streams.
 
-These need generated inputs or special files, so they are no cases of tests/cases.  The
-environment variable FDMORPH names the program under test.
+These tests need generated inputs or special files, so they are not in tests/cases.
 """
 
 from __future__ import annotations
@@ -12,8 +11,8 @@ import subprocess
 from pathlib import Path
 
 import pytest
+from support.harness import TIME_LIMIT, environment, program_under_test
 
-TIME_LIMIT = 120  # seconds
 SMALL_STACK = 512 * 1024  # bytes
 
 SCHEMA = '<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema">{}</xs:schema>'
@@ -21,19 +20,18 @@ TINY = SCHEMA.format('<xs:element name="code" type="xs:string"/>')
 RECORD = '       01 code PIC X(80) identified by "code" count in code-count.\n\n'
 
 
-def program() -> str:
-    path = os.environ.get("FDMORPH", "")
-    if not os.access(path, os.X_OK):
-        pytest.fail(f'FDMORPH must name the program under test; it is "{path}"', pytrace=False)
-    return os.path.abspath(path)
-
-
 def run(directory: Path, *args: str, **options: object) -> subprocess.CompletedProcess[str]:
     return subprocess.run(
-        [program(), *args], cwd=directory, capture_output="stdout" not in options, text=True,
-        stdin=options.pop("stdin", subprocess.DEVNULL), timeout=TIME_LIMIT, check=False,
-        env={**os.environ, "LC_ALL": "C.UTF-8"}, **options,  # type: ignore[arg-type]
-    )  # fmt: skip
+        [program_under_test(), *args],
+        cwd=directory,
+        capture_output="stdout" not in options,
+        text=True,
+        stdin=options.pop("stdin", subprocess.DEVNULL),
+        timeout=TIME_LIMIT,
+        check=False,
+        env=environment(),
+        **options,  # type: ignore[arg-type]
+    )
 
 
 def nested_elements(depth: int) -> str:
@@ -47,13 +45,13 @@ def use_small_stack() -> None:
     resource.setrlimit(resource.RLIMIT_STACK, (SMALL_STACK, SMALL_STACK))
 
 
-def test_ten_thousand_nested_elements_are_converted_or_refused_in_order(tmp_path: Path) -> None:
+def test_ten_thousand_nested_elements_are_converted_or_refused(tmp_path: Path) -> None:
     (tmp_path / "a.xsd").write_text(nested_elements(10_000))
     result = run(tmp_path, "a.xsd", "-nocountin")
     if result.returncode == 0:
-        # Levels above 49 are silently left out of the record.
+        # Levels above 49 are left out of the record without a message.
         words = [line.split()[0] for line in (tmp_path / "a.cpy").read_text().splitlines() if line]
-        levels = [word for word in words if word.isdigit()]  # other lines go on from above
+        levels = [word for word in words if word.isdigit()]  # other lines continue the one above
         assert levels == [f"{level:02}" for level in range(1, 50)]
         assert "Successfully converted 1 of 1 schema head element(s)." in result.stderr
     else:
@@ -62,14 +60,14 @@ def test_ten_thousand_nested_elements_are_converted_or_refused_in_order(tmp_path
 
 
 @pytest.mark.parametrize("args", [["a.xsd", "-noprompt"], ["-v", "a.xsd"]])
-def test_a_stack_that_runs_out_is_one_line_and_status_1(tmp_path: Path, args: list[str]) -> None:
+def test_a_stack_overflow_is_one_line_and_status_1(tmp_path: Path, args: list[str]) -> None:
     (tmp_path / "a.xsd").write_text(nested_elements(5_000))
     result = run(tmp_path, *args, preexec_fn=use_small_stack)
     assert result.returncode == 1
     assert result.stderr == "Internal Error : Input is nested too deeply\n"
 
 
-def test_with_a_log_the_stack_that_runs_out_is_told_there(tmp_path: Path) -> None:
+def test_with_a_log_a_stack_overflow_is_reported_there(tmp_path: Path) -> None:
     (tmp_path / "a.xsd").write_text(nested_elements(5_000))
     result = run(tmp_path, "a.xsd", "-noprompt", "-log", preexec_fn=use_small_stack)
     assert (result.returncode, result.stdout, result.stderr) == (1, "", "")
@@ -88,7 +86,7 @@ def test_a_full_disk_is_reported_with_the_files_name_and_counted(tmp_path: Path)
     )
 
 
-def test_a_console_that_takes_nothing_makes_the_status_1(tmp_path: Path) -> None:
+def test_a_console_that_cannot_be_written_makes_the_status_1(tmp_path: Path) -> None:
     (tmp_path / "a.xsd").write_text(TINY)
     with open("/dev/full", "w", encoding="ascii") as full:
         result = run(tmp_path, "a.xsd", stdout=full, stderr=subprocess.PIPE)
@@ -106,7 +104,7 @@ def test_a_log_on_a_full_disk_is_reported_on_the_console(tmp_path: Path) -> None
     assert (tmp_path / "a.cpy").read_text() == RECORD
 
 
-def test_an_exit_status_above_255_is_given_as_255(tmp_path: Path) -> None:
+def test_the_exit_status_is_at_most_255(tmp_path: Path) -> None:
     # One warning for each element of a type that has no COBOL form.
     member = '<xs:element name="e{}" type="xs:IDREFS"/>'
     content = "".join(member.format(i) for i in range(256))
@@ -155,7 +153,7 @@ def test_a_closed_standard_input_counts_as_no(tmp_path: Path) -> None:
     assert (tmp_path / "a.cpy").read_text() == "mine\n"
 
 
-def test_a_record_of_too_many_items_is_given_up_and_the_next_follows(tmp_path: Path) -> None:
+def test_a_record_of_too_many_items_is_abandoned_and_the_next_is_converted(tmp_path: Path) -> None:
     # Seven layers of types, each with ten elements of the next: ten million items.
     element = '<xs:element name="e{}" type="{}"/>'
     types = ""
@@ -179,10 +177,8 @@ def test_a_record_of_too_many_items_is_given_up_and_the_next_follows(tmp_path: P
 
 
 def entity_bomb() -> str:
-    """A schema of a few hundred bytes whose documentation would be a hundred billion letters."""
-    entities = "".join(
-        f'<!ENTITY e{i} "{f"&e{i - 1};" * 10 if i else "x"}">' for i in range(12)
-    )
+    """A schema of a few hundred bytes whose documentation expands to 100,000,000,000 characters."""
+    entities = "".join(f'<!ENTITY e{i} "{f"&e{i - 1};" * 10 if i else "x"}">' for i in range(12))
     annotation = "<xs:annotation><xs:documentation>&e11;</xs:documentation></xs:annotation>"
     element = '<xs:element name="code" type="xs:string"/>'
     return f"<!DOCTYPE xs:schema [{entities}]>" + SCHEMA.format(annotation + element)
@@ -203,7 +199,7 @@ def entity_bomb() -> str:
         ),
     ],
 )
-def test_a_schema_whose_entities_expand_without_measure_is_refused(
+def test_a_schema_whose_entities_expand_too_far_is_refused(
     tmp_path: Path, args: list[str], files: dict[str, str]
 ) -> None:
     (tmp_path / "a.xsd").write_text(entity_bomb())

@@ -11,7 +11,7 @@ import re
 from collections.abc import Callable, Iterator
 from typing import NamedTuple
 
-from copybook import CONDITION_NAME, Entry
+from judges.copybook import CONDITION_NAME, Entry
 
 DEEPEST_LEVEL = 49
 NO_WORD_CHARACTER = re.compile(r"[^A-Za-z0-9\x80-\xff_-]")

@@ -1,4 +1,4 @@
-"""Which schemas a document or a schema names, and how to name one in a document."""
+"""Finds the schemas that a document or a schema names, and adds such a name to a document."""
 
 from __future__ import annotations
 
@@ -21,7 +21,7 @@ class Instance(NamedTuple):
 
 
 def listed_instances(listing: Path) -> list[Instance]:
-    """The rows of a table of instance documents, whose paths start at the table's folder."""
+    """The rows of a table of instance documents. Their paths are relative to the table."""
     with listing.open(encoding="utf-8", newline="") as rows:
         return [
             Instance(
@@ -40,14 +40,14 @@ def schema_locations(path: Path) -> list[str]:
     return [location for value in values for location in value[1::2] or value]
 
 
-def leads_out(path: Path) -> bool:
-    """A schema is named that would have to be fetched from elsewhere."""
+def needs_network(path: Path) -> bool:
+    """Whether the file names a schema that has to be fetched from elsewhere."""
     return any("://" in location for location in schema_locations(path))
 
 
 @cache
 def files_referred_to(schema: Path) -> frozenset[Path]:
-    """All that is reached over any number of files."""
+    """All files that the schema refers to, directly or through other files."""
     reached: set[Path] = set()
     waiting = [schema]
     while waiting:

@@ -1,16 +1,16 @@
-"""The judge of generated copybooks knows each reason, and lets nothing else pass."""
+"""The judge of generated copybooks explains the known complaints and no others."""
 
 from __future__ import annotations
 
-import shutil
 from pathlib import Path
 
 import pytest
-from cobc_judge import judge, reserved_words
-from copybook import CopybookError, read_copybook
-from rejections import REASONS, Judged
+from judges.cobc import NEEDS_COBC, reserved_words
+from judges.cobc_judge import judge
+from judges.copybook import CopybookError, read_copybook
+from judges.rejections import REASONS, Judged
 
-pytestmark = pytest.mark.skipif(shutil.which("cobc") is None, reason="cobc isn't installed")
+pytestmark = NEEDS_COBC
 
 EMPTY = 'Warning : Unable to convert schema element "m" to COBOL (empty structure)\n'
 UNION = """\
@@ -52,7 +52,7 @@ EXPLAINED = {
     ],
     "a group without an elementary item": [
         "       01 r.\n        02 g.\n        02 a PIC X(1).\n",
-        "       01 r.\n        02 g.\n         88 enumerator-0 value is \"a\".\n",
+        '       01 r.\n        02 g.\n         88 enumerator-0 value is "a".\n',
     ],
     "a floating-point item with members": [
         "       01 r.\n        02 f USAGE COMP-1.\n         03 a PIC X(1).\n",
@@ -134,13 +134,13 @@ def test_a_complaint_without_a_reason_stays(text: str, tmp_path: Path) -> None:
 
 
 @pytest.mark.parametrize("text", UNREADABLE.values(), ids=UNREADABLE)
-def test_what_is_no_entry_is_not_read(text: str) -> None:
+def test_text_that_is_not_an_entry_is_refused(text: str) -> None:
     with pytest.raises(CopybookError):
         read_copybook(text, "")
 
 
 @pytest.mark.parametrize("text", [UNION, f"       01 {'a' * 62}\n      -   a PIC X(1).\n"])
-def test_what_is_right_gets_no_complaint(text: str, tmp_path: Path) -> None:
+def test_a_correct_copybook_has_no_complaint(text: str, tmp_path: Path) -> None:
     assert read_and_judge(text, tmp_path, "") == (set(), [])
 
 
@@ -156,7 +156,7 @@ def test_xml_clauses_become_blanks_with_their_marks() -> None:
     assert (entry.name, entry.occurs, entry.cut) == ("r", "2", set())
 
 
-def test_a_cut_literal_is_put_together() -> None:
+def test_a_cut_literal_is_joined() -> None:
     text = (
         f"       01 r PIC X(80).\n        88 enumerator-0 value is \"{'b' * 38}\n"
         '      -    "cc".\n'

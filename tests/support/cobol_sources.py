@@ -1,29 +1,28 @@
-"""The COBOL sources of the corpus, and what is to know about single ones.
+"""The COBOL sources of the corpus, and the properties of single ones.
 
-They stand below cobol/ in the corpus, each with the members that it copies beside it.  What
-the tables say of a source is tested, so that no entry outlives its reason.
+They are in the folder cobol/ of the corpus, each next to the members that it copies. Tests check
+every entry of the tables below, so an entry that is no longer needed is found.
 """
 
 from __future__ import annotations
 
-import os
 import re
 import shutil
 from pathlib import Path
 from typing import NamedTuple
 
-DEFAULT_CORPUS = Path(__file__).resolve().parents[2] / "shared" / "corpus"
-CORPUS = Path(os.environ.get("FDMORPH_CORPUS", DEFAULT_CORPUS)).resolve() / "cobol"
-SUFFIXES = {".cbl", ".cpy", ".cob", ".cobol"}
+from support.corpus import corpus_files, name_of
+
+SUFFIXES = (".cbl", ".cpy", ".cob", ".cobol")
 PROGRAM = re.compile(rb"^.{6} +PROGRAM-ID\b", re.IGNORECASE | re.MULTILINE)
 
-MEMBERS = "members"  # the source's own folder
+MEMBERS = "members"  # the folder of the source
 STAND_INS = "stand-ins"  # and one with the members that the corpus lacks
 COPY_PATH = f"COPYPATH({MEMBERS}:{STAND_INS})"
 
-# Programs without an item in working storage or a file.
+# Programs without an item in the working-storage section or in a file.
 EMPTY = {
-    "proleap/DeformedLines.cbl",  # its data stand behind the procedure division's header
+    "proleap/DeformedLines.cbl",  # its data follow the header of the procedure division
     "proleap/EmptyLines.cbl",
     "proleap/LineContinuationDoubleQuotes.cbl",
     "proleap/LineContinuationEscapedQuotes.cbl",
@@ -33,7 +32,7 @@ EMPTY = {
 
 class Refusal(NamedTuple):
     code: str  # of the compiler's first error
-    text: str  # a regular expression for what the error is about
+    text: str  # a regular expression for the text that causes the error
 
 
 STATEMENT = Refusal("syntax", r"(?m)^.{6} +MOVE ")
@@ -50,7 +49,7 @@ REFUSED = {
     "proleap/LineContinuationWhitespace.cbl": NO_SECTION,
 }
 
-# Members that the corpus lacks, by the sources that copy them, and what stands in for them.
+# Members that the corpus lacks, by the sources that copy them, and their stand-ins.
 MISSING = {
     "carddemo/CBSTM03A.CBL": {"CUSTREC": "01 CUSTOMER-RECORD PIC X(500)."},
     "carddemo/COSGN00C.cbl": {"COTTL01Y": "", "CSMSG01Y": ""},
@@ -64,20 +63,16 @@ MISSING = {
 }
 
 
-def name_of(source: Path) -> str:
-    return source.relative_to(CORPUS).as_posix()
-
-
 def is_program(source: Path) -> bool:
     return PROGRAM.search(source.read_bytes()) is not None
 
 
-SOURCES = [path for path in sorted(CORPUS.rglob("*")) if path.suffix.lower() in SUFFIXES]
+SOURCES = corpus_files("cobol", *SUFFIXES)
 BEARING = [path for path in SOURCES if name_of(path) not in EMPTY | REFUSED.keys()]
 
 
 def link_members(source: Path, directory: Path, missing: dict[str, str]) -> None:
-    """Makes the folders where the source's members are found."""
+    """Makes the folders in which the members of the source are found."""
     (directory / MEMBERS).symlink_to(source.parent)
     (directory / STAND_INS).mkdir()
     for member, text in missing.items():
@@ -86,7 +81,7 @@ def link_members(source: Path, directory: Path, missing: dict[str, str]) -> None
 
 
 def stage(source: Path, directory: Path) -> Path:
-    """A copy of the source, with an extension that the program takes for COBOL."""
+    """A copy of the source, with an extension that the program accepts."""
     suffix = source.suffix
     if suffix.lower() not in (".cbl", ".cpy"):
         suffix = ".cbl" if is_program(source) else ".cpy"

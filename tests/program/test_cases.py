@@ -41,58 +41,81 @@ from pathlib import Path
 from typing import Any
 
 import pytest
-from comparison import Tree, compare, compare_trees, read_tree
-from harness import describe_signal, program_under_test, run_in_time
+from support.comparison import Tree, compare, compare_trees, read_tree
+from support.harness import (
+    FAKE_COMPILER,
+    TESTS,
+    describe_signal,
+    environment,
+    path_with,
+    program_under_test,
+    run_in_time,
+)
 
-HERE = Path(__file__).resolve().parent
-CASES = HERE / "cases"
-COMPILER = HERE / "fake_zbc" / "zbc"
-FOLDERS = sorted(path for path in CASES.glob("*/*") if path.is_dir())
+FOLDERS = sorted(path for path in (TESTS / "cases").glob("*/*") if path.is_dir())
 ENTRIES = {
-    "case.toml", "dictionary.xml", "zbc.arguments", "input", "stdout", "stderr", "files",
-}  # fmt: skip
+    "case.toml",
+    "dictionary.xml",
+    "zbc.arguments",
+    "input",
+    "stdout",
+    "stderr",
+    "files",
+}
 DEFAULTS: dict[str, Any] = {
-    "rule": "", "program": "fdmorph", "args": [], "status": 0, "stdin": "", "env": {},
-    "removed": [], "modes": {}, "merged": False, "zbc": {},
-}  # fmt: skip
+    "rule": "",
+    "program": "fdmorph",
+    "args": [],
+    "status": 0,
+    "stdin": "",
+    "env": {},
+    "removed": [],
+    "modes": {},
+    "merged": False,
+    "zbc": {},
+}
 ZBC_DEFAULTS: dict[str, Any] = {
-    "status": 0, "signal": "", "output": "", "missing": False, "real": False,
-}  # fmt: skip
+    "status": 0,
+    "signal": "",
+    "output": "",
+    "missing": False,
+    "real": False,
+}
 PROGRAMS = {"fdmorph": "FDMORPH", "zbc": "ZBC"}  # the variables that name them
 TIME_LIMIT = 30  # seconds
 TEMPORARY_NAME = re.compile(rb"\bfile[a-z0-9]{6}(?=\.)")
 
 
 class CaseError(Exception):
-    """The case itself is not well written."""
+    """The files of the case are wrong."""
 
 
 def with_defaults(given: dict[str, Any], defaults: dict[str, Any]) -> dict[str, Any]:
     for key, value in given.items():
         if key not in defaults:
             raise CaseError(f"case.toml: unknown key {key}")
-        if type(value) is not type(defaults[key]):
-            raise CaseError(f"case.toml: {key} is no {type(defaults[key]).__name__}")
+        if not isinstance(value, type(defaults[key])):
+            raise CaseError(f"case.toml: {key} is not a {type(defaults[key]).__name__}")
     return defaults | given
 
 
 def load_case(folder: Path) -> dict[str, Any]:
-    """The keys of case.toml, with their defaults; a slip in the case is never passed over."""
+    """The keys of case.toml, with their defaults. Unknown keys and files are errors."""
     if stray := sorted(set(os.listdir(folder)) - ENTRIES):
-        raise CaseError(f"a case has no {', '.join(stray)}")
+        raise CaseError(f"unexpected files in the case: {', '.join(stray)}")
     case = tomllib.loads((folder / "case.toml").read_text(encoding="utf-8"))
     if not case.get("rule") or "args" not in case:
         raise CaseError("case.toml: rule and args are required")
     case = with_defaults(case, DEFAULTS)
     if case["program"] not in PROGRAMS:
-        raise CaseError(f"case.toml: there is no program {case['program']}")
+        raise CaseError(f"case.toml: unknown program {case['program']}")
     if case["zbc"].get("real") and (folder / "dictionary.xml").exists():
-        raise CaseError("the real compiler leaves a dictionary of its own")
+        raise CaseError("the real compiler writes its own dictionary")
     return case | {"zbc": with_defaults(case["zbc"], ZBC_DEFAULTS)}
 
 
 class Expectation:
-    """What the case folder says of the results, with the placeholders filled in."""
+    """The expected results of a case, with the placeholders filled in."""
 
     def __init__(self, folder: Path, directory: Path, *traces: bytes) -> None:
         self.folder = folder
@@ -116,32 +139,32 @@ class Expectation:
         tree = read_tree(self.folder / "input")
         for name in removed:
             if tree.pop(name, None) is None:
-                raise CaseError(f"case.toml: removed names {name}, which is no input file")
+                raise CaseError(f"case.toml: removed names {name}, which is not an input file")
         for name, content in read_tree(self.folder / "files").items():
             tree[self.expand(name.encode()).decode().removeprefix("./")] = self.expand(content)
         return tree
 
 
 def compiler_environment(folder: Path, zbc: dict[str, Any], arguments: Path) -> dict[str, str]:
-    """What puts the compiler on the path and, if it is the fake one, tells it what to do."""
-    folders = os.get_exec_path()
+    """Puts the compiler of the case on the path, and describes what the fake one does."""
     if zbc["real"]:
         link = arguments.parent / "bin" / "zbc"
         link.parent.mkdir()
         link.symlink_to(program_under_test("ZBC"))
-        return {"PATH": os.pathsep.join([str(link.parent), *folders])}
+        return {"PATH": path_with(link.parent)}
     if zbc["missing"]:
-        folders = [f for f in folders if not os.path.exists(os.path.join(f, COMPILER.name))]
+        name = FAKE_COMPILER.name
+        folders = [path for path in os.get_exec_path() if not os.path.exists(f"{path}/{name}")]
         return {"PATH": os.pathsep.join(folders)}
-    environment = {
-        "PATH": os.pathsep.join([str(COMPILER.parent), *folders]),
+    variables = {
+        "PATH": path_with(FAKE_COMPILER.parent),
         "FAKE_ZBC_ARGUMENTS": str(arguments),
         "FAKE_ZBC_OUTPUT": zbc["output"],
         "FAKE_ZBC_STATUS": str(zbc["status"]),
         "FAKE_ZBC_SIGNAL": zbc["signal"],
     }
     dictionary = folder / "dictionary.xml"
-    return environment | ({"FAKE_ZBC_DICTIONARY": str(dictionary)} if dictionary.exists() else {})
+    return variables | ({"FAKE_ZBC_DICTIONARY": str(dictionary)} if dictionary.exists() else {})
 
 
 def run(
@@ -158,7 +181,7 @@ def run(
             TIME_LIMIT,
             stderr=subprocess.STDOUT if case["merged"] else subprocess.PIPE,
             cwd=directory,
-            env={**os.environ, "LC_ALL": "C.UTF-8", **compiler, **case["env"]},
+            env=environment(**compiler | case["env"]),
         )
     finally:
         for path in filter(Path.exists, modes):
@@ -175,7 +198,7 @@ def compare_status(expected: int, found: int) -> list[str]:
 def test_case(folder: Path, tmp_path: Path) -> None:
     case = load_case(folder)
     if case["modes"] and os.geteuid() == 0:
-        pytest.skip("permissions mean nothing to root")
+        pytest.skip("permissions do not restrict root")
     directory = tmp_path.resolve() / "run"
     directory.mkdir()
     if (folder / "input").exists():

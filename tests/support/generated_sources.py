@@ -1,21 +1,21 @@
-"""Makes COBOL sources at random, each with a right data division."""
+"""Makes random COBOL sources, each with a correct data division."""
 
 from __future__ import annotations
 
 from random import Random
 
-from generated_items import Elementary, ItemMaker
-from generated_text import SourceText
+from support.generated_items import Elementary, ItemMaker
+from support.generated_text import SourceText
 
-DEEPEST = 5  # groups in groups
-MOST_ITEMS = 12  # of a group
+MAX_DEPTH = 5  # of nested groups
+MAX_ITEMS = 12  # of a group
 WORDS = ["AMOUNT", "Order-Line", "item", "CUST_NO", "X", "A-RATHER-LONG-NAME-OF-AN", "Total"]
 GROUP_USAGES = ["COMP", "COMP-3", "COMP-5", "BINARY"]
-SIGN = "SIGN"  # stands for the SIGN clause of a group where else its usage stands
+SIGN = "SIGN"  # marks a SIGN clause where the usage of a group is passed on
 
 
 class SourceMaker:
-    """Makes one source; the same seed makes the same."""
+    """Makes one source. The same seed makes the same source."""
 
     def __init__(self, seed: int) -> None:
         self.random = Random(seed)
@@ -55,7 +55,7 @@ class SourceMaker:
         return item
 
     def elementary(self, level: int, usage: str, in_table: bool, has_values: bool) -> str:
-        """Writes an item; its name if it can be redefined, else nothing."""
+        """Writes an item. Returns its name if it can be redefined, or ""."""
         item = self.item_of_a_group(usage)
         clauses = list(item.clauses)
         is_record = level in (1, 77)
@@ -67,13 +67,13 @@ class SourceMaker:
         self.text.entry(level, name or self.optional("FILLER").strip(), clauses)
         self.conditions(item)
         if item.is_place:
-            self.renameable = []  # none may lie among what is renamed
+            self.renameable = []  # an index or pointer cannot be renamed
         elif name and has_values and not (in_table or is_table):
             self.renameable.append(name)
         return "" if is_table else name
 
     def group(self, level: int, depth: int, usage: str, in_table: bool, has_values: bool) -> str:
-        """Writes a group with its members; its name if it can be redefined, else nothing."""
+        """Writes a group with its members. Returns its name if it can be redefined, or ""."""
         is_table = level > 1 and self.likely(20)
         clauses = [self.occurs()] if is_table else []
         if not usage and self.likely(8):
@@ -91,8 +91,8 @@ class SourceMaker:
         return level + self.random.choice([1, 2, 4, 5, 8])
 
     def members(self, level: int, depth: int, usage: str, in_table: bool, has_values: bool) -> None:
-        for _ in range(self.random.randint(1, MOST_ITEMS >> (depth // 2))):
-            if depth < DEEPEST and self.likely(25):
+        for _ in range(self.random.randint(1, MAX_ITEMS >> (depth // 2))):
+            if depth < MAX_DEPTH and self.likely(25):
                 name = self.group(level, depth + 1, usage, in_table, has_values)
             else:
                 name = self.elementary(level, usage, in_table, has_values)
@@ -100,9 +100,9 @@ class SourceMaker:
                 self.redefinition(level, depth, name, in_table)
 
     def redefinition(self, level: int, depth: int, name: str, in_table: bool) -> None:
-        """One that may be smaller or larger than what it redefines."""
+        """Writes a redefinition, which may be smaller or larger than the item it redefines."""
         new_name = self.name() if self.likely(70) else "FILLER"
-        if self.likely(50) or depth >= DEEPEST:
+        if self.likely(50) or depth >= MAX_DEPTH:
             picture = self.items.picture(self.items.repeated("X", self.random.randint(1, 9)))
             self.text.entry(level, new_name, [f"REDEFINES {name}", picture])
         else:
@@ -130,7 +130,7 @@ class SourceMaker:
         self.renames()
 
     def depending_table(self, level: int) -> None:
-        """The last of its record, because nothing may lie behind it."""
+        """Writes a table of variable size; it is the last item because nothing may follow it."""
         counter, least = self.name(), self.random.choice([0, 1, 2])
         self.text.entry(level, counter, [self.items.picture("9(3)"), *["COMP"] * self.likely(50)])
         occurs = f"OCCURS {least} TO {least + self.random.randint(1, 50)} "
@@ -139,7 +139,7 @@ class SourceMaker:
             self.text.entry(level, self.name(), [*self.items.number().clauses, occurs])
         else:
             self.text.entry(level, self.name(), [occurs])
-            self.members(self.level_below(level), DEEPEST - 1, "", True, has_values=False)
+            self.members(self.level_below(level), MAX_DEPTH - 1, "", True, has_values=False)
 
     def constants(self) -> None:
         for _ in range(self.random.choice([0, 0, 1, 2])):

@@ -1,4 +1,4 @@
-"""Makes sources that cobc takes, of sources that it refuses for reasons of its own."""
+"""Edits sources that cobc refuses for reasons of its own until it accepts them."""
 
 from __future__ import annotations
 
@@ -6,9 +6,9 @@ import re
 from pathlib import Path
 from typing import NamedTuple
 
-from cobc_judge import HEAD, TAIL, reserved_words
-from cobc_listing import Item, Listing, list_items
-from cobol_sources import MEMBERS, STAND_INS, is_program
+from judges.cobc import HEAD, TAIL, reserved_words
+from judges.cobc_listing import Item, Listing, list_items
+from support.cobol_sources import MEMBERS, STAND_INS, is_program
 
 PROCEDURE = re.compile(r"^.{6} +PROCEDURE +DIVISION\b", re.IGNORECASE | re.MULTILINE)
 FIRST_LEVEL = re.compile(r"^.{6} +(\d\d?) ", re.MULTILINE)
@@ -18,10 +18,10 @@ MEMBER_OPTIONS = ["-I", MEMBERS, "-I", STAND_INS]
 
 
 class Edit(NamedTuple):
-    """A change of the text or an option, without which cobc refuses a source."""
+    """A change of the text, or an option, without which cobc refuses a source."""
 
-    complaint: str  # a regular expression for what cobc says
-    text: str = ""  # another for what is replaced, also in a picture with its usage
+    complaint: str  # a regular expression for the message of cobc
+    text: str = ""  # another for the text to replace, also in a picture with its usage
     replacement: str = ""
     option: str = ""
 
@@ -44,7 +44,7 @@ NINETEEN_DIGITS = Edit(
 )
 COMP_0 = Edit("COMP-0 is not implemented", r"COMP-0\.", "COMP.")
 TAG = Edit("unexpected :", ":TAG:", "TAG")
-# What the translator for the transaction monitor brings with it.
+# Members that come with the translator for the transaction monitor.
 CICS = [
     Edit("DFHAID: No such file", r"COPY DFHAID\."),
     Edit("DFHBMSCA: No such file", r"COPY DFHBMSCA\."),
@@ -59,7 +59,7 @@ LETTER_IN_MEMBER = Edit(
     "invalid indicator 'C'", r"TEST-FILE( +)COPY K1FDA\.", rf"TEST-FILE.\1{'':10}"
 )
 
-# Each is tested to be needed.
+# A test shows that each of them is needed.
 EDITS = {
     "carddemo/COMEN02Y.cpy": [LARGER_REDEFINITION],
     "carddemo/COSGN00C.cbl": CICS,
@@ -79,7 +79,7 @@ EDITS = {
 
 
 def reserved_names(items: list[Item]) -> list[Edit]:
-    """For each reserved word that is a name here, the option that makes it none."""
+    """For each reserved word that names an item, the option that makes it an ordinary word."""
     names = {item.name for item in items} - {"FILLER"}
     return [
         Edit("syntax error, unexpected ", option=f"-fnot-reserved={name}")
@@ -96,7 +96,7 @@ def list_edited(text: str, edits: list[Edit], directory: Path) -> Listing:
 
 
 def needless_edits(text: str, edits: list[Edit], directory: Path) -> list[Edit]:
-    """The edits without which cobc doesn't complain as they say."""
+    """The edits that can be left out without the complaint that they name."""
     found = []
     for edit in edits:
         others = [other for other in edits if other != edit]
@@ -130,10 +130,6 @@ def program_of(source: Path) -> str:
 
 
 def without_implied(listed: list[Item], items: list[Item]) -> list[Item]:
-    """What cobc lists, without the record that a copybook of a single item doesn't need."""
+    """The listed items, without the implied record if a copybook has only one item."""
     is_needless = listed[0].name == IMPLIED and items[0].name != IMPLIED
     return listed[1:] if is_needless else listed
-
-
-def program_with(lines: list[str]) -> str:
-    return "\n".join([*HEAD, *lines, *TAIL, ""])

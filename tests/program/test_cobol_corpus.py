@@ -1,11 +1,7 @@
-"""Runs the program, with the compiler, over a folder of real COBOL sources.
+"""Runs the program and the compiler over the COBOL sources of the corpus.
 
-The environment variable FDMORPH_CORPUS names the folder, below which the sources stand in
-cobol/; cobol_sources.py tells more of them.  FDMORPH and ZBC name the programs under test.
-Where there is no corpus everything here is skipped.
-
-No expected outputs are kept.  The outputs have to hold together with the compiler's data
-dictionary, and cobc judges the dictionary and the copybook.
+No expected outputs are kept for these inputs. The outputs have to agree with the data dictionary
+of the compiler, and cobc judges the dictionary and the copybook.
 """
 
 from __future__ import annotations
@@ -18,29 +14,18 @@ from pathlib import Path
 from typing import Any
 
 import pytest
-from cobc_listing import differences
-from cobc_sources import (
+from judges.cobc import NEEDS_COBC, program_with
+from judges.cobc_listing import differences
+from judges.cobc_sources import (
     EDITS,
     edit_pictures,
     list_edited,
     needless_edits,
     program_of,
-    program_with,
     reserved_names,
     without_implied,
 )
-from cobol_runs import Conversion, compile_source, convert, errors_of, is_valid, run_on
-from cobol_sources import (
-    BEARING,
-    EMPTY,
-    MISSING,
-    REFUSED,
-    SOURCES,
-    link_members,
-    name_of,
-    stage,
-)
-from data_dictionary import (
+from judges.data_dictionary import (
     copybook_record,
     described_files,
     described_items,
@@ -48,9 +33,20 @@ from data_dictionary import (
     schema_faults,
     without_faults,
 )
-from enhanced_copybook import read_enhanced
+from judges.enhanced_copybook import read_enhanced
+from support.cobol_runs import Conversion, compile_source, convert, errors_of, is_valid, run_on
+from support.cobol_sources import (
+    BEARING,
+    EMPTY,
+    MISSING,
+    REFUSED,
+    SOURCES,
+    link_members,
+    stage,
+)
+from support.corpus import name_of, require_corpus
+from support.harness import FAKE_COMPILER, readable
 
-FAKE_ZBC = Path(__file__).resolve().parent / "fake_zbc"
 SUMMARY = re.compile(r"^(\d+) error\(s\), (\d+) warning\(s\)\n\Z", re.MULTILINE)
 WARNINGS = {
     "redefinitions": "Warning : The redefines clause is not supported ",
@@ -58,9 +54,8 @@ WARNINGS = {
     "ranges": "Warning : Data range specifier ",
     "ranges again": "Warning : Due to non-support of data range specifiers",
 }
-NEEDS_COBC = pytest.mark.skipif(shutil.which("cobc") is None, reason="cobc isn't installed")
 
-pytestmark = pytest.mark.skipif(not SOURCES, reason="there is no corpus")
+require_corpus(SOURCES)
 
 
 def sources(paths: list[Path]) -> list[Any]:
@@ -97,7 +92,7 @@ def test_the_mapping_file_names_the_items_of_the_record(conversion: Conversion) 
     ]
 
 
-def test_only_what_the_outputs_can_not_hold_is_reported(conversion: Conversion) -> None:
+def test_only_what_the_outputs_cannot_hold_is_reported(conversion: Conversion) -> None:
     record = copybook_record(conversion.program)
     lost = ranges(conversion.program)
     expected = {
@@ -106,7 +101,7 @@ def test_only_what_the_outputs_can_not_hold_is_reported(conversion: Conversion) 
         "ranges": lost,
         "ranges again": lost,
     }
-    stderr = conversion.result.stderr.decode("utf-8", "backslashreplace")
+    stderr = readable(conversion.result.stderr)
     lines = [line for line in stderr.splitlines() if line.startswith(("Warning :", "Error :"))]
     reported = {
         what: sum(line.startswith(head) for line in lines) for what, head in WARNINGS.items()
@@ -118,14 +113,14 @@ def test_only_what_the_outputs_can_not_hold_is_reported(conversion: Conversion) 
 
 
 def test_the_schema_is_valid(conversion: Conversion, tmp_path: Path) -> None:
-    """But for what lies in the data, without which it is."""
+    """It is valid, or it becomes valid without the known causes in the data."""
     faults = schema_faults(conversion.program)
     assert is_valid(conversion.schema) == (not faults)
     if faults:
         dictionary = tmp_path / "dictionary.xml"
         ET.ElementTree(without_faults(conversion.program)).write(dictionary)
         source = stage(conversion.source, tmp_path)
-        convert(source, FAKE_ZBC, FAKE_ZBC_DICTIONARY=str(dictionary))
+        convert(source, FAKE_COMPILER.parent, FAKE_ZBC_DICTIONARY=str(dictionary))
         assert is_valid(source.with_suffix(".xsd"))
 
 
@@ -172,7 +167,7 @@ def test_a_program_without_an_item_has_an_empty_dictionary(source: Path, tmp_pat
 
 
 @pytest.mark.parametrize("source", named(REFUSED))
-def test_what_is_no_data_description_is_refused(source: Path, tmp_path: Path) -> None:
+def test_a_source_without_data_descriptions_is_refused(source: Path, tmp_path: Path) -> None:
     refusal = REFUSED[name_of(source)]
     assert re.search(refusal.text, source.read_text("latin-1"))
     link_members(source, tmp_path, {})

@@ -1,4 +1,4 @@
-"""Compares what a run left with what it should have left, byte for byte, for people to read."""
+"""Compares the results of a run with the expected results, byte by byte."""
 
 from __future__ import annotations
 
@@ -9,7 +9,7 @@ Tree = dict[str, bytes]  # content by relative path; a directory's path ends in 
 
 
 def read_tree(root: Path) -> Tree:
-    """Everything below root; nothing if there is no root."""
+    """All files and directories below the root; empty if there is no root."""
     tree: Tree = {}
     for path in root.rglob("*"):
         name = path.relative_to(root).as_posix()
@@ -18,18 +18,18 @@ def read_tree(root: Path) -> Tree:
 
 
 def visible_lines(content: bytes) -> list[str]:
-    """A $ marks each line end, so that trailing blanks show."""
+    """The lines, each with a $ at its end that makes trailing blanks visible."""
     *lines, rest = content.decode("utf-8", "backslashreplace").split("\n")
     return [line + "$" for line in lines] + ([rest] if rest else [])
 
 
 def compare(name: str, expected: bytes, found: bytes) -> list[str]:
-    """The unified diff of one stream or file; empty if both are the same."""
+    """The unified diff of one stream or file; empty if they are equal."""
     if expected == found:
         return []
     before, after = visible_lines(expected), visible_lines(found)
     diff = difflib.unified_diff(before, after, f"{name} expected", f"{name} found", lineterm="")
-    return list(diff) or [f"{name} differs in bytes that are no text"]
+    return list(diff) or [f"{name} differs in bytes that are not text"]
 
 
 def compare_trees(expected: Tree, found: Tree) -> list[str]:

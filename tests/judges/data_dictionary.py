@@ -7,7 +7,7 @@ from collections.abc import Iterator
 from copy import deepcopy
 from dataclasses import dataclass, field
 
-from cobc_listing import Item
+from judges.cobc_listing import Item
 
 ELEMENTARY = {"numeric", "alphanumeric", "alphanumericEdited", "numericEdited", "national"}
 CONTAINERS = {"program", "dataItems", "fileSection", "fd"}
@@ -32,11 +32,16 @@ def is_redefinition(element: ET.Element) -> bool:
 def describe(element: ET.Element, owner: str, level: int) -> Item:
     usage = element.get("usage", "display")
     return Item(
-        owner, level, element.get("name", "").upper(), int(element.get("length", "")),
-        element.get("picture", "").upper(), LISTED_USAGE.get(usage, usage.upper()),
+        owner,
+        level,
+        element.get("name", "").upper(),
+        int(element.get("length", "")),
+        element.get("picture", "").upper(),
+        LISTED_USAGE.get(usage, usage.upper()),
         (int(element.get("minOccurs", "1")), int(element.get("maxOccurs", "1"))),
-        is_redefinition(element) or element.get("renames") == "true", element.tag == "group",
-    )  # fmt: skip
+        is_redefinition(element) or element.get("renames") == "true",
+        element.tag == "group",
+    )
 
 
 def described_items(element: ET.Element, owner: str = "") -> Iterator[Item]:

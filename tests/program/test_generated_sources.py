@@ -1,28 +1,26 @@
-"""The compiler and cobc see the same items in sources that are made at random.
+"""The compiler and cobc describe the same items in sources that are made at random.
 
-The seeds are fixed, so that a source that fails can be made again.
+The seeds are fixed, so a source that fails can be made again.
 """
 
 from __future__ import annotations
 
 import re
-import shutil
 import xml.etree.ElementTree as ET
 from pathlib import Path
 
 import pytest
-from cobc_listing import Item, differences, list_items
-from cobc_sources import program_with
-from cobol_runs import run
-from data_dictionary import described_items
-from generated_items import NUMBERS_WITHOUT_PICTURE, PICTURED_USAGES, PLACES
-from generated_sources import SourceMaker
-from harness import program_under_test
+from judges.cobc import NEEDS_COBC, program_with
+from judges.cobc_listing import Item, differences, list_items
+from judges.data_dictionary import described_items
+from support.generated_items import NUMBERS_WITHOUT_PICTURE, PICTURED_USAGES, PLACES
+from support.generated_sources import SourceMaker
+from support.harness import program_under_test, readable, run
 
 BATCHES, BATCH_SIZE = 15, 10
 RENAMES_LEVEL = 66
 COUNT = re.compile(r"\(([^()]+)\)")
-# What cobc lists for usages without a picture, where it has other names for them.
+# Picture and usage that cobc lists for usages without a picture, where it uses other names.
 LISTED = {
     "FLOAT-SHORT": ("", "COMP-1"),
     "FLOAT-LONG": ("", "COMP-2"),
@@ -38,15 +36,13 @@ LISTED = {
     "PROCEDURE-POINTER": ("", ""),
 }
 
-needs_cobc = pytest.mark.skipif(shutil.which("cobc") is None, reason="cobc isn't installed")
-
 
 def described(source: Path, is_free: bool) -> list[Item]:
-    """The items by the compiler's dictionary, with the usages that cobc lists."""
+    """The items in the compiler's dictionary, with the usages that cobc lists."""
     form = f"SOURCEFORMAT({'FREE' if is_free else 'FIXED'})"
     compiler = program_under_test("ZBC")
     result = run(source.parent, compiler, "-C", "XMLGEN(WS)", form, source.name)
-    assert result.returncode == 0, result.stderr.decode("utf-8", "backslashreplace")
+    assert result.returncode == 0, readable(result.stderr)
     items = []
     for item in described_items(ET.parse(source.with_suffix(".xml")).getroot()):
         if not item.picture:
@@ -57,7 +53,7 @@ def described(source: Path, is_free: bool) -> list[Item]:
 
 
 def listed(source: Path, is_free: bool, constants: dict[str, int]) -> list[Item]:
-    """The items by cobc, with the values of constants in their pictures."""
+    """The items that cobc lists, with the values of constants in their pictures."""
     listing = list_items(source, "-flarger-redefines-ok", *["-free"] * is_free)
     assert listing.complaints == []
     values = {name.upper(): str(value) for name, value in constants.items()}
@@ -69,7 +65,7 @@ def listed(source: Path, is_free: bool, constants: dict[str, int]) -> list[Item]
 
 
 def without_details_of_renames(items: list[Item]) -> list[Item]:
-    """cobc doesn't list the usage of all of them, and takes some for a picture."""
+    """Leaves out what cobc does not list, or lists as a picture, for level 66."""
     return [
         item._replace(picture="", usage="") if item.level == RENAMES_LEVEL else item
         for item in items
@@ -85,7 +81,7 @@ def disagreements(maker: SourceMaker, directory: Path) -> list[str]:
     return differences(without_details_of_renames(ours), without_details_of_renames(theirs))
 
 
-@needs_cobc
+@NEEDS_COBC
 @pytest.mark.parametrize("batch", range(BATCHES))
 def test_the_compiler_and_cobc_see_the_same_items(batch: int, tmp_path: Path) -> None:
     found = {}
@@ -96,7 +92,7 @@ def test_the_compiler_and_cobc_see_the_same_items(batch: int, tmp_path: Path) ->
 
 
 def test_the_sources_are_varied() -> None:
-    """All usages and clauses come up, and no source twice."""
+    """All usages and clauses occur, and no source occurs twice."""
     sources = [SourceMaker(seed).source() for seed in range(BATCHES * BATCH_SIZE)]
     assert len(set(sources)) == len(sources)
     words = set(re.split(r"[\s.,;~]+", "\n".join(sources).upper()))
@@ -113,7 +109,7 @@ def test_a_seed_makes_the_same_source_again() -> None:
 ITEM = "05 A PIC 9(4) COMP OCCURS 3 TIMES"
 
 
-@needs_cobc
+@NEEDS_COBC
 @pytest.mark.parametrize(
     "change",
     [

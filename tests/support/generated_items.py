@@ -1,7 +1,8 @@
 """Makes elementary items at random: a picture with its usage, and what goes with them.
 
-Left out is what cobc, the judge, takes in ways of its own: BLANK WHEN ZERO with a number
-that isn't whole, and CR, DB or a sign behind a currency sign that floats all through.
+Two things are left out because cobc, the judge, treats them differently: BLANK WHEN ZERO with a
+number that has decimal places, and CR, DB or a sign after a number that consists of floating
+currency signs only.
 """
 
 from __future__ import annotations
@@ -10,16 +11,35 @@ from dataclasses import dataclass, field
 from itertools import groupby
 from random import Random
 
-LARGEST_BINARY = 18  # digits
-LARGEST_NUMBER = 38
-LONGEST_VALUE = 12
+MAX_BINARY_DIGITS = 18  # digits
+MAX_DIGITS = 38
+MAX_VALUE_DIGITS = 12
 PACKED = {"COMP-3", "COMP-6", "PACKED-DECIMAL", "COMPUTATIONAL-3"}
-PICTURED_USAGES = [*sorted(PACKED), "COMP", "COMP-4", "COMP-5", "COMP-X", "COMP-N", "BINARY",
-                   "COMPUTATIONAL"]  # fmt: skip
+PICTURED_USAGES = [
+    *sorted(PACKED),
+    "COMP",
+    "COMP-4",
+    "COMP-5",
+    "COMP-X",
+    "COMP-N",
+    "BINARY",
+    "COMPUTATIONAL",
+]
 UNSIGNED_USAGE = "COMP-6"
-NUMBERS_WITHOUT_PICTURE = ["COMP-1", "COMP-2", "FLOAT-SHORT", "FLOAT-LONG", "BINARY-CHAR",
-                           "BINARY-SHORT", "BINARY-LONG", "BINARY-DOUBLE", "SIGNED-INT",
-                           "SIGNED-LONG", "UNSIGNED-SHORT", "UNSIGNED-INT"]  # fmt: skip
+NUMBERS_WITHOUT_PICTURE = [
+    "COMP-1",
+    "COMP-2",
+    "FLOAT-SHORT",
+    "FLOAT-LONG",
+    "BINARY-CHAR",
+    "BINARY-SHORT",
+    "BINARY-LONG",
+    "BINARY-DOUBLE",
+    "SIGNED-INT",
+    "SIGNED-LONG",
+    "UNSIGNED-SHORT",
+    "UNSIGNED-INT",
+]
 PLACES = ["INDEX", "POINTER", "PROGRAM-POINTER", "PROCEDURE-POINTER"]
 SYNCHRONIZED = ["SYNC", "SYNCHRONIZED", "SYNC LEFT"]
 SIGN_HEADS = ["LEADING", "TRAILING", "SIGN LEADING", "SIGN IS TRAILING"]
@@ -27,18 +47,22 @@ SIGN_ENDS = ["", " SEPARATE", " SEPARATE CHARACTER"]
 EXCHANGED = {",": ".", ".": ","}  # by DECIMAL-POINT IS COMMA
 
 
+def likely(random: Random, percent: int) -> bool:
+    return random.randrange(100) < percent
+
+
 @dataclass
 class Elementary:
-    """The clauses of an item, but for VALUE, OCCURS and the like."""
+    """The clauses of an item, without VALUE, OCCURS and the like."""
 
     clauses: list[str]
-    values: list[str] = field(default_factory=list)  # literals that fit, in rising order
+    values: list[str] = field(default_factory=list)  # literals that fit, in ascending order
     is_place: bool = False  # an index or a pointer
 
 
 @dataclass
 class ItemMaker:
-    """Draws items; how they are written hangs on the program's settings."""
+    """Makes random items. The settings of the program decide how they are written."""
 
     random: Random
     currency: str = "$"
@@ -46,10 +70,10 @@ class ItemMaker:
     constants: dict[str, int] = field(default_factory=dict)
 
     def likely(self, percent: int) -> bool:
-        return self.random.randrange(100) < percent
+        return likely(self.random, percent)
 
     def repeated(self, symbol: str, count: int) -> str:
-        """The symbol so many times, in one of the ways to write it."""
+        """The repeated symbol, in one of the ways to write it."""
         ways = [f"{symbol}({count})", f"{symbol}({count:02})"]
         ways += [symbol * count] if count <= 6 else []
         ways += [f"{symbol}{symbol}({count - 1})"] if count > 1 else []
@@ -73,12 +97,12 @@ class ItemMaker:
 
     def number(self, usage: str = "") -> Elementary:
         """A number with a picture."""
-        largest = LARGEST_NUMBER if usage in PACKED | {""} else LARGEST_BINARY
+        largest = MAX_DIGITS if usage in PACKED | {""} else MAX_BINARY_DIGITS
         digits = self.random.randint(1, self.random.choice([4, 9, 18, largest]))
         part = self.random.randint(0, digits) if self.likely(35) else 0
         whole = digits - part
         is_signed = usage != UNSIGNED_USAGE and self.likely(50)
-        is_scaled = not part and digits <= LONGEST_VALUE and self.likely(8)
+        is_scaled = not part and digits <= MAX_VALUE_DIGITS and self.likely(8)
         text = self.repeated("9", whole) if whole else ""
         text += f"V{self.repeated('9', part)}" if part else ""
         if is_scaled:
@@ -93,7 +117,7 @@ class ItemMaker:
             clauses.append(self.sign())
         elif not (is_signed or part or is_scaled) and self.likely(10):
             clauses.append(self.random.choice(["BLANK WHEN ZERO", "BLANK ZEROS"]))
-        if is_scaled or digits > LONGEST_VALUE:
+        if is_scaled or digits > MAX_VALUE_DIGITS:
             return Elementary(clauses)
         lowest = [self.literal(whole, part, "-")] if is_signed else []
         return Elementary(clauses, [*lowest, "ZERO", self.literal(whole, part, "")])
@@ -128,14 +152,14 @@ class ItemMaker:
         return Elementary([self.picture(text), *[self.usage("NATIONAL")] * self.likely(40)])
 
     def with_insertions(self, symbols: str) -> str:
-        """The symbols in groups, with insertion symbols in between."""
+        """The symbols in groups, with insertion symbols between the groups."""
         insertion = self.random.choice([",", ",", ",", "", "", "/", "B", "0"])
         size = self.random.choice([3, 3, 2, 4])
         groups = [symbols[max(0, end - size) : end] for end in range(len(symbols), 0, -size)]
         return insertion.join(reversed(groups))
 
     def edited_number(self) -> Elementary:
-        """Zeros suppressed, a floating symbol or plain digits; a point, signs, a currency sign."""
+        """Suppressed zeros, a floating symbol or digits, with a point and signs."""
         kind = self.random.choice("9ZZ*$+-")
         rest = 0 if kind == "9" else self.random.randint(0, 3)
         text = self.with_insertions(kind * self.random.randint(2, 6) + "9" * rest)
@@ -158,12 +182,16 @@ class ItemMaker:
         return f"{symbol}({count})" if count > 2 and self.likely(50) else symbol * count
 
     def signable(self) -> Elementary:
-        """An item to which the SIGN clause of a group means the same for everyone."""
+        """An item for which zbc and cobc agree on the SIGN clause of its group."""
         return self.random.choice([self.number, self.text])()
 
     def any_item(self) -> Elementary:
         makers = [
-            *[self.number, self.text] * 3, *[self.number_with_usage, self.edited_number] * 2,
-            self.number_without_picture, self.edited_text, self.national, self.place,
-        ]  # fmt: skip
+            *[self.number, self.text] * 3,
+            *[self.number_with_usage, self.edited_number] * 2,
+            self.number_without_picture,
+            self.edited_text,
+            self.national,
+            self.place,
+        ]
         return self.random.choice(makers)()

@@ -9,7 +9,7 @@ from __future__ import annotations
 import re
 from typing import NamedTuple
 
-from copybook import blank_out, goes_on, group_lines, join_lines, value_lines
+from judges.copybook import blank_out, goes_on, group_lines, join_lines, value_lines
 
 XML_CLAUSES = re.compile(
     r'(?: identified by "[^"]*")?(?: namespace is "[^"]*")?(?: is attribute)?'

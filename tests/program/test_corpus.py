@@ -1,18 +1,14 @@
-"""Runs the program over a folder of real schemas.
+"""Runs the program over the schemas of the corpus.
 
-The environment variable FDMORPH_CORPUS names the folder; without it a folder shared/corpus
-beside the repository is taken, and without that everything here is skipped.  Below xsd/
-stand the schemas, each with the files that it refers to, and instance documents; a file
-INSTANCES.tsv lists documents with their schemas and says which are valid.  FDMORPH names
-the program under test.
+The folder xsd/ of the corpus holds schemas, each with the files that it refers to, and instance
+documents. Tables named INSTANCES.tsv list documents with their schemas and say which are valid.
 
-No expected outputs are kept for these inputs.  What is tested are the promises that hold for
-any schema, and cobc judges the copybooks.
+No expected outputs are kept for these inputs. The tests check what holds for every schema, and
+cobc judges the copybooks.
 """
 
 from __future__ import annotations
 
-import os
 import re
 import shutil
 from collections.abc import Iterator
@@ -20,26 +16,25 @@ from pathlib import Path
 from typing import NamedTuple
 
 import pytest
-from cobc_judge import judge, reserved_words
-from copybook import RIGHT_EDGE, Entry, read_copybook
-from harness import describe_signal, program_under_test, run_in_time
-from rejections import Judged
-from schema_locations import (
+from judges.cobc import NEEDS_COBC, reserved_words
+from judges.cobc_judge import judge
+from judges.copybook import RIGHT_EDGE, Entry, read_copybook
+from support import harness
+from support.corpus import corpus_files, name_of, require_corpus
+from judges.rejections import Judged
+from support.schema_locations import (
     Instance,
     copy_with_schema,
     files_referred_to,
-    leads_out,
+    needs_network,
     listed_instances,
     schema_locations,
 )
 
-DEFAULT_CORPUS = Path(__file__).resolve().parents[2] / "shared" / "corpus"
-CORPUS = Path(os.environ.get("FDMORPH_CORPUS", DEFAULT_CORPUS)).resolve() / "xsd"
-SCHEMAS = sorted(CORPUS.rglob("*.xsd"))
-DOCUMENTS = [path for path in sorted(CORPUS.rglob("*.xml")) if not leads_out(path)]
-LISTS = sorted(CORPUS.rglob("INSTANCES.tsv"))
+SCHEMAS = corpus_files("xsd", ".xsd")
+DOCUMENTS = [path for path in corpus_files("xsd", ".xml") if not needs_network(path)]
+LISTS = [path for path in corpus_files("xsd", ".tsv") if path.name == "INSTANCES.tsv"]
 INSTANCES = [instance for listing in LISTS for instance in listed_instances(listing)]
-TIME_LIMIT = 120  # seconds
 LARGEST_READ = 20_000_000  # bytes of a copybook
 HIGHEST_STATUS = 255
 MODES = {"plain": ("", []), "unique": ("X-", ["-unique", "-p", "X-"])}  # prefix and options
@@ -49,7 +44,7 @@ SUMMARY = re.compile(r"^(\d+) error\(s\), (\d+) warning\(s\)\n\Z", re.MULTILINE)
 CONVERTED = re.compile(r"^Successfully converted (\d+) of (\d+) schema head element", re.MULTILINE)
 NO_HEAD = "Error : No schema head element found in schema definition."
 
-pytestmark = pytest.mark.skipif(not SCHEMAS, reason="there is no corpus")
+require_corpus(SCHEMAS)
 
 
 class Result(NamedTuple):
@@ -70,23 +65,16 @@ class Conversion(NamedTuple):
     copybook: Path
 
     def refused(self) -> bool:
-        """The schema didn't load, so nothing was made."""
+        """Whether the schema was not loaded, so there is no copybook."""
         return f"\nFailed to create {self.copybook}\n" in self.result.stdout
 
 
-def name_of(path: Path) -> str:
-    return path.relative_to(CORPUS).as_posix()
-
-
 def run(directory: Path, *args: str) -> Result:
-    """Runs the program, which has to end by itself and with a summary in its last line."""
-    done = run_in_time(
-        [program_under_test(), *args], b"", TIME_LIMIT, cwd=directory,
-        env={**os.environ, "LC_ALL": "C.UTF-8"},
-    )  # fmt: skip
-    stdout, stderr = (s.decode("utf-8", "backslashreplace") for s in (done.stdout, done.stderr))
+    """Runs the program, which has to exit by itself with a summary in its last line."""
+    done = harness.run(directory, harness.program_under_test(), *args)
+    stdout, stderr = harness.readable(done.stdout), harness.readable(done.stderr)
     if done.returncode < 0:
-        pytest.fail(f"{describe_signal(done.returncode)}\n{stderr}", pytrace=False)
+        pytest.fail(f"{harness.describe_signal(done.returncode)}\n{stderr}", pytrace=False)
     summary = SUMMARY.search(stderr)
     if summary is None:
         pytest.fail(f"the last line is no summary:\n{stderr}", pytrace=False)
@@ -114,10 +102,10 @@ def fixture_conversion(
     copybook = directory / "out.cpy"
     args = [schema.name, "-c", str(copybook), "-noprompt", *options]
     yield Conversion(schema, prefix, run(schema.parent, *args), copybook)
-    shutil.rmtree(directory)  # a copybook may be enormous
+    shutil.rmtree(directory)  # a copybook may be very large
 
 
-def test_the_status_tells_the_number_of_reports(conversion: Conversion) -> None:
+def test_the_status_is_the_number_of_reports(conversion: Conversion) -> None:
     result = conversion.result
     if conversion.refused():
         assert result.status == 1
@@ -174,12 +162,12 @@ def test_prefix_and_unique_names_are_as_asked_for(conversion: Conversion) -> Non
         assert entry.name.startswith(conversion.prefix)
         if entry.level == 1:
             earlier = {}
-        # A member of a substitution group may be written twice, which then is one item.
+        # A member of a substitution group may be written twice, which is one item then.
         if conversion.prefix:
             assert earlier.setdefault(entry.name, entry.lines) == entry.lines
 
 
-@pytest.mark.skipif(shutil.which("cobc") is None, reason="cobc isn't installed")
+@NEEDS_COBC
 def test_cobc_accepts_the_data_division(conversion: Conversion, tmp_path: Path) -> None:
     judged = Judged(
         entries_of(conversion), conversion.prefix, reserved_words(), conversion.result.stderr
@@ -203,9 +191,7 @@ def test_valid_documents_and_no_others_pass(instance: Instance, tmp_path: Path) 
     assert (result.errors + result.warnings == 0) == instance.valid
 
 
-@pytest.mark.parametrize(
-    "document", [pytest.param(path, id=name_of(path)) for path in DOCUMENTS]
-)
-def test_any_document_is_validated_in_order(document: Path) -> None:
+@pytest.mark.parametrize("document", [pytest.param(path, id=name_of(path)) for path in DOCUMENTS])
+def test_any_document_is_validated(document: Path) -> None:
     result = validate(document)
     assert result.status == result.status_by_counts()

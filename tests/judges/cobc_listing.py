@@ -1,27 +1,33 @@
 """Has cobc list the items of a data division.
 
-A line of the listing tells an item's size in bytes, kind, level and name, then picture and
-usage, and behind commas how often it occurs and what it redefines.  A name is cut behind 30
-characters where something follows.  A group's size is that of all its occurrences, an
-elementary item's that of one; both are read as the size of one occurrence here.
+A line of the listing holds the size of an item in bytes, its kind, level and name, then picture
+and usage, and after commas the OCCURS and REDEFINES clauses. A name is cut after 30 characters
+if something follows it. The size of a group is that of all its occurrences, the size of an
+elementary item that of one; both are read as the size of one occurrence.
 """
 
 from __future__ import annotations
 
-import os
 import re
-import subprocess
 from itertools import zip_longest
 from pathlib import Path
 from typing import NamedTuple
 
+from judges.cobc import run_cobc
+
 NAME_WIDTH = 30
-TIME_LIMIT = 120  # seconds
 LISTING = "items.lst"
-COMMAND = [
-    "cobc", "-fsyntax-only", "-fixed", "-w", "-Werror=pending", "-fmax-errors=1000000",
-    "-ftsymbols", "--tlines=0", "-fno-theader", "-fno-tsource", "-fno-tmessages", "-T", LISTING,
-]  # fmt: skip
+LISTING_OPTIONS = [
+    "-w",
+    "-Werror=pending",
+    "-ftsymbols",
+    "--tlines=0",
+    "-fno-theader",
+    "-fno-tsource",
+    "-fno-tmessages",
+    "-T",
+    LISTING,
+]
 
 SECTION = re.compile(r" {6}(\S+) SECTION")
 FILE = re.compile(r"\d{5,} FILE +(\S+)")
@@ -29,11 +35,11 @@ ITEM = re.compile(r"(?P<size>\d{5,}) (?P<kind>[A-Z]+) +(?P<level>\d\d)   (?P<tex
 OCCURS = re.compile(r"OCCURS (?:(\d+) TO )?(\d+)")
 PASSED_OVER = re.compile(r"| {6}CONDITIONAL +88 .+| {6}NO FIELDS DEFINED\.")
 SCOPES = {"GLOBAL", "EXTERNAL"}
-OWN_PICTURE = {"COMP-1", "COMP-2"}  # the usages that cobc gives a picture of its own making
+OWN_PICTURE = {"COMP-1", "COMP-2"}  # usages for which cobc makes up a picture
 
 
 class ListingError(Exception):
-    """A line of the listing has no known form."""
+    """A line of the listing has an unknown form."""
 
 
 class Item(NamedTuple):
@@ -51,7 +57,7 @@ class Item(NamedTuple):
 
 
 class Listing(NamedTuple):
-    complaints: list[str]  # without which the rest is filled in
+    complaints: list[str]  # if there are any, the rest is empty
     items: list[Item]  # of the working storage, then of the files
     files: list[str]
 
@@ -78,9 +84,16 @@ def read_item(owner: str, line: str) -> Item:
     usage = " ".join(usages)
     is_group = match["kind"] == "GROUP"
     return Item(
-        owner, int(match["level"]), name, int(match["size"]) // (occurs[1] if is_group else 1),
-        "" if usage in OWN_PICTURE else picture, usage, occurs, redefines, is_group,
-    )  # fmt: skip
+        owner,
+        int(match["level"]),
+        name,
+        int(match["size"]) // (occurs[1] if is_group else 1),
+        "" if usage in OWN_PICTURE else picture,
+        usage,
+        occurs,
+        redefines,
+        is_group,
+    )
 
 
 def read_listing(text: str) -> tuple[list[Item], list[str]]:
@@ -105,16 +118,12 @@ def read_listing(text: str) -> tuple[list[Item], list[str]]:
 
 
 def list_items(source: Path, *options: str) -> Listing:
-    """The items of the source as cobc sees them; it is asked in the source's folder."""
+    """The items of the source as cobc lists them."""
     listing = source.parent / LISTING
     listing.unlink(missing_ok=True)
-    result = subprocess.run(
-        [*COMMAND, *options, source.name], cwd=source.parent, env={**os.environ, "LC_ALL": "C"},
-        capture_output=True, encoding="latin-1", check=False, timeout=TIME_LIMIT,
-    )  # fmt: skip
-    complaints = (result.stdout + result.stderr).splitlines()
-    if result.returncode and not complaints:
-        complaints.append(f"cobc ended with status {result.returncode}")
+    status, complaints = run_cobc(source, *LISTING_OPTIONS, *options)
+    if status and not complaints:
+        complaints.append(f"cobc ended with status {status}")
     if complaints:
         return Listing(complaints, [], [])
     return Listing([], *read_listing(listing.read_text("latin-1")))
@@ -123,7 +132,7 @@ def list_items(source: Path, *options: str) -> Listing:
 def differences(
     described: list[Item], listed: list[Item], any_group_size: bool = False
 ) -> list[str]:
-    """The items that aren't the same, one for one; listed names may be cut."""
+    """The items that differ, pair by pair; listed names may be cut."""
     found = []
     for ours, theirs in zip_longest(described, listed):
         if ours and theirs:
