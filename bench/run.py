@@ -18,7 +18,7 @@ import tempfile
 sys.dont_write_bytecode = True
 import compiler_rows  # noqa: E402
 import dictionary_rows  # noqa: E402
-import generate  # noqa: E402
+import schemas  # noqa: E402
 from measure import (  # noqa: E402
     GROWTH_GOAL,
     Bench,
@@ -94,7 +94,7 @@ def files_rows(kind, count):
 
     def rows(bench, name):
         main = bench.input(kind, count)
-        every = [main, *generate.parts_of(main)]
+        every = [main, *schemas.parts_of(main)]
         ours = bench.convert(main)
         pairs = bench.alternate(ours, [bench.bare, "schema", *every])
         yield compared(bench, f"{name} {len(every)}, each by itself", pairs, LIBRARY_GOAL)
