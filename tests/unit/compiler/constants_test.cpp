@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/compiled_source.h"
+#include "support/parameter_name.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -131,7 +132,8 @@ INSTANTIATE_TEST_SUITE_P(
                     "a.cpy:1:21: error: 'PIC' doesn't belong to a constant [syntax]"},
         // A constant is no item that a table could depend on.
         WrongSource{"01 N CONSTANT AS 5.\n01 A PIC X OCCURS 1 TO 3 DEPENDING ON N.",
-                    "a.cpy:2:46: error: 'N' is not defined [depending]"}));
+                    "a.cpy:2:46: error: 'N' is not defined [depending]"}),
+    [](auto const& info) { return parameterName(info.index, info.param.source); });
 
 }  // namespace
 }  // namespace fdmorph::compiler

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/compiled_source.h"
+#include "support/parameter_name.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -85,7 +86,8 @@ INSTANTIATE_TEST_SUITE_P(
             "01 A PIC S9 BLANK WHEN ZERO.",
             "a.cpy:1:11: error: BLANK WHEN ZERO excludes 'S' and '*' in the picture [clause]"},
         WrongSource{"78 K VALUE 1.\n78 K VALUE 2.",
-                    "a.cpy:2:11: error: the constant 'K' is defined twice [constant]"}));
+                    "a.cpy:2:11: error: the constant 'K' is defined twice [constant]"}),
+    [](auto const& info) { return parameterName(info.index, info.param.source); });
 
 TEST(Diagnostics, ShowTheLineTheCaretAndTheCopyChain) {
   MemoryTree tree;

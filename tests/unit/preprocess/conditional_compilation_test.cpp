@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "support/compiled_source.h"
+#include "support/parameter_name.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -117,7 +118,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongSource{"01 A PIC X.\n>>DEFINE N AS 1\n>>DEFINE N AS 2",
                     "a.cpy:3:17: error: 'N' is defined already, with another value [conditional]"},
         WrongSource{"01 A PIC X.\n>>DEFINE N AS",
-                    "a.cpy:2:17: error: 'N' is defined by no value [conditional]"}));
+                    "a.cpy:2:17: error: 'N' is defined by no value [conditional]"}),
+    [](auto const& info) { return parameterName(info.index, info.param.source); });
 
 TEST(ConditionalText, EndsDeepNestingWithAnError) {
   std::string condition(100000, '(');
