@@ -2,7 +2,9 @@
 
 from __future__ import annotations
 
+import json
 import re
+import shutil
 import subprocess
 from pathlib import Path
 
@@ -44,7 +46,48 @@ def test_only_the_xml_folder_knows_the_xml_library() -> None:
 def test_no_source_file_is_too_long() -> None:
     long = [
         path
-        for path in tracked(*SOURCES, "tests/*.py")
+        for path in tracked(*SOURCES, "tests/*.py", "bench/*.py")
         if len(path.read_text(encoding="utf-8").splitlines()) > MAX_LINES
     ]
     assert names(long) == []
+
+
+@pytest.mark.skipif(shutil.which("clang-tidy") is None, reason="clang-tidy is not installed")
+@pytest.mark.parametrize(
+    ("declaration", "finding"),
+    [
+        ("int goodName();", None),
+        ("int bad_name();", "function 'bad_name'"),
+        ("inline int* goodName() { return 0; }", "use nullptr"),
+    ],
+)
+def test_clang_tidy_checks_headers_behind_the_include_roots(
+    tmp_path: Path, declaration: str, finding: str | None
+) -> None:
+    folder, root = tmp_path / "src" / "part", tmp_path / "build" / "check" / "include" / "part"
+    folder.mkdir(parents=True)
+    root.mkdir(parents=True)
+    (root / "part").symlink_to(folder)
+    source = folder / "unit.cpp"
+    source.write_text('#include "part/unit.h"\n', encoding="utf-8")
+    (folder / "unit.h").write_text(f"#pragma once\n{declaration}\n", encoding="utf-8")
+    shutil.copy(ROOT / ".clang-tidy", tmp_path)
+    command = {
+        "directory": str(tmp_path),
+        "file": str(source),
+        "command": f"c++ -std=c++20 -I{root} -c {source}",
+    }
+    commands = tmp_path / "build" / "check" / "compile_commands.json"
+    commands.write_text(json.dumps([command]), encoding="utf-8")
+    result = subprocess.run(
+        [ROOT / "scripts" / "tidy", commands.parent, source],
+        capture_output=True,
+        text=True,
+        check=False,
+    )
+    if finding is None:
+        assert result.returncode == 0, result.stdout
+    else:
+        assert result.returncode != 0
+        assert f"{root}/part/unit.h:2:" in result.stdout
+        assert finding in result.stdout
