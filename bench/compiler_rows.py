@@ -1,7 +1,7 @@
 """The rows of the bundled compiler, for run.py.
 
-Its own part of a run is what is left of it without its start, which is what
-`zbc --version` takes."""
+Its own part of a run is the cost of the run less the cost of
+`zbc --version`, which only starts."""
 
 import shutil
 import statistics
@@ -20,13 +20,13 @@ PEER_GOAL = 1
 START_GOAL = 2  # milliseconds over the empty program
 OPERANDS_GOAL = 2  # for ten times the operands on the same text
 
-# What valgrind can count in some minutes.
-MOST_COUNTED = 100_000
+# The largest input that valgrind can count in some minutes.
+MAX_COUNTED = 100_000
 
 
 def compiler_command(bench, source, status=0):
-    """Compiles a source; the dictionary is removed before each run. A run that
-    ends otherwise than it should measures nothing."""
+    """Compiles a source; the dictionary is removed before each run. A run with
+    another status than expected is an error."""
     bench.outputs.add(source.with_suffix(".xml"))
     command = [bench.zbc, "-C", "XMLGEN(WS)", source]
     got, _ = measure_time([str(word) for word in command])
@@ -73,7 +73,7 @@ def growth_row(kind, sizes, quick, status=0, goal=GROWTH_GOAL):
 
     def rows(bench, name):
         for size in quick if bench.quick else sizes:
-            if bench.counts_instructions and 10 * size > MOST_COUNTED:
+            if bench.counts_instructions and 10 * size > MAX_COUNTED:
                 continue
             usages, many = own_parts(bench, kind, 10 * size, status)
             _, few = own_parts(bench, kind, size, status)
@@ -93,7 +93,7 @@ def memory_rows(bench, name):
 
 
 def start_rows(bench, name):
-    """What a short run takes longer than an empty program."""
+    """The cost of a short run less that of an empty program."""
     commands = {
         "--version": [bench.zbc, "--version"],
         "one item": compiler_command(bench, bench.input("source", 1)),

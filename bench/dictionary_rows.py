@@ -1,9 +1,8 @@
 """The rows of the COBOL to schema run, for run.py.
 
-The compiler is the stand-in of the tests, which leaves a generated dictionary.
-Our own part of a run is what is left of it without the compiler and without
-the library's parses of the dictionary and of the mapping file that is read
-back."""
+The compiler is the fake one of the tests, which copies a generated dictionary.
+Our own part of a run is its cost less that of the compiler and of the library's
+parses of the dictionary and of the mapping file that is read back."""
 
 import os
 from pathlib import Path
@@ -53,8 +52,8 @@ class DictionaryRun:
         self.ours.append(source)
 
     def keep_mapping(self, file, mapping, source):
-        """The mapping file that the library reads: the outputs are removed
-        before each command, be it whose it may."""
+        """The mapping file that the library reads. It is a copy, because the
+        outputs are removed before each command."""
         if mapping == "foreign":
             file.write_text(FOREIGN_MAPPING, encoding="utf-8")
             return file
@@ -66,7 +65,7 @@ class DictionaryRun:
         return kept
 
     def run_once(self, command):
-        """A run that is not measured; it has nothing to report."""
+        """A run that is not measured and must not report anything."""
         self.prepare()
         status, _ = measure_time([str(word) for word in command])
         if status != 0:
@@ -77,7 +76,7 @@ class DictionaryRun:
         return sum(output.stat().st_size for output in self.outputs) / MEGABYTE
 
     def prepare(self):
-        """What the runs find, until another dictionary takes its place."""
+        """Sets the environment of the runs for this dictionary."""
         folder = str(COMPILER.parent)
         path = os.environ["PATH"].split(os.pathsep)
         if folder not in path:

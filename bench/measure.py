@@ -18,9 +18,9 @@ import generate  # noqa: E402
 # A sample is the mean of as many runs as fill this time: the kernel splits
 # short runs into user and system time only roughly.
 SAMPLE_SECONDS = 0.4
-MOST_REPEATS = 60
+MAX_REPEATS = 60
 
-# As much as fdmorph asks for; valgrind grants it only at the start.
+# The stack that fdmorph asks for; valgrind can set it only at the start.
 STACK_BYTES = 1 << 30
 
 GROWTH_GOAL = 12  # for ten times the input
@@ -73,10 +73,10 @@ def measure_time(command):
 
 
 def measure_instructions(command, function=None):
-    """The same with a count that other load on the machine doesn't change: of
-    all, or of one function and all that it calls. Only the cost is of use: a
-    run takes some fifty times its time. Other programs that the command starts
-    are not counted."""
+    """The same with the number of instructions, which does not depend on the
+    load of the machine: of the whole run, or of one function and all that it
+    calls. Only the cost is meaningful: a run takes about fifty times as long.
+    Other programs that the command starts are not counted."""
     with tempfile.NamedTemporaryFile("r") as log:
         valgrind = ["valgrind", "--tool=callgrind", "--callgrind-out-file=/dev/null"]
         valgrind += [f"--main-stacksize={STACK_BYTES}"]
@@ -117,9 +117,9 @@ class Bench:
         return self.inputs[kind, size]
 
     def measure(self, command, function=None):
-        """What a run uses; a single function's part only where instructions
-        are counted. fdmorph tells the number of its reports in its status, so a status
-        alone is no failure; a report of the bare library means that the input
+        """What a run uses; the part of one function only where instructions are
+        counted. The status of fdmorph is the number of its reports, so a status
+        alone is not a failure. A report of the bare library means that the input
         is wrong."""
         command = [str(word) for word in command]
         for output in self.outputs:
@@ -147,7 +147,7 @@ class Bench:
             repeats = 1
             if not self.counts_instructions:
                 longest = max(self.measure(command).wall for command in commands)
-                repeats = min(MOST_REPEATS, max(1, math.ceil(SAMPLE_SECONDS / longest)))
+                repeats = min(MAX_REPEATS, max(1, math.ceil(SAMPLE_SECONDS / longest)))
             self.samples[key] = [
                 tuple(self.sample(command, repeats) for command in commands)
                 for _ in range(self.runs)

@@ -5,7 +5,7 @@ bundled compiler against a peer and against itself.
     run.py FDMORPH BARE_LIBRARY [options]
 
 Prints one line per row as it is finished; README.md says what the rows mean.
-A missed goal is only marked, it doesn't change the exit status: these numbers
+A missed goal is only marked and does not change the exit status: the numbers
 are for reading, not for tests.
 """
 

@@ -1,5 +1,5 @@
-"""COBOL sources for generate.py: one that is like a program's, and shapes of
-which one thing is there very often."""
+"""COBOL sources for generate.py: one like that of a program, and one for each
+construct, which repeats it many times."""
 
 import itertools
 
@@ -12,7 +12,7 @@ HEAD = (
 TAIL = ("PROCEDURE DIVISION.", "    STOP RUN.")
 
 MARGIN = " " * 7
-DEEPEST_LEVEL = 49
+MAX_LEVEL = 49
 
 
 def write_lines(path, lines):
@@ -180,10 +180,10 @@ def deep_groups(path, count):
     """About `count` items in records as deep as level numbers go."""
 
     def entries():
-        for record in range(count // DEEPEST_LEVEL):
-            for level in range(1, DEEPEST_LEVEL):
+        for record in range(count // MAX_LEVEL):
+            for level in range(1, MAX_LEVEL):
                 yield f"{level:02}  LEVEL-{level}-{record}."
-            yield f"{DEEPEST_LEVEL}  LAST-{record} PIC X."
+            yield f"{MAX_LEVEL}  LAST-{record} PIC X."
 
     return write_program(path, entries())
 

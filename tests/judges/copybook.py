@@ -1,11 +1,10 @@
 """Reads a generated copybook back into its data description entries.
 
-The layout that is read: an entry starts on a line of its own; a line that goes on begins
-three columns further right; a token cut at column 72 goes on behind a hyphen in column 7,
-and a literal is reopened there with a quote; an empty line ends a record.  So the entry's
-text can be put together again to the character, and each character has a known place.
-Columns are bytes, so the text is held as one character per byte, and only the blank counts
-as a blank.
+The layout: an entry starts on a new line. Its continuation lines are indented by three more
+columns. A token that is cut at column 72 continues on a line with a hyphen in column 7, and a
+literal is reopened there with a quote. An empty line ends a record. So the text of an entry can
+be restored exactly, and the place of each character is known. Columns count bytes, so the text
+is held as one character per byte, and only the blank counts as a blank.
 """
 
 from __future__ import annotations
@@ -15,7 +14,7 @@ from dataclasses import dataclass, field
 
 RIGHT_EDGE = 72  # last column of text
 INDICATOR = 6  # offset of column 7
-PIECE = 25  # of a literal; it fits on a line even if all is quotes
+PIECE = 25  # of a literal; it fits on a line even if it holds only quotes
 CONDITION_NAME = 88  # the level that has no storage
 
 ENTRY = re.compile(
@@ -31,15 +30,15 @@ USAGE_SIZE = {"COMP-1": 4, "COMP-2": 8}  # bytes
 
 
 class CopybookError(Exception):
-    """The text isn't laid out as a copybook has to be."""
+    """The text does not have the layout of a copybook."""
 
 
 @dataclass(eq=False)
 class Entry:
     """One data description entry; its clauses may be changed after reading."""
 
-    lines: list[str]  # as they stand, with blanks in place of the XML clauses
-    cut: set[str]  # the clauses that go on on another line
+    lines: list[str]  # unchanged, with blanks in place of the XML clauses
+    cut: set[str]  # the clauses that continue on another line
     level: int
     name: str
     value: str | None
@@ -49,7 +48,7 @@ class Entry:
     occurs: str | None
     original_name: str
     index: int  # in the copybook
-    children: list[Entry] = field(default_factory=list)  # condition names aren't among them
+    children: list[Entry] = field(default_factory=list)  # without condition names
     parent: Entry | None = None
     redefined: Entry | None = None
     changed: bool = False
@@ -59,7 +58,7 @@ class Entry:
         return COUNT.findall(self.picture or "")
 
     def positions(self) -> int:
-        """The length of the picture; what is no number counts nothing."""
+        """The length of the picture. Counts that are not numbers count as zero."""
         return sum(map(number, self.counts()))
 
     def size(self) -> int:
@@ -76,7 +75,7 @@ class Entry:
         return self.fresh_lines() if self.changed else self.lines
 
     def fresh_lines(self) -> list[str]:
-        """The entry laid out anew, a clause on a line."""
+        """The entry in a new layout, with one clause on each line."""
         indent = f"{'':11}"
         lines = [f"{indent}{self.level:02} {self.name}"]
         if self.value:
@@ -103,7 +102,7 @@ def indent_of(line: str) -> int:
     return len(line) - len(line.lstrip(" "))
 
 
-def goes_on(line: str) -> bool:
+def is_continuation(line: str) -> bool:
     return line[INDICATOR : INDICATOR + 1] == "-"
 
 
@@ -114,7 +113,9 @@ def group_lines(lines: list[str]) -> list[list[str]]:
     for line in lines:
         if not line:
             start = 0
-        elif start and (goes_on(line) or not line.strip(" ") or indent_of(line) >= start + 3):
+        elif start and (
+            is_continuation(line) or not line.strip(" ") or indent_of(line) >= start + 3
+        ):
             groups[-1].append(line)
         else:
             start = indent_of(line)
@@ -129,22 +130,22 @@ def join_lines(lines: list[str]) -> tuple[str, list[tuple[int, int]]]:
     places = [(0, offset) for offset in range(start, len(lines[0]))]
     for index, line in enumerate(lines[1:], 1):
         begin = start + 3
-        if goes_on(line):
+        if is_continuation(line):
             if len(lines[index - 1]) != RIGHT_EDGE:
-                raise CopybookError(f"a token goes on that wasn't cut: {line}")
+                raise CopybookError(f"a token that was not cut is continued: {line}")
             if text.rpartition(" ")[2].startswith('"'):
                 if line[begin] != '"':
-                    raise CopybookError(f"a literal goes on without a quote: {line}")
+                    raise CopybookError(f"a literal is continued without a quote: {line}")
                 begin += 1
         elif line[:begin].strip(" "):
-            raise CopybookError(f"text in front of the margin: {line}")
+            raise CopybookError(f"text before the margin: {line}")
         text += line[begin:]
         places += [(index, offset) for offset in range(begin, len(line))]
     return text, places
 
 
 def blank_out(lines: list[str], places: list[tuple[int, int]], begin: int, end: int) -> list[str]:
-    """The lines with blanks for the text from begin to end, and for marks in front of it."""
+    """The lines with blanks for the text from begin to end, and for the marks before it."""
     cleared = list(lines)
     first = dict(reversed(places))
     for index, offset in places[begin:end]:
@@ -172,7 +173,7 @@ def read_entry(index: int, lines: list[str]) -> Entry:
 
 
 def read_copybook(text: str, prefix: str) -> list[Entry]:
-    """The entries, each with its group and the item that it redefines."""
+    """The entries, each linked to its group and to the item that it redefines."""
     entries = [read_entry(*item) for item in enumerate(group_lines(text.split("\n")))]
     open_groups: list[Entry] = []
     for entry in entries:
@@ -183,7 +184,7 @@ def read_copybook(text: str, prefix: str) -> list[Entry]:
         if open_groups:
             entry.parent = open_groups[-1]
             if entry.redefines:
-                # The name of the redefined item stands without the prefix.
+                # The name of the redefined item is written without the prefix.
                 names = (entry.redefines, prefix + entry.redefines)
                 earlier = (item for item in reversed(entry.parent.children) if item.name in names)
                 entry.redefined = next(earlier, None)

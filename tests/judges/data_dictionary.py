@@ -1,4 +1,4 @@
-"""Reads a data dictionary, and works out from it what the program's outputs have to hold."""
+"""Reads a data dictionary and derives what the outputs of the program have to hold."""
 
 from __future__ import annotations
 
@@ -13,7 +13,7 @@ ELEMENTARY = {"numeric", "alphanumeric", "alphanumericEdited", "numericEdited", 
 CONTAINERS = {"program", "dataItems", "fileSection", "fd"}
 CONDITIONS = {"alphanumericCondition", "numericCondition"}
 RANGES = {"alphanumericRange", "numericRange"}
-# Usages by the names that cobc has for them, where it has others.
+# The names of usages in the listing of cobc, where they differ.
 LISTED_USAGE = {"display": "", "national": "", "comp-4": "COMP", "index": "", "pointer": ""}
 
 
@@ -48,7 +48,7 @@ def described_items(element: ET.Element, owner: str = "") -> Iterator[Item]:
     """All items, with the levels of the source."""
     if element.tag == "fd":
         owner = element.get("name", "").upper()
-    if is_item(element) and element.get("slack") != "true":  # which no source says
+    if is_item(element) and element.get("slack") != "true":  # slack bytes are not in the source
         yield describe(element, owner, int(element.get("level", "")))
     for child in element:
         yield from described_items(child, owner)
@@ -63,11 +63,11 @@ class Record:
     """The one record that the enhanced copybook holds."""
 
     items: list[Item] = field(default_factory=list)  # their level is their depth
-    redefinitions: int = 0  # left out, with their members
-    renames: int = 0  # left out too
+    redefinitions: int = 0  # left out with their members
+    renames: int = 0  # also left out
 
     def add(self, element: ET.Element, before: ET.Element | None, depth: int) -> bool:
-        """Adds an item with its members; a container's only up to the first that comes in."""
+        """Adds an item with its members, or the first member of a container that can be added."""
         if is_item(element):
             if element.get("renames") == "true":
                 self.renames += 1
@@ -94,11 +94,11 @@ def copybook_record(program: ET.Element) -> Record:
 
 
 def schema_items(element: ET.Element) -> Iterator[ET.Element]:
-    """The items that come into the schema of a run with a mapping file.
+    """The items in the schema of a run with a mapping file.
 
-    Redefinitions with their members and elementary fillers don't.  Of working storage and
-    files the first counts, of files the first, and of records all up to the first that is
-    elementary or a filler with members.
+    Redefinitions with their members and elementary fillers are left out. Only the first section
+    and the first file count, and the records up to the first one that is elementary or a filler
+    with members.
     """
     for child in element:
         if child.tag in CONTAINERS:
@@ -118,16 +118,16 @@ def conditions(item: ET.Element) -> list[ET.Element]:
 
 
 def ranges(program: ET.Element) -> int:
-    """How many ranges of condition values the schema would hold if it could."""
+    """The number of ranges among the values of conditions, which the schema cannot hold."""
     found = (conditions(item) for item in schema_items(program))
     return sum(value.tag in RANGES for each in found for condition in each for value in condition)
 
 
 def spoils_schema(item: ET.Element) -> bool:
-    """Its conditions leave text in the schema where none may stand.
+    """Whether the conditions of the item leave misplaced text in the schema.
 
-    An enumeration stands inside of the item's own restriction; there is none if the first
-    condition begins with a range.  Of a number's conditions a lone bracket stays.
+    An enumeration is written inside the restriction of the item, unless the first condition
+    begins with a range. The conditions of a number leave a single bracket.
     """
     found = conditions(item)
     has_enumeration = any(len(each) for each in found) and not (
@@ -137,9 +137,9 @@ def spoils_schema(item: ET.Element) -> bool:
 
 
 def schema_faults(program: ET.Element) -> set[str]:
-    """Why the schema isn't valid."""
+    """The reasons why the schema is not valid."""
     faults = set()
-    lifted: set[ET.Element] = set()  # fillers whose members stand at the schema's top
+    lifted: set[ET.Element] = set()  # fillers whose members are global elements
     parents = {child: parent for parent in program.iter() for child in parent}
     for item in schema_items(program):
         is_top = parents[item] in lifted
@@ -154,7 +154,7 @@ def schema_faults(program: ET.Element) -> set[str]:
 
 
 def without_faults(program: ET.Element) -> ET.Element:
-    """The same without conditions, and with a name for records that are fillers."""
+    """A copy without conditions, in which records that are fillers have a name."""
     mended = deepcopy(program)
     for element in list(mended.iter()):
         for condition in conditions(element):

@@ -1,7 +1,7 @@
-"""Takes the XML clauses out of an enhanced copybook.
+"""Removes the XML clauses from an enhanced copybook.
 
-The lines are laid out as those of a copybook made from a schema.  In an entry the XML clauses
-stand last, and a value ahead of them.
+The layout is that of a copybook made from a schema. The XML clauses are the last clauses of an
+entry, and the value comes before them.
 """
 
 from __future__ import annotations
@@ -9,7 +9,7 @@ from __future__ import annotations
 import re
 from typing import NamedTuple
 
-from judges.copybook import blank_out, goes_on, group_lines, join_lines, value_lines
+from judges.copybook import blank_out, is_continuation, group_lines, join_lines, value_lines
 
 XML_CLAUSES = re.compile(
     r'(?: identified by "[^"]*")?(?: namespace is "[^"]*")?(?: is attribute)?'
@@ -21,9 +21,9 @@ VALUE = re.compile(r' value is "([^"]*)"\Z')
 class EnhancedEntry(NamedTuple):
     """An entry without its XML clauses."""
 
-    lines: list[str]  # as they stand, with blanks in place of the clauses
-    head: str  # what stands ahead of the value
-    cut_value: str | None  # a value that goes on on another line without a mark
+    lines: list[str]  # unchanged, with blanks in place of the clauses
+    head: str  # the text before the value
+    cut_value: str | None  # a value that continues on another line without a mark
 
     def mended_lines(self) -> list[str]:
         if self.cut_value is None:
@@ -41,7 +41,7 @@ def read_entry(lines: list[str]) -> EnhancedEntry:
     head, cut_value = text[: clauses.start()], None
     if value := VALUE.search(head):
         first, last = places[value.start(1) - 1][0], places[value.end(1)][0]
-        if not all(goes_on(line) for line in lines[first + 1 : last + 1]):
+        if not all(is_continuation(line) for line in lines[first + 1 : last + 1]):
             head, cut_value = head[: value.start()], value[1]
     return EnhancedEntry(kept, head, cut_value)
 

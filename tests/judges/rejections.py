@@ -1,8 +1,8 @@
-"""Why a compiler may refuse an entry that is written as it should be.
+"""The reasons why a compiler may refuse a correctly generated entry.
 
-The generator takes names, lengths and values from the schema as they stand, and COBOL has
-no room for all of them.  Each reason knows the compiler's words, looks for its cause in the
-entry itself, and mends the entry so that the compiler can go on.
+The generator takes names, lengths and values from the schema unchanged, and not all of them fit
+into COBOL. Each reason knows the message of the compiler, looks for its cause in the entry, and
+corrects the entry so that the compiler can continue.
 """
 
 from __future__ import annotations
@@ -13,18 +13,18 @@ from typing import NamedTuple
 
 from judges.copybook import CONDITION_NAME, Entry
 
-DEEPEST_LEVEL = 49
+MAX_LEVEL = 49
 NO_WORD_CHARACTER = re.compile(r"[^A-Za-z0-9\x80-\xff_-]")
 POSITIVE = re.compile(r"0*[1-9]\d{0,8}")
 
 
 class Judged(NamedTuple):
-    """What a reason may look at besides the entry."""
+    """What a reason may inspect besides the entry."""
 
     entries: list[Entry]
     prefix: str
     reserved: frozenset[str]
-    reports: str  # what the generator said on the error stream
+    reports: str  # the messages of the generator
 
 
 class Reason(NamedTuple):
@@ -47,7 +47,7 @@ def rename(entry: Entry) -> None:
             other.redefines, other.changed = entry.name, True
 
 
-def lay_out(entry: Entry) -> None:
+def reformat(entry: Entry) -> None:
     entry.changed = True
 
 
@@ -63,7 +63,7 @@ def origin(entry: Entry) -> Entry:
 
 
 def stand_alone(entry: Entry) -> None:
-    """The item gets storage of its own, which the later redefinitions share."""
+    """Gives the item its own storage, which later redefinitions of the same item share."""
     for other in redefinitions(entry.redefined):
         if other.index > entry.index:
             redefine(other, entry)
@@ -84,18 +84,18 @@ def lacks_prefix(entry: Entry, match: re.Match[str], judged: Judged) -> bool:
     )
 
 
-def give_storage(entry: Entry) -> None:
+def add_picture(entry: Entry) -> None:
     entry.changed, entry.picture = True, "X(1)"
 
 
 def has_no_storage(entry: Entry, match: re.Match[str], judged: Judged) -> bool:
-    """A group whose members came to nothing, stand too deep or stand beside it."""
+    """Whether the members of the group were left out, are too deep, or follow on its level."""
     if entry.picture or entry.usage or entry.children or match[1] != entry.name:
         return False
     below = judged.entries[entry.index + 1 : entry.index + 2]
     return (
         "(empty structure)" in judged.reports
-        or entry.level == DEEPEST_LEVEL
+        or entry.level == MAX_LEVEL
         or any(item.level == CONDITION_NAME for item in below)
         or any(item.name.startswith(f"{entry.name}-union-value-") for item in below)
     )
@@ -135,7 +135,7 @@ REASONS = [
         rename,
     ),
     Reason(
-        "a name with a character that COBOL words don't have",
+        "a name with a character that COBOL words do not have",
         re.compile(rf"{SYNTAX}|PROCEDURE DIVISION header missing|invalid symbol"),
         lambda entry, _, __: bool(NO_WORD_CHARACTER.search(entry.name)),
         rename,
@@ -168,7 +168,7 @@ REASONS = [
         "a group without an elementary item",
         re.compile(r"PICTURE clause required for '(.+)'"),
         has_no_storage,
-        give_storage,
+        add_picture,
     ),
     Reason(
         "a floating-point item with members",
@@ -177,7 +177,7 @@ REASONS = [
         take_usage_off_groups,
     ),
     Reason(
-        "a picture's count that is no positive number",
+        "a picture's count that is not a positive number",
         re.compile(r"in parentheses|only up to 9 significant digits|unbalanced parentheses"),
         lambda entry, _, __: not all(map(POSITIVE.fullmatch, entry.counts())),
         mend_counts,
@@ -198,12 +198,12 @@ REASONS = [
         "a value that holds a quote",
         re.compile(r"syntax error|literal|continuation character expected|terminating"),
         lambda entry, _, __: '"' in (entry.value or ""),
-        lay_out,
+        reformat,
     ),
     Reason(
         "a value cut at a blank",
         re.compile(r"continuation character expected"),
         lambda entry, _, __: "value" in entry.cut and " " in (entry.value or ""),
-        lay_out,
+        reformat,
     ),
 ]

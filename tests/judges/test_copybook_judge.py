@@ -30,7 +30,7 @@ EXPLAINED = {
     "a name longer than a COBOL word": [
         f"       01 {'a' * 62}\n      -   aa PIC X(1).\n",
     ],
-    "a name with a character that COBOL words don't have": [
+    "a name with a character that COBOL words do not have": [
         "       01 r.\n        02 a.b PIC X(80).\n        02 c PIC X(1).\n",
         "       01 r.\n        02 a.b.\n         03 c PIC X(1).\n",
     ],
@@ -57,7 +57,7 @@ EXPLAINED = {
     "a floating-point item with members": [
         "       01 r.\n        02 f USAGE COMP-1.\n         03 a PIC X(1).\n",
     ],
-    "a picture's count that is no positive number": [
+    "a picture's count that is not a positive number": [
         "       01 r.\n        02 a PIC S9(18)V9(0).\n",
         "       01 r.\n        02 a PIC S9(-2)V9(4).\n",
         "       01 r.\n        02 a PIC X( 8 ).\n",
@@ -96,12 +96,12 @@ UNEXPLAINED = {
 }
 
 UNREADABLE = {
-    "no full stop": "       01 r PIC X(1)\n",
+    "no period": "       01 r PIC X(1)\n",
     "clauses in another order": "       01 r occurs 2 times PIC X(1).\n",
     "a name of two words": "       01 a b PIC X(1).\n",
     "a picture of no item": "       01 r PIC Z(1).\n",
-    "a token that goes on without being cut": "       01 aaa\n      -   bbb PIC X(1).\n",
-    "a literal that isn't reopened": (
+    "a token that is continued without being cut": "       01 aaa\n      -   bbb PIC X(1).\n",
+    "a literal that is not reopened": (
         f'       01 r PIC X(1) identified by "{"b" * 37}\n      -   bbb".\n'
     ),
 }

@@ -2,31 +2,31 @@
 
 A case is a folder tests/cases/<group>/<case> that holds
 
-  case.toml       rule     which rule the case shows, in a sentence or two
-                  program  what is run: "fdmorph", if absent, or the compiler "zbc"
-                  args     the command line, without the program's name
+  case.toml       rule     the rule that the case shows, in a sentence or two
+                  program  the program to run: "fdmorph" (the default) or "zbc"
+                  args     the command line, without the name of the program
                   status   the exit status; 0 if absent
-                  stdin    what the program reads; at end of input if absent
+                  stdin    the standard input; empty if absent
                   env      additions to the environment; LC_ALL is C.UTF-8 if absent
                   removed  the input files that the run removes
-                  modes    octal permissions of input files during the run; they mean
-                           nothing to root, for whom such a case is skipped
+                  modes    octal permissions of input files during the run; such a case
+                           is skipped for root, whom permissions do not restrict
                   merged   true: both streams go to one pipe and are compared, in the
                            order of writing, with stdout
-                  zbc      what the COBOL compiler does, which the case replaces by
-                           fake_zbc/zbc: status, signal (a name without SIG), output (what
-                           it prints), missing (true: the path leads to no compiler),
-                           real (true: the path leads to zbc, which is not replaced)
+                  zbc      what the fake compiler fake_zbc/zbc does: status, signal (a
+                           name without SIG), output (what it prints), missing (true: no
+                           compiler is on the path), real (true: zbc is on the path
+                           instead of the fake compiler)
   dictionary.xml  the data dictionary that the compiler leaves; none if absent
-  zbc.arguments   the compiler's arguments, one a line; not looked at if absent
-  input/          copied into the empty directory where the program is run
+  zbc.arguments   the compiler's arguments, one on a line; not compared if absent
+  input/          copied into the empty directory in which the program runs
   stdout, stderr  the expected streams; empty if absent
-  files/          what the run leaves behind besides the unchanged input
+  files/          the files after the run, without the unchanged input
 
 Everything is compared byte for byte.  In stdout, stderr, zbc.arguments and files/ the text
-@DIR@ stands for the absolute path of the directory where the program is run, and @TEMP@,
+@DIR@ stands for the absolute path of the directory in which the program runs, and @TEMP@,
 also in the names of files, for the temporary copy's name without its extension: ./file and
-six characters, or the same without the ./ behind another slash.  The environment variables
+six characters, or the same without ./ after another slash.  The environment variables
 FDMORPH and ZBC name the programs.
 """
 
