@@ -266,8 +266,9 @@ bool Replacer::hasBudget() {
 
 // The index of the next word that is no separator.
 std::size_t Replacer::afterSeparators(std::size_t index) {
-  for (; isSeparator(ahead(index)) && ahead(index + 1).precededBySpace; ++index)
+  for (; isSeparator(ahead(index)) && ahead(index + 1).precededBySpace; ++index) {
     ++m_budget.comparisons;
+  }
   return index;
 }
 

@@ -66,8 +66,9 @@ Token Lexer::read() {
 
 Token Lexer::readToken() {
   while (!m_isPictureNext && (ahead(0).is(',') || ahead(0).is(';')) && !isPoint(0)) takeWord();
-  while (m_isPictureNext && (ahead(0).is(',') || ahead(0).is(';')) && ahead(1).precededBySpace)
+  while (m_isPictureNext && (ahead(0).is(',') || ahead(0).is(';')) && ahead(1).precededBySpace) {
     takeWord();
+  }
   TextWord const& word = ahead(0);
   if (m_isPictureNext && !word.isEnd() && !(word.is('.') && ahead(1).precededBySpace)) {
     bool isFill = word.isWord("IS") || keywordOf(word.text) == Keyword::picture ||
