@@ -1,4 +1,4 @@
-// The built-in types of XML Schema (Part 2: Datatypes) that have a COBOL form.
+// The built-in types (XML Schema: Datatypes) that have a COBOL form.
 #pragma once
 
 #include <string_view>
@@ -19,8 +19,8 @@ enum class BuiltinTypeClass {
   doublePrecision,
 };
 
-/// The class of a local type name. "CDATA", which the schema language doesn't
-/// define, counts as a character type.
+/// The class of a local type name. "CDATA", which the schema language does
+/// not define, counts as a character type.
 BuiltinTypeClass builtinTypeClass(std::string_view localName);
 
 }  // namespace fdmorph

@@ -1,14 +1,14 @@
-// CDMCOBOLGenerator: `restriction` and `extension`. Neither makes an item;
-// both work on the item of the declaration whose type is being walked. They
-// look alike and differ in where they look, what they report and what they
-// visit.
+// The conversion of `restriction` and `extension`. The two look alike. They
+// differ in where they look, what they report and what they visit.
 
-#include "cobol/DMCOBOLGenerator.h"
+#include "cobol/conversions.h"
+#include "cobol/facets.h"
+#include "cobol/schema_walker.h"
 
 namespace fdmorph {
 namespace {
 
-// Remembers the content in which the item is derived, whatever comes of it.
+// Sets in which content the item is derived, whatever comes of the derivation.
 void noteDerivation(CDMXMLElement const* element, CDMCOBOLRecordItem* item) {
   if (element->getParent() == nullptr) return;
   switch (generatorElementKind(element->getParent())) {
@@ -23,86 +23,84 @@ void noteDerivation(CDMXMLElement const* element, CDMCOBOLRecordItem* item) {
   }
 }
 
-}  // namespace
-
-CDMCOBOLRecordItem* CDMCOBOLGenerator::ProcessElementRestriction(CDMXMLElement* element,
-                                                                 WalkFrame& frame) {
-  if (frame.slot == nullptr) return nullptr;
-  noteDerivation(element, frame.slot);
-  std::string_view base;
-  if (!findAttrByName(element, "base", base)) {
-    ProcessElementFacets(frame.slot, element);
-    frame.walkChildren = true;
-  } else if (isSupportedDefaultSchemaType(element, base)) {
-    // The children are not visited: an attribute in here stays out.
-    setBuiltinPicture(frame.slot, base);
-    ProcessElementFacets(frame.slot, element);
-  } else {
-    restrictNamedType(element, base, frame);
-  }
-  return frame.slot;
-}
-
-// A restriction with content of its own replaces its base; without, it takes
-// the base over, and its facets act on top of the base's.
-void CDMCOBOLGenerator::restrictNamedType(CDMXMLElement* element, std::string_view base,
-                                          WalkFrame& frame) {
+// A restriction with content of its own replaces its base. Without, it takes
+// over the base, and its facets apply on top of those of the base.
+Conversion restrictNamedType(SchemaWalker& walker, CDMXMLElement* element, std::string_view base,
+                             WalkPosition at) {
   CDMXMLElement* first = element->getFirstChildElem();
-  CDMXMLElement* definition = findElementByName(element, base, Search::simpleTypes);
+  CDMXMLElement* definition =
+      walker.components().findElementByName(element, base, Search::simpleTypes);
   bool hasOwnContent = false;
   if (definition != nullptr) {
-    hasOwnContent = first != nullptr && getElementType(first) == GeneratorElementKind::simpleType;
+    hasOwnContent =
+        first != nullptr && generatorElementKind(first) == GeneratorElementKind::simpleType;
   } else {
-    definition = findElementByName(element, base, Search::complexTypes);
-    if (definition == nullptr) return;
+    definition = walker.components().findElementByName(element, base, Search::complexTypes);
+    if (definition == nullptr) return Conversion::done(at.current, at.current);
     hasOwnContent = first != nullptr;
   }
   if (hasOwnContent) {
-    ProcessElementFacets(frame.slot, element);
-    frame.walkChildren = true;
-    return;
+    ProcessElementFacets(at.current, element, walker.builder());
+    return Conversion::children(at.current, at.current);
   }
-  CDMCOBOLRecordItem* item =
-      walkDefinition(definition, base, frame.level, frame.indent, frame.slot);
-  if (item == nullptr) return;
-  ProcessElementFacets(item, element);
-  frame.walkChildren = false;
+  Visit visit = walker.walkDefinition(definition, base, at);
+  if (visit.item != nullptr) ProcessElementFacets(visit.item, element, walker.builder());
+  return Conversion::done(visit.current, visit.current);
 }
 
-// The base's members come first and the extension's own after them, all at one
-// level and in one item.
-CDMCOBOLRecordItem* CDMCOBOLGenerator::ProcessElementExtension(CDMXMLElement* element,
-                                                               WalkFrame& frame) {
-  if (frame.slot == nullptr) return nullptr;
-  noteDerivation(element, frame.slot);
-  std::string_view base;
-  if (!findAttrByName(element, "base", base)) return frame.slot;
-  if (isSupportedDefaultSchemaType(element, base)) {
-    setBuiltinPicture(frame.slot, base);
-    frame.walkChildren = true;
-    return frame.slot;
-  }
-  CDMXMLElement* definition = findElementByName(element, base, Search::simpleTypes);
-  if (definition == nullptr) definition = findElementByName(element, base, Search::complexTypes);
-  if (definition == nullptr) {
-    reportMissingReference(base);
-    return nullptr;
-  }
-  if (CDMXMLElement* former = findRedefinedBase(element, base)) definition = former;
-  walkDefinition(definition, base, frame.level, frame.indent, frame.slot);
-  frame.walkChildren = true;
-  return frame.slot;
-}
-
-// In a redefine a type extends the former version of itself.
-CDMXMLElement* CDMCOBOLGenerator::findRedefinedBase(CDMXMLElement* element,
-                                                    std::string_view base) const {
-  for (CDMXMLElement* at = element; at != nullptr; at = at->getParent()) {
-    if (getElementType(at) == GeneratorElementKind::redefine) {
-      return findElementByName(element, base, Search::redefinedElements);
+// The former version of a redefined type, which the new version extends under
+// its own name. Null outside a redefine.
+CDMXMLElement* findRedefinedBase(SchemaWalker const& walker, CDMXMLElement const* element,
+                                 std::string_view base) {
+  for (CDMXMLElement const* at = element; at != nullptr; at = at->getParent()) {
+    if (generatorElementKind(at) == GeneratorElementKind::redefine) {
+      return walker.components().findElementByName(element, base, Search::redefinedElements);
     }
   }
   return nullptr;
+}
+
+}  // namespace
+
+Conversion ProcessElementRestriction(SchemaWalker& walker, CDMXMLElement* element,
+                                     WalkPosition at) {
+  CDMCOBOLRecordItem* item = at.current;
+  if (item == nullptr) return Conversion::failed(nullptr);
+  noteDerivation(element, item);
+  auto base = findAttrByName(element, "base");
+  if (!base) {
+    ProcessElementFacets(item, element, walker.builder());
+    return Conversion::children(item, item);
+  }
+  if (!walker.namespaces().isSupportedDefaultSchemaType(element, *base)) {
+    return restrictNamedType(walker, element, *base, at);
+  }
+  // The children are not visited: an attribute among them is left out.
+  walker.builder().setBuiltinPicture(item, *base);
+  ProcessElementFacets(item, element, walker.builder());
+  return Conversion::done(item, item);
+}
+
+// The members of the base come first and those of the extension after them,
+// all at one level and in one item.
+Conversion ProcessElementExtension(SchemaWalker& walker, CDMXMLElement* element, WalkPosition at) {
+  CDMCOBOLRecordItem* item = at.current;
+  if (item == nullptr) return Conversion::failed(nullptr);
+  noteDerivation(element, item);
+  auto base = findAttrByName(element, "base");
+  if (!base) return Conversion::done(item, item);
+  if (walker.namespaces().isSupportedDefaultSchemaType(element, *base)) {
+    walker.builder().setBuiltinPicture(item, *base);
+    return Conversion::children(item, item);
+  }
+  CDMXMLElement* definition = walker.components().findTypeSimpleFirst(element, *base);
+  if (definition == nullptr) {
+    reportMissingReference(*base);
+    return Conversion::failed(item);
+  }
+  if (CDMXMLElement* former = findRedefinedBase(walker, element, *base)) definition = former;
+  Visit visit = walker.walkDefinition(definition, *base, at);
+  return Conversion::children(visit.current, visit.current);
 }
 
 }  // namespace fdmorph

@@ -1,45 +1,60 @@
-// CDMCOBOLGenerator: which global elements become records.
+#include "cobol/head_elements.h"
 
-#include "cobol/DMCOBOLGenerator.h"
+#include <string_view>
+#include <unordered_set>
+
 #include "text/console.h"
 
 namespace fdmorph {
 namespace {
 
 bool isCandidate(CDMXMLElement const* child) {
-  std::string_view value;
   return generatorElementKind(child) == GeneratorElementKind::element &&
          child->getAttribute("name") != nullptr &&
          child->getAttribute("substitutionGroup") == nullptr &&
-         !(findAttrByName(child, "abstract", value) && value == "true");
+         findAttrByName(child, "abstract") != "true";
 }
 
 void addCandidates(CDMXMLElement const* root, std::vector<CDMXMLElement*>& candidates) {
-  if (root == nullptr) return;
   for (CDMXMLElement* child : root->getChildElements()) {
     if (isCandidate(child)) candidates.push_back(child);
   }
 }
 
-/// Collects the local names that `element` elements refer to. What counts is
-/// that the reference names the namespace of the referring element; the
-/// candidate's own namespace is not looked at.
-struct ReferenceCollector {
-  CDMCOBOLGenerator const& generator;
-  std::unordered_set<std::string_view> names;
+/// Collects the local names that `element` elements refer to.
+class ReferenceCollector {
+ public:
+  explicit ReferenceCollector(NamespaceLookup const& namespaces) : m_namespaces(namespaces) {}
 
-  static CDMXMLElement* compareElemByRefs(CDMXMLElement* element, void* key) {
-    auto* self = static_cast<ReferenceCollector*>(key);
-    std::string_view ref;
-    if (!findAttrByName(element, "ref", ref)) return nullptr;
-    if (generatorElementKind(element) != GeneratorElementKind::element) return nullptr;
-    std::string_view own;
-    std::string_view named;
-    if (!self->generator.getElementNamespace(element, own)) return nullptr;
-    if (!self->generator.getTypeNamespace(element, ref, named) || named != own) return nullptr;
-    self->names.insert(CDMXMLNode::getNonQualifiedName(ref));
-    return nullptr;
+  /// Adds the references of `top` and of everything below it.
+  void collect(CDMXMLElement const* top) {
+    std::vector<CDMXMLElement const*> pending{top};
+    while (!pending.empty()) {
+      CDMXMLElement const* element = pending.back();
+      pending.pop_back();
+      addReference(element);
+      std::vector<CDMXMLElement*> const& children = element->getChildElements();
+      pending.insert(pending.end(), children.begin(), children.end());
+    }
   }
+
+  bool isReferredTo(std::string_view name) const {
+    return m_names.contains(CDMXMLNode::getNonQualifiedName(name));
+  }
+
+ private:
+  // A reference counts if it names the namespace of the referring element. The
+  // namespace of the candidate does not matter.
+  void addReference(CDMXMLElement const* element) {
+    std::optional<std::string_view> ref = findAttrByName(element, "ref");
+    if (!ref || generatorElementKind(element) != GeneratorElementKind::element) return;
+    NamespaceLookup::Namespace named = m_namespaces.getTypeNamespace(element, *ref);
+    if (!named || named != m_namespaces.getElementNamespace(element)) return;
+    m_names.insert(CDMXMLNode::getNonQualifiedName(*ref));
+  }
+
+  NamespaceLookup const& m_namespaces;
+  std::unordered_set<std::string_view> m_names;
 };
 
 void reportHeadCount(std::size_t count) {
@@ -55,37 +70,30 @@ void reportHeadCount(std::size_t count) {
 
 }  // namespace
 
-CDMXMLElement* CDMCOBOLGenerator::getSchemaHeadElement(std::vector<CDMXMLElement*>& headElements) {
-  if (schemaDoc == nullptr || schemaDoc->rootElement == nullptr) return nullptr;
-  std::vector<CDMXMLElement*> roots{schemaDoc->rootElement};
-  for (CDMXMLNamespaceSchemaPair const& pair : schemaDoc->importedSchemas) {
-    CDMXMLElement* root = pair.getSchemaDoc()->rootElement;
+HeadElements findHeadElements(CDMXMLSchemaDoc const* document, NamespaceLookup const& namespaces) {
+  if (document == nullptr || document->rootElement == nullptr) return {};
+  std::vector<CDMXMLElement const*> roots{document->rootElement};
+  for (CDMXMLNamespaceSchemaPair const& pair : document->importedSchemas) {
+    CDMXMLElement const* root = pair.getSchemaDoc()->rootElement;
     if (root != nullptr) roots.push_back(root);
   }
 
-  // Imported schemas are a fallback: they count only while the main schema has
-  // no candidate at all.
   std::vector<CDMXMLElement*> candidates;
   addCandidates(roots.front(), candidates);
   if (candidates.empty()) {
     for (std::size_t i = 1; i < roots.size(); ++i) addCandidates(roots[i], candidates);
   }
 
-  ReferenceCollector references{*this, {}};
-  std::vector<CDMXMLElement*> unused;
-  for (CDMXMLElement* root : roots) {
-    root->findElement(&references, ReferenceCollector::compareElemByRefs, unused, true);
-  }
-  std::size_t before = headElements.size();
+  ReferenceCollector references(namespaces);
+  for (CDMXMLElement const* root : roots) references.collect(root);
+  HeadElements heads;
   for (CDMXMLElement* candidate : candidates) {
-    std::string_view name = candidate->getAttribute("name")->value;
-    if (references.names.count(CDMXMLNode::getNonQualifiedName(name)) == 0) {
-      headElements.push_back(candidate);
+    if (!references.isReferredTo(candidate->getAttribute("name")->value)) {
+      heads.all.push_back(candidate);
     }
   }
-  std::size_t count = headElements.size() - before;
-  reportHeadCount(count);
-  return count == 1 ? headElements.back() : nullptr;
+  reportHeadCount(heads.all.size());
+  return heads;
 }
 
 }  // namespace fdmorph

@@ -1,8 +1,7 @@
-// CDMCOBOLGenerator: the constructs that arrange other declarations. None of
-// them makes an item: members stand flat under the enclosing element, those of
-// a choice as well, and a group's occurrences leave no trace.
+// The conversion of model groups, attribute groups and wildcards.
 
-#include "cobol/DMCOBOLGenerator.h"
+#include "cobol/conversions.h"
+#include "cobol/schema_walker.h"
 #include "text/console.h"
 
 namespace fdmorph {
@@ -18,72 +17,54 @@ void warnUnsupported(CDMXMLElement const* element) {
         << "> encountered.  Element will not be converted to COBOL XD" << endLine;
 }
 
+// A group with a name is a definition, and its content is visited here. For a
+// reference the definition is visited instead.
+Conversion convertGroup(SchemaWalker& walker, CDMXMLElement* element, Search definitions,
+                        WalkPosition at) {
+  if (element->getAttribute("name") != nullptr) {
+    return Conversion::children(at.current, at.current);
+  }
+  auto ref = findAttrByName(element, "ref");
+  if (!ref) return Conversion::done(at.current, at.current);
+  CDMXMLElement* definition = walker.components().findElementByName(element, *ref, definitions);
+  if (definition == nullptr) {
+    reportMissingReference(*ref);
+    return Conversion::failed(at.current);
+  }
+  Visit visit = walker.walkDefinition(definition, *ref, at);
+  return Conversion::done(visit.item, visit.current);
+}
+
 }  // namespace
 
-CDMCOBOLRecordItem* CDMCOBOLGenerator::ProcessModelGroup(CDMXMLElement* element, WalkFrame& frame) {
+Conversion ProcessModelGroup(SchemaWalker& walker, CDMXMLElement* element, WalkPosition at) {
   using Kind = GeneratorElementKind;
-  switch (getElementType(element)) {
+  switch (generatorElementKind(element)) {
     case Kind::sequence:
     case Kind::choice:
     case Kind::all:
-      frame.walkChildren = true;
-      break;
+      return Conversion::children(at.current, at.current);
     case Kind::group:
-      return convertGroup(element, frame, Search::groups);
+      return convertGroup(walker, element, Search::groups, at);
     case Kind::attributeGroup:
-      return convertGroup(element, frame, Search::attributeGroups);
+      return convertGroup(walker, element, Search::attributeGroups, at);
     case Kind::unionOf:
-      ProcessElementUnion(element, frame);
-      break;
-    case Kind::list:
-      frame.walkChildren = false;
+      ProcessElementUnion(walker, element, at);
       break;
     case Kind::any:
     case Kind::anyAttribute:
-      frame.walkChildren = false;
       warnWildcard();
       break;
     case Kind::unique:
     case Kind::key:
     case Kind::keyRef:
-      frame.walkChildren = false;
       warnUnsupported(element);
       break;
     default:
+      // A list type has no COBOL form: the item gets no picture.
       break;
   }
-  return frame.slot;
-}
-
-// With a name this is a definition, whose content is visited where it stands;
-// with a reference the definition is visited in its place.
-CDMCOBOLRecordItem* CDMCOBOLGenerator::convertGroup(CDMXMLElement* element, WalkFrame& frame,
-                                                    Search definitions) {
-  std::string_view text;
-  if (findAttrByName(element, "name", text)) {
-    frame.walkChildren = true;
-    return frame.slot;
-  }
-  if (!findAttrByName(element, "ref", text)) return frame.slot;
-  CDMXMLElement* definition = findElementByName(element, text, definitions);
-  if (definition == nullptr) {
-    reportMissingReference(text);
-    return nullptr;
-  }
-  return walkDefinition(definition, text, frame.level, frame.indent, frame.slot);
-}
-
-// Follows a group reference, a base or a member type, which the record's own
-// recursion test doesn't see. `text` is what the schema names it by.
-CDMCOBOLRecordItem* CDMCOBOLGenerator::walkDefinition(CDMXMLElement* definition,
-                                                      std::string_view text, unsigned level,
-                                                      unsigned indent, ItemSlot& slot) {
-  if (m_open.wouldRecurse(definition)) {
-    reportRecursion(text);
-    return nullptr;
-  }
-  Scope scope(m_open, definition, Scope::Hop::unguarded);
-  return getCOBOLFromSchema(definition, level, indent, slot);
+  return Conversion::done(at.current, at.current);
 }
 
 }  // namespace fdmorph

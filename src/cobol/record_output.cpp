@@ -1,6 +1,8 @@
 #include "cobol/record_output.h"
 
-#include "cobol/decimal_text.h"
+#include <string>
+
+#include "cobol/facets.h"
 #include "cobol/fixed_format.h"
 #include "text/console.h"
 
@@ -19,6 +21,55 @@ bool declaresNamespace(CDMCOBOLRecordItem const& item) {
 }
 
 }  // namespace
+
+void UniqueNames::settleName(CDMCOBOLRecordItem& item) {
+  if (item.position == 0) item.position = ++m_lastPosition;
+  std::string_view name = item.dataName;
+  if (item.parent != nullptr) {
+    name = freeName(item.dataName, item.position);
+    m_holders.emplace(name, item.position);
+  }
+  // A made name is like no other, and so is that of its count field.
+  bool isMade = name.data() != item.dataName.data();
+  item.dataName = name;
+  std::string countIn(name);
+  countIn += "-count";
+  item.countInName = isMade ? m_texts.append(countIn) : m_texts.keep(countIn);
+}
+
+void UniqueNames::noteUnwritten(CDMCOBOLRecordItem const& item) {
+  if (item.checkWritable() != CDMCOBOLRecordItem::Writability::empty) return;
+  m_emptyItems.emplace_back(++m_lastPosition, &item);
+}
+
+std::string_view UniqueNames::freeName(std::string_view base, unsigned limit) {
+  if (!isTakenBefore(base, limit)) return base;
+  // No name becomes free again, so the tries that failed before would fail
+  // again. They are skipped, unless they would repeat a warning.
+  unsigned& suffix = m_lastSuffix[base];
+  if (!m_emptyItems.empty()) suffix = 0;
+  std::string candidate;
+  do {
+    candidate = base;
+    candidate += '-';
+    candidate += std::to_string(++suffix);
+  } while (isTakenBefore(candidate, limit));
+  return m_texts.append(candidate);
+}
+
+bool UniqueNames::isTakenBefore(std::string_view name, unsigned limit) {
+  auto holder = m_holders.find(name);
+  bool isTaken = holder != m_holders.end() && holder->second < limit;
+  repeatWarnings(isTaken ? holder->second : limit);
+  return isTaken;
+}
+
+void UniqueNames::repeatWarnings(unsigned limit) const {
+  for (auto const& [position, item] : m_emptyItems) {
+    if (position >= limit) break;
+    item->warnEmptyStructure();
+  }
+}
 
 bool RecordOutput::OutputCOBOLItem(CDMCOBOLRecordItem* item) {
   if (item == nullptr) return false;
@@ -63,7 +114,7 @@ void RecordOutput::appendConditionValue(CDMCOBOLRecordItem const& item) {
   m_line += '"';
 }
 
-// The name of the redefined item goes without the prefix.
+// The name of the redefined item gets no prefix.
 void RecordOutput::appendRedefines(CDMCOBOLRecordItem const& item) {
   if (item.redefinedItem->dataName.empty()) {
     err() << "Error : Redefines specified, but no COBOL name present" << endLine;

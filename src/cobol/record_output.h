@@ -3,11 +3,46 @@
 
 #include <ostream>
 #include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+#include <vector>
 
 #include "cobol/DMCOBOLRecordItem.h"
-#include "cobol/unique_names.h"
 
 namespace fdmorph {
+
+/// Makes the data names of one record unique (-unique).
+///
+/// The rule: an item keeps its name unless an item before it in output order,
+/// the root apart, has the same one. Then "-1", "-2" and so on is tried after
+/// the name. Each try is a walk over the record from its root, and that walk
+/// warns again about every item without content that it passes, up to the
+/// holder of the name or else up to the item itself. The walks are not made.
+/// An index that grows in output order knows what they would find and print.
+class UniqueNames {
+ public:
+  /// Made names are kept in `texts`.
+  explicit UniqueNames(TextPool& texts) : m_texts(texts) {}
+
+  /// Gives the item that is written next its final `dataName` and, in any
+  /// case, the `countInName` that belongs to it.
+  void settleName(CDMCOBOLRecordItem& item);
+
+  /// Notes that an item was reached that cannot be written.
+  void noteUnwritten(CDMCOBOLRecordItem const& item);
+
+ private:
+  std::string_view freeName(std::string_view base, unsigned limit);
+  bool isTakenBefore(std::string_view name, unsigned limit);
+  void repeatWarnings(unsigned limit) const;
+
+  TextPool& m_texts;
+  unsigned m_lastPosition = 0;  // in the walk's order, from 1 for the root
+  std::unordered_map<std::string_view, unsigned> m_holders;     // first holder's position
+  std::unordered_map<std::string_view, unsigned> m_lastSuffix;  // by base name
+  std::vector<std::pair<unsigned, CDMCOBOLRecordItem const*>> m_emptyItems;
+};
 
 /// Writes one record. Each item becomes one logical line of clauses, which the
 /// fixed-format writer breaks over physical lines.
@@ -19,12 +54,12 @@ class RecordOutput {
     bool uniqueNames = false;  ///< make data names unique within the record
   };
 
-  /// `texts` is the record's pool, for names made unique; it and the text
-  /// behind `options` must outlive the output.
+  /// `texts` is the record's pool, for names made unique. It, the text in
+  /// `options` and `stream` must outlive the output.
   RecordOutput(Options const& options, TextPool& texts, std::ostream& stream)
       : m_options(options), m_uniqueNames(texts), m_stream(stream) {}
 
-  /// Writes `item` and what lies below it; an item that can't be written is
+  /// Writes `item` and what is below it; an item that cannot be written is
   /// left out with its subtree. True if `item` itself was written.
   bool OutputCOBOLItem(CDMCOBOLRecordItem* item);
 

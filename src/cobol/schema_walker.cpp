@@ -1,42 +1,46 @@
-// CDMCOBOLGenerator: the walk over the schema.
-//
-// Level numbers: a head element has level 1 and indent 7. Each element or
-// attribute that opens an item adds 1 to both for what lies below it; model
-// groups, type definitions and derivations add nothing. A change made while
-// working on one element never reaches its siblings.
+#include "cobol/schema_walker.h"
 
-#include "cobol/DMCOBOLGenerator.h"
-#include "cobol/record_output.h"
 #include "text/console.h"
 
 namespace fdmorph {
+namespace {
 
-CDMCOBOLRecordItem* CDMCOBOLGenerator::getCOBOLFromSchema(CDMXMLElement* element, unsigned level,
-                                                          unsigned indent, ItemSlot& currentItem) {
-  if (element == nullptr) return nullptr;
-  WalkFrame frame{level, indent, currentItem};
-  CDMCOBOLRecordItem* item = dispatch(element, frame);
-  if (item == nullptr) {
-    prune(element, frame.slot);
-    return nullptr;
-  }
-  if (frame.nextElement != nullptr) return followNextElement(item, frame);
-  if (!frame.walkChildren) return item;
-  item = visitChildren(element, item, frame.level, frame.indent, frame.slot);
-  moveValueToChild(element, frame.slot);
-  return item;
+using Scope = OpenDefinitions::Scope;
+
+constexpr unsigned kFirstLevel = 1;
+constexpr unsigned kFirstIndent = 7;  // level numbers begin in column 8, area A
+
+}  // namespace
+
+CDMCOBOLRecordItem* SchemaWalker::buildRecord(CDMXMLElement* head) {
+  m_open.note(head);
+  return getCOBOLFromSchema(head, {nullptr, kFirstLevel, kFirstIndent}).item;
 }
 
-CDMCOBOLRecordItem* CDMCOBOLGenerator::dispatch(CDMXMLElement* element, WalkFrame& frame) {
+void SchemaWalker::endRecord() {
+  m_builder.store().clear();
+  m_open.clear();
+}
+
+Visit SchemaWalker::getCOBOLFromSchema(CDMXMLElement* element, WalkPosition at) {
+  if (element == nullptr) return {nullptr, at.current};
+  Conversion const conversion = dispatch(element, at);
+  if (conversion.item == nullptr) return {nullptr, m_builder.prune(element, conversion.current)};
+  if (conversion.nextElement != nullptr) return followNextElement(conversion, at);
+  Visit visit{conversion.item, conversion.current};
+  if (!conversion.walkChildren) return visit;
+  visit = visitChildren(element, visit, at.below(nullptr, conversion.addedLevels));
+  m_builder.moveValueToChild(element, visit.current);
+  return visit;
+}
+
+Conversion SchemaWalker::dispatch(CDMXMLElement* element, WalkPosition at) {
   using Kind = GeneratorElementKind;
-  switch (getElementType(element)) {
-    case Kind::schema:
-      convertSchema(element, frame);
-      return nullptr;
+  switch (generatorElementKind(element)) {
     case Kind::element:
-      return ProcessElementElement(element, frame);
+      return ProcessElementElement(*this, element, at);
     case Kind::attribute:
-      return ProcessAttributeElement(element, frame);
+      return ProcessAttributeElement(*this, element, at);
     case Kind::attributeGroup:
     case Kind::group:
     case Kind::sequence:
@@ -46,109 +50,83 @@ CDMCOBOLRecordItem* CDMCOBOLGenerator::dispatch(CDMXMLElement* element, WalkFram
     case Kind::all:
     case Kind::any:
     case Kind::anyAttribute:
-      return ProcessModelGroup(element, frame);
+      return ProcessModelGroup(*this, element, at);
     case Kind::extension:
-      return ProcessElementExtension(element, frame);
+      return ProcessElementExtension(*this, element, at);
     case Kind::restriction:
-      return ProcessElementRestriction(element, frame);
+      return ProcessElementRestriction(*this, element, at);
     case Kind::simpleType:
     case Kind::complexType:
     case Kind::simpleContent:
     case Kind::complexContent:
-      return enterTypeDefinition(element, frame);
+      return enterTypeDefinition(element, at);
     default:
       // Annotations, keys and the like have no COBOL form.
-      return frame.slot;
+      return Conversion::done(at.current, at.current);
   }
 }
 
-// Following a `type` or a `ref` replaces the visit of the children. Whatever
-// the walk leaves in the item's place also takes its place in the slot.
-CDMCOBOLRecordItem* CDMCOBOLGenerator::followNextElement(CDMCOBOLRecordItem* item,
-                                                         WalkFrame& frame) {
-  Scope scope(m_open, frame.nextElement, Scope::Hop::guarded);
-  bool isHeld = frame.slot == item;
-  getCOBOLFromSchema(frame.nextElement, frame.level, frame.indent, item);
-  if (isHeld) frame.slot = item;
-  return item;
+Conversion SchemaWalker::enterTypeDefinition(CDMXMLElement* element, WalkPosition at) {
+  CDMCOBOLRecordItem* item = at.current;
+  if (item != nullptr && item->typeElement == nullptr) item->typeElement = element;
+  CDMXMLElement const* parent = element->getParent();
+  if (element->getFirstChildElem() == nullptr && parent != nullptr) {
+    if (auto name = findAttrByName(parent, "name")) {
+      reportUnconstrainedType(*name);
+      return Conversion::failed(item);
+    }
+  }
+  if (item != nullptr && findAttrByName(element, "mixed") == "true") m_builder.addMixedValue(item);
+  return Conversion::children(item, item);
 }
 
-// The comparison is made anew for each child: a child can end the item and
-// leave its parent in its place.
-CDMCOBOLRecordItem* CDMCOBOLGenerator::visitChildren(CDMXMLElement* element,
-                                                     CDMCOBOLRecordItem* item, unsigned level,
-                                                     unsigned indent, ItemSlot& slot) {
+// The visit replaces that of the children. If the current item is the one of
+// the conversion, what takes the place of the one also replaces the other.
+Visit SchemaWalker::followNextElement(Conversion const& conversion, WalkPosition at) {
+  Scope scope(m_open, conversion.nextElement, Scope::Hop::guarded);
+  CDMCOBOLRecordItem* item =
+      getCOBOLFromSchema(conversion.nextElement, at.below(conversion.item, conversion.addedLevels))
+          .current;
+  return {item, conversion.current == conversion.item ? item : conversion.current};
+}
+
+// The items are compared for each child anew: a child can end the item, and
+// then the item's parent takes its place.
+Visit SchemaWalker::visitChildren(CDMXMLElement const* element, Visit visit, WalkPosition at) {
   for (CDMXMLElement* child = element->getFirstChildElem(); child != nullptr;
        child = child->getNextSibling()) {
-    bool isHeld = slot == item;
-    getCOBOLFromSchema(child, level, indent, item);
-    if (isHeld) slot = item;
+    bool isCurrent = visit.current == visit.item;
+    visit.item = getCOBOLFromSchema(child, at.below(visit.item, 0)).current;
+    if (isCurrent) visit.current = visit.item;
   }
-  return item;
+  return visit;
 }
 
-void CDMCOBOLGenerator::convertSchema(CDMXMLElement* element, WalkFrame& frame) {
-  if (!ProcessSchemaElement(element, frame.walkChildren)) return;
-  std::vector<CDMXMLElement*> headElements;
-  getSchemaHeadElement(headElements);
-  if (headElements.empty()) return;
-  long long converted = 0;
-  for (CDMXMLElement* head : headElements) {
-    if (convertHeadElement(head, frame)) ++converted;
+Visit SchemaWalker::walkDefinition(CDMXMLElement* definition, std::string_view name,
+                                   WalkPosition at) {
+  if (m_open.wouldRecurse(definition)) {
+    reportRecursion(name);
+    return {nullptr, at.current};
   }
-  err() << endLine << "Successfully converted " << converted << " of "
-        << static_cast<long long>(headElements.size()) << " schema head element(s)." << endLine;
+  Scope scope(m_open, definition, Scope::Hop::unguarded);
+  return getCOBOLFromSchema(definition, at);
 }
 
-bool CDMCOBOLGenerator::convertHeadElement(CDMXMLElement* element, WalkFrame const& frame) {
-  bool isWritten = false;
-  try {
-    m_open.note(element);
-    ItemSlot slot = nullptr;
-    CDMCOBOLRecordItem* record = getCOBOLFromSchema(element, frame.level, frame.indent, slot);
-    RecordOutput output({dataPrefix, countIn, uniqueNames}, m_store.texts(), std::cout);
-    isWritten = output.OutputCOBOLItem(record);
-    if (isWritten) endLine(std::cout);
-  } catch (RecordTooLarge const&) {
-    std::string_view name;
-    findAttrByName(element, "name", name);
-    err() << "Error : Record of " << name << " exceeds "
-          << static_cast<long long>(RecordStore::kMaxItems) << " items" << endLine;
-  }
-  m_store.clear();
-  m_open.clear();
-  m_openMembers.clear();
-  return isWritten;
+void reportRecursion(std::string_view name) {
+  err() << "Error : Cannot convert recursive reference of " << name << " to COBOL record"
+        << endLine;
 }
 
-bool CDMCOBOLGenerator::ProcessSchemaElement(CDMXMLElement const* element, bool& walkChildren) {
-  std::string_view value;
-  // Compared with the word "true" only: "qualified" passes.
-  if (findAttrByName(element, "attributeFormDefault", value) && value == "true") {
-    err() << "Error : COBOL XML does not support namespace qualifiers for attributes"
-          << " in instance documents" << endLine;
-    return false;
-  }
-  walkChildren = true;
-  return true;
+void reportMissingReference(std::string_view name) {
+  err() << "Error : Cannot find referenced element " << name
+        << ".  Element will not be converted to COBOL record item." << endLine;
 }
 
-// Takes the slot's item out when its whole content came to nothing: when the
-// element that failed was the last of the item's type and nothing came before.
-void CDMCOBOLGenerator::prune(CDMXMLElement const* element, ItemSlot& slot) {
-  CDMCOBOLRecordItem* item = slot;
-  if (item == nullptr) return;
-  CDMXMLElement const* at = element;
-  while (at != nullptr && at != item->typeElement) {
-    if (at->getNextSibling() != nullptr) return;
-    at = at->getParent();
-  }
-  if (!item->children.empty()) return;
-  CDMCOBOLRecordItem* parent = item->parent;
-  if (parent != nullptr) parent->removeChild(item);
-  if (item->derivationKind != DerivationKind::none) return;
-  m_store.release(item);
-  slot = parent;
+void reportUnconstrainedType(std::string_view name) {
+  err() << "Warning : Cannot convert unconstrained type \"" << name
+        << "\" to a valid COBOL data item. "
+        << "An XML Schema element requires a type=\"...\" attribute "
+        << "for successful conversion." << endLine;
 }
 
 }  // namespace fdmorph

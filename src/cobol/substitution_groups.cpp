@@ -1,57 +1,22 @@
-// CDMCOBOLGenerator: the members of substitution groups.
-
-#include "cobol/DMCOBOLGenerator.h"
+#include "cobol/substitution_groups.h"
 
 namespace fdmorph {
 
-// Visits the head's own children, then each member at the head's level, and
-// leaves the frame's level and children to the caller. Returns what took the
-// place of `item`.
-CDMCOBOLRecordItem* CDMCOBOLGenerator::walkSubstitution(CDMXMLElement* head,
-                                                        CDMCOBOLRecordItem* item,
-                                                        std::vector<CDMXMLElement*> const& members,
-                                                        MemberResult use, WalkFrame& frame) {
-  // Asked before the children are visited, which can end the head's item.
-  bool isHeldBySlot = frame.slot == item;
-  CDMCOBOLRecordItem* parent = item->parent;
-  item = visitChildren(head, item, frame.level + 1, frame.indent + 1, frame.slot);
-  for (CDMXMLElement* member : members) {
-    // A member whose content leads back to its head would be walked for ever.
-    if (!m_openMembers.insert(member).second) continue;
-    m_open.note(member);
-    if (isHeldBySlot) {
-      walkMemberAsSibling(member, parent, frame);
-    } else {
-      walkMemberInSlot(member, use, frame);
+std::vector<CDMXMLElement*> SubstitutionGroups::membersOf(CDMCOBOLRecordItem const* item) const {
+  if (item == nullptr || m_document == nullptr) return {};
+  if (!m_isIndexed) {
+    for (CDMXMLElement* entry : m_document->substitutionGroupElements) {
+      m_membersByHead[entry->getAttribute("substitutionGroup")->value].push_back(entry);
     }
-    m_openMembers.erase(member);
+    m_isIndexed = true;
   }
-  return item;
-}
-
-// The member hangs itself under the slot's item, and is listed there once
-// more, so that it is written twice.
-void CDMCOBOLGenerator::walkMemberInSlot(CDMXMLElement* member, MemberResult use,
-                                         WalkFrame& frame) {
-  CDMCOBOLRecordItem* result = getCOBOLFromSchema(member, frame.level, frame.indent, frame.slot);
-  bool isListed = use == MemberResult::listedAgain && result != nullptr && frame.slot != nullptr &&
-                  result != frame.slot;
-  if (isListed) frame.slot->addChild(result);
-}
-
-// The slot is taken by the head itself: the member becomes the head's sibling,
-// and where the head has no parent, has no place in the record.
-void CDMCOBOLGenerator::walkMemberAsSibling(CDMXMLElement* member, CDMCOBOLRecordItem* parent,
-                                            WalkFrame const& frame) {
-  ItemSlot ownSlot = nullptr;
-  CDMCOBOLRecordItem* result = getCOBOLFromSchema(member, frame.level, frame.indent, ownSlot);
-  if (result == nullptr) return;
-  if (parent == nullptr) {
-    m_store.release(result);
-    return;
+  auto entries = m_membersByHead.find(item->identifiedBy);
+  if (entries == m_membersByHead.end()) return {};
+  std::vector<CDMXMLElement*> members;
+  for (CDMXMLElement* entry : entries->second) {
+    if (m_namespaces.getElementNamespace(entry) == item->xmlNamespace) members.push_back(entry);
   }
-  result->parent = parent;
-  parent->addChild(result);
+  return members;
 }
 
 }  // namespace fdmorph

@@ -1,19 +1,15 @@
-// CDMCOBOLGenerator: unions. Each member type gets a group item with one data
-// item, and every group after the first redefines the one before it.
+// The conversion of `union`.
 
-#include "cobol/DMCOBOLGenerator.h"
+#include <algorithm>
+#include <string>
+#include <vector>
+
+#include "cobol/conversions.h"
+#include "cobol/schema_walker.h"
 #include "text/console.h"
 #include "text/multibyte.h"
 
 namespace fdmorph {
-
-/// The members of one union so far.
-struct UnionMembers {
-  CDMCOBOLRecordItem* parent;              ///< item of the enclosing declaration
-  CDMCOBOLRecordItem* previous = nullptr;  ///< group of the member kept last
-  unsigned count = 0;                      ///< members kept, and the next number
-};
-
 namespace {
 
 /// The two items of a member under construction.
@@ -22,38 +18,87 @@ struct MemberItems {
   CDMCOBOLRecordItem* data;
 };
 
-MemberItems makeMember(RecordStore& store, CDMXMLElement* element, UnionMembers const& members,
-                       WalkFrame const& frame) {
-  MemberItems made{store.create(), store.create()};
-  for (CDMCOBOLRecordItem* item : {made.group, made.data}) {
-    item->derivationKind = DerivationKind::complexContent;
-    item->schemaElement = element;
-    item->parent = members.parent;
+/// Adds the members of one union to the item of the enclosing declaration.
+class UnionMembers {
+ public:
+  UnionMembers(SchemaWalker& walker, CDMXMLElement* element, WalkPosition at)
+      : m_walker(walker), m_element(element), m_at(at) {}
+
+  /// Adds the member of a named type. False if there is no such type, which
+  /// ends the union.
+  [[nodiscard]] bool addNamed(std::string_view type) {
+    MemberItems made = make();
+    if (m_walker.namespaces().isSupportedDefaultSchemaType(m_element, type)) {
+      convertXMLtoCOBOL(made.data, type, m_walker.namespaces());
+      setDefaultSize(made.data);
+      keep(made);
+      return true;
+    }
+    CDMXMLElement* definition = m_walker.components().findTypeSimpleFirst(m_element, type);
+    if (definition == nullptr) {
+      err() << "Error : Unable to locate type " << type << " for <union> processing" << endLine;
+      drop(made);
+      return false;
+    }
+    made.data = m_walker.walkDefinition(definition, type, m_at.below(made.data)).item;
+    keep(made);
+    return true;
   }
-  made.group->levelNumber = static_cast<int>(frame.level);
-  made.group->indent = static_cast<int>(frame.indent);
-  made.group->redefinedItem = members.previous;
-  made.data->levelNumber = made.group->levelNumber + 1;
-  made.data->indent = made.group->indent + 1;
-  std::string name(members.parent->dataName);
-  name += "-union-value-" + std::to_string(members.count);
-  made.group->setCOBOLName(store.texts().keep(name), store.texts());
-  made.data->setCOBOLName(store.texts().keep(std::string(made.group->dataName) + "-data"),
-                          store.texts());
-  return made;
-}
 
-void keepMember(MemberItems const& made, UnionMembers& members) {
-  members.previous = made.group;
-  ++members.count;
-  made.group->addChild(made.data);
-  members.parent->addChild(made.group);
-}
+  /// Adds the member of an inline type. A member that can hold nothing is left
+  /// out and uses no number.
+  void addInline(CDMXMLElement* simpleType) {
+    MemberItems made = make();
+    made.data = m_walker.getCOBOLFromSchema(simpleType, m_at.below(made.data)).item;
+    if (made.data == nullptr || made.data->pictureSize == "0") {
+      drop(made);
+    } else {
+      keep(made);
+    }
+  }
 
-// The names in a `memberTypes` value. The first name is taken as what stands
-// before the last blank, and a second one of a single character is not seen:
-// two names come out as one would think, and three or more as one text that
-// names no type.
+ private:
+  MemberItems make() {
+    RecordBuilder& builder = m_walker.builder();
+    MemberItems made{builder.store().create(), builder.store().create()};
+    for (CDMCOBOLRecordItem* item : {made.group, made.data}) {
+      item->derivationKind = DerivationKind::complexContent;
+      item->schemaElement = m_element;
+      item->parent = m_at.current;
+    }
+    made.group->levelNumber = static_cast<int>(m_at.level);
+    made.group->indent = static_cast<int>(m_at.indent);
+    made.group->redefinedItem = m_previous;
+    made.data->levelNumber = made.group->levelNumber + 1;
+    made.data->indent = made.group->indent + 1;
+    std::string name(m_at.current->dataName);
+    builder.setMadeName(made.group, name + "-union-value-" + std::to_string(m_count));
+    builder.setMadeName(made.data, std::string(made.group->dataName) + "-data");
+    return made;
+  }
+
+  void keep(MemberItems const& made) {
+    m_previous = made.group;
+    ++m_count;
+    made.group->addChild(made.data);
+    m_at.current->addChild(made.group);
+  }
+
+  void drop(MemberItems const& made) {
+    m_walker.builder().store().release(made.group);
+    m_walker.builder().store().release(made.data);
+  }
+
+  SchemaWalker& m_walker;
+  CDMXMLElement* m_element;
+  WalkPosition m_at;
+  CDMCOBOLRecordItem* m_previous = nullptr;  // group of the last member that was kept
+  unsigned m_count = 0;                      // members that were kept, and the next number
+};
+
+// The names in a `memberTypes` value. The first name is all that precedes the
+// last blank, and a second name of one character is ignored. So two names come
+// out as expected, and of three or more the first is a text that names no type.
 std::vector<std::string> splitMemberTypes(std::string_view memberTypes) {
   std::wstring const value = my_mbstowcs(std::string(memberTypes).c_str());
   std::vector<std::string> names;
@@ -71,60 +116,17 @@ std::vector<std::string> splitMemberTypes(std::string_view memberTypes) {
 
 }  // namespace
 
-CDMCOBOLRecordItem* CDMCOBOLGenerator::ProcessElementUnion(CDMXMLElement* element,
-                                                           WalkFrame& frame) {
-  if (frame.slot == nullptr) return nullptr;
-  UnionMembers members{frame.slot};
-  std::string_view memberTypes;
-  findAttrByName(element, "memberTypes", memberTypes);
+void ProcessElementUnion(SchemaWalker& walker, CDMXMLElement* element, WalkPosition at) {
+  if (at.current == nullptr) return;
+  UnionMembers members(walker, element, at);
+  TextPool& texts = walker.builder().store().texts();
+  std::string_view memberTypes = findAttrByName(element, "memberTypes").value_or("");
   for (std::string const& type : splitMemberTypes(memberTypes)) {
-    if (!convertNamedMember(element, m_store.texts().keep(type), members, frame)) return nullptr;
+    if (!members.addNamed(texts.keep(type))) return;
   }
   for (CDMXMLElement* child : element->getChildElements()) {
-    if (getElementType(child) == GeneratorElementKind::simpleType) {
-      convertInlineMember(element, child, members, frame);
-    }
+    if (generatorElementKind(child) == GeneratorElementKind::simpleType) members.addInline(child);
   }
-  frame.walkChildren = false;
-  return members.parent;
-}
-
-// False if no such type is known, which ends the union.
-bool CDMCOBOLGenerator::convertNamedMember(CDMXMLElement* element, std::string_view type,
-                                           UnionMembers& members, WalkFrame const& frame) {
-  MemberItems made = makeMember(m_store, element, members, frame);
-  if (isSupportedDefaultSchemaType(element, type)) {
-    convertXMLtoCOBOL(made.data, type);
-    setDefaultSize(made.data);
-    keepMember(made, members);
-    return true;
-  }
-  CDMXMLElement* definition = findElementByName(element, type, Search::simpleTypes);
-  if (definition == nullptr) definition = findElementByName(element, type, Search::complexTypes);
-  if (definition == nullptr) {
-    err() << "Error : Unable to locate type " << type << " for <union> processing" << endLine;
-    m_store.release(made.group);
-    m_store.release(made.data);
-    return false;
-  }
-  ItemSlot slot = made.data;
-  made.data = walkDefinition(definition, type, frame.level + 1, frame.indent + 1, slot);
-  keepMember(made, members);
-  return true;
-}
-
-void CDMCOBOLGenerator::convertInlineMember(CDMXMLElement* element, CDMXMLElement* simpleType,
-                                            UnionMembers& members, WalkFrame const& frame) {
-  MemberItems made = makeMember(m_store, element, members, frame);
-  ItemSlot slot = made.data;
-  made.data = getCOBOLFromSchema(simpleType, frame.level + 1, frame.indent + 1, slot);
-  // A member that can hold nothing is left out and uses no number.
-  if (made.data == nullptr || made.data->pictureSize == "0") {
-    m_store.release(made.data);
-    m_store.release(made.group);
-    return;
-  }
-  keepMember(made, members);
 }
 
 }  // namespace fdmorph

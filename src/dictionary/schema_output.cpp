@@ -2,7 +2,7 @@
 // group a nested anonymous complex type, each elementary item a nested
 // anonymous simple type.
 
-#include "cobol/decimal_text.h"
+#include "cobol/facets.h"
 #include "dictionary/DMXMLGenerator.h"
 #include "dictionary/data_dictionary.h"
 #include "dictionary/xml_names.h"

@@ -1,8 +1,8 @@
 #include "cobol/DMCOBOLGenerator.h"
 #include "driver/file_helpers.h"
 #include "driver/runs.h"
-#include "schema/DMXMLSchemaDoc.h"
-#include "schema/schema_file_loader.h"
+#include "schema/schema_loader.h"
+#include "schema/schema_preprocessing.h"
 #include "text/console.h"
 #include "text/multibyte.h"
 #include "xml/DMDOMParser.h"
@@ -56,8 +56,9 @@ int runSchemaToCobol(Settings const& settings) {
   SchemaFileLoader loader(store);
   CDMXMLElement* tree = parser.getXMLDocument();
   parser.releaseDocument();
-  CDMXMLSchemaDoc document(tree, absoluteName(schemaFile), loader);
-  CDMCOBOLGenerator generator(&document);
+  SchemaSet const schema =
+      SchemaPreprocessing(loader).PreProcessSchema(tree, absoluteName(schemaFile));
+  CDMCOBOLGenerator generator(&schema.main);
   if (!FileExists(copybookFile, settings.promptOverwrite) || !settings.promptOverwrite) {
     generator.GenerateFile(copybookFile, settings.dataPrefix, settings.countIn,
                            settings.uniqueNames);

@@ -1,29 +1,42 @@
 #include "schema/DMXMLSchemaDoc.h"
 
-#include <utility>
-
-#include "schema/file_circles.h"
-
 namespace fdmorph {
 
-CDMXMLSchemaDoc::CDMXMLSchemaDoc() = default;
-CDMXMLSchemaDoc::~CDMXMLSchemaDoc() = default;
-
-CDMXMLSchemaDoc::CDMXMLSchemaDoc(CDMXMLElement* element, std::string path, SchemaLoader& loader)
-    : schemaPath(std::move(path)), m_loader(&loader), m_circles(std::make_unique<FileCircles>()) {
-  if (element == nullptr) return;
-  m_circles->enter(schemaPath);
-  PreProcessSchema(element, this);
-  m_circles->leave();
+CDMXMLElement* ComponentList::findByName(std::string_view localName) const {
+  for (; m_indexed < m_components.size(); ++m_indexed) {
+    CDMXMLElement* component = m_components[m_indexed];
+    std::optional<std::string_view> name = findAttrByName(component, "name");
+    if (name) m_firstOfName.emplace(*name, component);
+  }
+  auto found = m_firstOfName.find(localName);
+  return found == m_firstOfName.end() ? nullptr : found->second;
 }
 
-CDMXMLSchemaDoc::CDMXMLSchemaDoc(CDMXMLElement* element, CDMXMLSchemaDoc* parent, std::string path)
-    : schemaPath(std::move(path)) {
-  if (element != nullptr) PreProcessSchema(element, parent);
+CDMXMLNamespaceSchemaPair::CDMXMLNamespaceSchemaPair(std::string_view uri,
+                                                     CDMXMLSchemaDoc const* document) {
+  if (document == nullptr) return;
+  setNS(uri);
+  setSchemaDoc(document);
+}
+
+void CDMXMLNamespaceSchemaPair::setNS(std::string_view uri) {
+  if (!uri.empty()) namespaceURI = uri;
+}
+
+void CDMXMLNamespaceSchemaPair::setSchemaDoc(CDMXMLSchemaDoc const* document) {
+  if (document != nullptr) schemaDoc = document;
+}
+
+CDMXMLSchemaDoc const* CDMXMLNamespaceSchemaPair::findDocumentByNamespace(
+    std::string_view uri, std::list<CDMXMLNamespaceSchemaPair> const& pairs) {
+  for (CDMXMLNamespaceSchemaPair const& pair : pairs) {
+    if (pair.namespaceURI == uri) return pair.schemaDoc;
+  }
+  return nullptr;
 }
 
 SchemaElementKind CDMXMLSchemaDoc::getElementType(CDMXMLElement const* element) {
-  return schemaElementKind(CDMXMLNode::getNonQualifiedName(element->name));
+  return schemaElementKind(element);
 }
 
 bool CDMXMLSchemaDoc::InitializeElementLists() {
@@ -76,12 +89,6 @@ CDMXMLElement* compareElemForMultipartSchema(CDMXMLElement* element, void*) {
     default:
       return nullptr;
   }
-}
-
-bool findAttrByName(CDMXMLElement const* element, std::string_view name, std::string_view& value) {
-  CDMXMLAttribute const* attribute = element->getAttribute(name);
-  value = attribute == nullptr ? std::string_view() : std::string_view(attribute->value);
-  return attribute != nullptr;
 }
 
 }  // namespace fdmorph

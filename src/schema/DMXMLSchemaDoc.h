@@ -1,50 +1,81 @@
-// The generator's view of a parsed schema: its root, its target namespace and
-// one list per kind of global component. Building a document also loads the
-// files that it includes, redefines or imports: included and redefined files
-// are flattened into the main document, imported ones stay documents of their
-// own that are found by namespace.
+// A parsed schema as the conversion sees it: its root, its target namespace
+// and one list per kind of global component. `schema_preprocessing.h` fills a
+// document from a file and from what the file refers to.
+//
+// Documents are plain values. They only look at elements and attributes, which
+// belong to a CDMXMLNodeStore.
 #pragma once
 
+#include <cstddef>
 #include <list>
-#include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
-#include "schema/DMXMLNamespaceSchemaPair.h"
-#include "schema/component_list.h"
 #include "schema/element_kind.h"
-#include "schema/schema_loader.h"
 #include "xml/DMXMLElement.h"
 
 namespace fdmorph {
 
-class FileCircles;
+class CDMXMLSchemaDoc;
+
+/// Global components in document order. Duplicates are allowed, and the first
+/// of a name wins. The list owns nothing.
+class ComponentList {
+ public:
+  void append(CDMXMLElement* component) { m_components.push_back(component); }
+  void append(std::vector<CDMXMLElement*> const& components) {
+    m_components.insert(m_components.end(), components.begin(), components.end());
+  }
+
+  /// The first component whose `name` attribute equals `localName`; null if
+  /// there is none. Names must not change after the first search.
+  [[nodiscard]] CDMXMLElement* findByName(std::string_view localName) const;
+
+  bool empty() const { return m_components.empty(); }
+  std::size_t size() const { return m_components.size(); }
+  auto begin() const { return m_components.begin(); }
+  auto end() const { return m_components.end(); }
+
+ private:
+  std::vector<CDMXMLElement*> m_components;
+  // The index covers the first m_indexed components. A search extends it.
+  mutable std::unordered_map<std::string_view, CDMXMLElement*> m_firstOfName;
+  mutable std::size_t m_indexed = 0;
+};
+
+/// An imported namespace and the document that defines it.
+class CDMXMLNamespaceSchemaPair {
+ public:
+  CDMXMLNamespaceSchemaPair() = default;
+
+  /// Sets both; without a document the pair stays empty.
+  CDMXMLNamespaceSchemaPair(std::string_view uri, CDMXMLSchemaDoc const* document);
+
+  /// Stores the URI; an empty one is ignored.
+  void setNS(std::string_view uri);
+
+  /// Stores the document, which the caller keeps alive; null is ignored.
+  void setSchemaDoc(CDMXMLSchemaDoc const* document);
+
+  std::string const& getNamespaceURI() const { return namespaceURI; }
+  CDMXMLSchemaDoc const* getSchemaDoc() const { return schemaDoc; }
+
+  /// The document of the first pair for `uri`; null if there is none.
+  [[nodiscard]] static CDMXMLSchemaDoc const* findDocumentByNamespace(
+      std::string_view uri, std::list<CDMXMLNamespaceSchemaPair> const& pairs);
+
+ private:
+  std::string namespaceURI;
+  CDMXMLSchemaDoc const* schemaDoc = nullptr;
+};
 
 class CDMXMLSchemaDoc {
  public:
-  /// An empty document.
-  CDMXMLSchemaDoc();
-
-  /// The main document of a run: `element` is the top node of its tree (null
-  /// gives an empty document), `path` its full path, the base of relative
-  /// locations. `loader` brings the files that it refers to.
-  CDMXMLSchemaDoc(CDMXMLElement* element, std::string path, SchemaLoader& loader);
-
-  /// A document that was loaded for `parent`'s main document.
-  CDMXMLSchemaDoc(CDMXMLElement* element, CDMXMLSchemaDoc* parent, std::string path);
-
-  ~CDMXMLSchemaDoc();
-  CDMXMLSchemaDoc(CDMXMLSchemaDoc const&) = delete;
-  CDMXMLSchemaDoc& operator=(CDMXMLSchemaDoc const&) = delete;
-
-  /// Loads what `element`'s schema refers to into `mainDocument`, and fills
-  /// the lists. Missing or invalid files only lack their components; the
-  /// loader has reported them.
-  CDMXMLSchemaDoc* PreProcessSchema(CDMXMLElement* element, CDMXMLSchemaDoc* mainDocument);
-
-  /// Fills the lists from the root's attributes and children. False without a
-  /// root or without children.
+  /// Fills the lists from the root's attributes and children. They are
+  /// appended to, so this is called once. False without a root or children.
   bool InitializeElementLists();
 
   /// The kind of `element` by the local part of its name.
@@ -62,28 +93,22 @@ class CDMXMLSchemaDoc {
   std::list<CDMXMLNamespaceSchemaPair> importedSchemas;  ///< one per import
   CDMXMLElement* rootElement = nullptr;                  ///< the schema element
   std::string targetNamespace;
-  std::string schemaPath;  ///< empty for an imported document
-
- private:
-  void includeFile(CDMXMLElement const* part, CDMXMLSchemaDoc* mainDocument,
-                   std::vector<CDMXMLElement*>& pending);
-  void importFile(CDMXMLElement const* part, CDMXMLSchemaDoc* mainDocument);
-  void redefineComponents(CDMXMLElement const* part, std::vector<CDMXMLElement*>& pending);
-  void takeComponents(CDMXMLSchemaDoc& included, std::vector<CDMXMLElement*>& pending);
-
-  SchemaLoader* m_loader = nullptr;        // of the main document only, like
-  std::unique_ptr<FileCircles> m_circles;  // these: the files seen so far
-  std::list<CDMXMLSchemaDoc> m_imported;   // and the imported documents
+  std::string schemaPath;  ///< base of relative locations; empty if imported
 };
 
-/// Match rules for CDMXMLElement::findElement. The key is a string view, for
-/// the last one nothing.
+/// Match rules for CDMXMLElement::findElement. The key points to a string
+/// view. The last rule ignores it.
 CDMXMLElement* compareElemByName(CDMXMLElement* element, void* name);
 CDMXMLElement* compareElemByAttrType(CDMXMLElement* element, void* attributeName);
 CDMXMLElement* compareElemForMultipartSchema(CDMXMLElement* element, void* unused);
 
-/// Whether `element` has the attribute `name`; its value, or an empty text,
-/// goes into `value` and lives as long as the element.
-bool findAttrByName(CDMXMLElement const* element, std::string_view name, std::string_view& value);
+/// The value of the attribute `name`; nothing if `element` lacks it. The view
+/// lives as long as the element.
+[[nodiscard]] inline std::optional<std::string_view> findAttrByName(CDMXMLElement const* element,
+                                                                    std::string_view name) {
+  CDMXMLAttribute const* attribute = element->getAttribute(name);
+  if (attribute == nullptr) return std::nullopt;
+  return attribute->value;
+}
 
 }  // namespace fdmorph

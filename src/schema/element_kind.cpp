@@ -39,8 +39,16 @@ static_assert(kKindNames.isSorted());
 
 }  // namespace
 
-SchemaElementKind schemaElementKind(std::string_view localName) {
-  return kKindNames.find(localName, SchemaElementKind::other);
+SchemaElementKind schemaElementKind(CDMXMLElement const* element) {
+  return kKindNames.find(CDMXMLNode::getNonQualifiedName(element->name), SchemaElementKind::other);
+}
+
+GeneratorElementKind generatorElementKind(CDMXMLElement const* element) {
+  SchemaElementKind kind = schemaElementKind(element);
+  if (kind == SchemaElementKind::enumeration) return GeneratorElementKind::other;
+  int value = static_cast<int>(kind);
+  return static_cast<GeneratorElementKind>(kind < SchemaElementKind::enumeration ? value
+                                                                                 : value - 1);
 }
 
 }  // namespace fdmorph

@@ -1,11 +1,11 @@
 // The kinds of schema elements, by the local part of their names.
 #pragma once
 
-#include <string_view>
+#include "xml/DMXMLElement.h"
 
 namespace fdmorph {
 
-/// What a schema document's element is (XML Schema Part 1: Structures).
+/// What a schema document's element is (XML Schema: Structures).
 enum class SchemaElementKind {
   schema = 0,
   element = 1,
@@ -38,8 +38,45 @@ enum class SchemaElementKind {
   other = 28,
 };
 
-/// The kind that a local name stands for. "appInfo" and "keyRef" are known in
-/// this spelling only.
-SchemaElementKind schemaElementKind(std::string_view localName);
+/// The kind of `element`. "appInfo" and "keyRef" are known in this spelling
+/// only.
+SchemaElementKind schemaElementKind(CDMXMLElement const* element);
+
+/// What the conversion to COBOL takes an element for. Without an enumerator
+/// for enumerations, so from `group` on the values are one lower than those of
+/// SchemaElementKind. The two must not be mixed up.
+enum class GeneratorElementKind {
+  schema = 0,
+  element = 1,
+  attribute = 2,
+  attributeGroup = 3,
+  simpleType = 4,
+  group = 5,
+  complexType = 6,
+  simpleContent = 7,
+  complexContent = 8,
+  extension = 9,
+  restriction = 10,
+  sequence = 11,
+  choice = 12,
+  unionOf = 13,
+  list = 14,
+  all = 15,
+  any = 16,
+  unique = 17,
+  anyAttribute = 18,
+  appInfo = 19,
+  key = 20,
+  keyRef = 21,
+  selector = 22,
+  field = 23,
+  import = 24,
+  include = 25,
+  redefine = 26,
+  other = 27,
+};
+
+/// The kind of `element`. An enumeration is `other`.
+GeneratorElementKind generatorElementKind(CDMXMLElement const* element);
 
 }  // namespace fdmorph

@@ -1,14 +1,15 @@
 // Files that refer to each other in a circle are read once.
 //
-// Every include, redefine and import is an edge from the file that is being
-// read to another. A file that such edges lead back to is part of a circle
-// (a strongly connected component of more than one file, or a file that refers
-// to itself): it is read once in a run. A file outside all circles is read
-// each time that it is reached. As reading follows the edges depth first, the
-// components come out of Tarjan's algorithm while the files are read, and the
-// question for a file that was seen before always has its answer: it is either
-// still unfinished, hence in a circle with the file that asks, or its
-// component is complete.
+// Every include, redefine and import is an edge from the file being read to
+// another file. A file that such edges lead back to is part of a circle: a
+// strongly connected component of several files, or a file that refers to
+// itself. It is read once in a run. Any other file is read each time it is
+// reached.
+//
+// Reading follows the edges depth first, so Tarjan's algorithm finds the
+// components on the way. The answer for a file seen before is always known:
+// either it is unfinished, and then it is in a circle with the file that refers
+// to it, or its component is complete.
 #pragma once
 
 #include <cstddef>
@@ -21,16 +22,16 @@ namespace fdmorph {
 class FileCircles {
  public:
   /// Notes that the file being read refers to `location`, a path or a URL.
-  /// True if that file is to be read now; the caller then reads it and calls
-  /// leave. False if it is to be passed over.
+  /// True if that file is to be read now. The caller then reads it and calls
+  /// leave. False if it is to be skipped.
   bool enter(std::string const& location);
 
-  /// Notes that the file entered last has been read, references included.
+  /// Notes that the file entered last has been read, and all it refers to.
   void leave();
 
  private:
   struct File {
-    std::size_t order = 0;   // in which the files were seen first
+    std::size_t order = 0;   // number in the order of first sight, from 1
     std::size_t lowest = 0;  // order of the first unfinished file it leads to
     bool isUnfinished = true;
     bool isInCircle = false;

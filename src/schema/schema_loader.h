@@ -1,9 +1,12 @@
-// Where a schema's further files come from.
+// The source of the further files of a schema.
 #pragma once
 
 #include <string>
+#include <unordered_map>
+#include <vector>
 
-#include "xml/DMXMLElement.h"
+#include "xml/node_store.h"
+#include "xml/parser_report.h"
 
 namespace fdmorph {
 
@@ -14,10 +17,33 @@ class SchemaLoader {
   SchemaLoader(SchemaLoader const&) = delete;
   SchemaLoader& operator=(SchemaLoader const&) = delete;
 
-  /// The top node of a fresh tree of the schema at `location`, null if it
-  /// can't be used; what is wrong has then been reported. The tree lives as
-  /// long as the loader's store.
-  virtual CDMXMLElement* load(std::string const& location) = 0;
+  /// The top node of a new tree of the schema at `location`. Null if the
+  /// schema cannot be used; the loader has then reported why. The tree lives
+  /// as long as the loader's store.
+  [[nodiscard]] virtual CDMXMLElement* load(std::string const& location) = 0;
+};
+
+/// Reads schemas from files through the validating parser, each file once. A
+/// file that is asked for again is announced and reported as before, and its
+/// tree is copied from memory.
+class SchemaFileLoader : public SchemaLoader {
+ public:
+  /// The trees belong to `store`.
+  explicit SchemaFileLoader(CDMXMLNodeStore& store) : m_store(store) {}
+
+  [[nodiscard]] CDMXMLElement* load(std::string const& location) override;
+
+ private:
+  struct KnownFile {
+    std::vector<ParserReport> reports;
+    CDMXMLElement* tree = nullptr;  // null if the file cannot be used
+  };
+
+  CDMXMLElement* readFile(std::string const& location);
+  CDMXMLElement* repeat(std::string const& location, KnownFile const& known);
+
+  CDMXMLNodeStore& m_store;
+  std::unordered_map<std::string, KnownFile> m_known;  // by location as asked for
 };
 
 }  // namespace fdmorph

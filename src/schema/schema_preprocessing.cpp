@@ -1,10 +1,8 @@
-// CDMXMLSchemaDoc: the flattening of a schema that is spread over files.
+#include "schema/schema_preprocessing.h"
 
 #include <algorithm>
-#include <memory>
+#include <utility>
 
-#include "schema/DMXMLSchemaDoc.h"
-#include "schema/file_circles.h"
 #include "xml/paths.h"
 
 namespace fdmorph {
@@ -19,8 +17,8 @@ bool isTargetNamespace(CDMXMLAttribute const* attribute) {
   return CDMXMLNode::getNonQualifiedName(attribute->name) == "targetNamespace";
 }
 
-// Global attributes stay behind with the file that was included.
-bool travelsToMainDocument(CDMXMLElement const* component) {
+// Global attributes are not moved: they stay in the included file.
+bool movesToMainDocument(CDMXMLElement const* component) {
   switch (CDMXMLSchemaDoc::getElementType(component)) {
     case SchemaElementKind::element:
     case SchemaElementKind::attributeGroup:
@@ -33,66 +31,12 @@ bool travelsToMainDocument(CDMXMLElement const* component) {
   }
 }
 
-}  // namespace
-
-CDMXMLSchemaDoc* CDMXMLSchemaDoc::PreProcessSchema(CDMXMLElement* element,
-                                                   CDMXMLSchemaDoc* mainDocument) {
-  if (element == nullptr) return mainDocument;
-  std::vector<CDMXMLElement*> parts;
-  element->findElement(nullptr, compareElemForMultipartSchema, parts, true);
-  if (parts.empty()) return mainDocument;
-
-  std::vector<CDMXMLElement*> pending;  // components on their way to the main root
-  for (CDMXMLElement* part : parts) {
-    switch (getElementType(part)) {
-      case SchemaElementKind::schema:
-        rootElement = part;
-        break;
-      case SchemaElementKind::import:
-        importFile(part, mainDocument);
-        break;
-      case SchemaElementKind::include:
-        includeFile(part, mainDocument, pending);
-        break;
-      default:
-        includeFile(part, mainDocument, pending);
-        redefineComponents(part, pending);
-        break;
-    }
-  }
-  if (mainDocument->rootElement != nullptr) {
-    // The parents stay: a walk upward still ends at the root of the own file.
-    for (CDMXMLElement* component : pending) mainDocument->rootElement->addChildElement(component);
-  }
-  InitializeElementLists();
-  return mainDocument;
-}
-
-void CDMXMLSchemaDoc::includeFile(CDMXMLElement const* part, CDMXMLSchemaDoc* mainDocument,
-                                  std::vector<CDMXMLElement*>& pending) {
-  std::string_view schemaLocation;
-  if (!findAttrByName(part, "schemaLocation", schemaLocation)) return;
-  std::string location(schemaLocation);
-  bool isUrl = location.find("://") != std::string::npos;
-  if (!isUrl && isRelativePath(location)) location = weavePaths(schemaPath, location);
-  FileCircles& circles = *mainDocument->m_circles;
-  if (!circles.enter(location)) return;
-  if (CDMXMLElement* tree = mainDocument->m_loader->load(location)) {
-    CDMXMLSchemaDoc included(tree, mainDocument, isUrl ? schemaPath : location);
-    mainDocument->namespaceAttributes.splice(mainDocument->namespaceAttributes.end(),
-                                             included.namespaceAttributes);
-    takeComponents(included, pending);
-  }
-  circles.leave();
-}
-
-// The components take their file's namespace declarations along, as lookups
-// from them have to find their own.
-void CDMXMLSchemaDoc::takeComponents(CDMXMLSchemaDoc& included,
-                                     std::vector<CDMXMLElement*>& pending) {
+// Adds the components of an included document to `pending`. Each one gets the
+// namespace declarations of its file, as lookups from it must find them.
+void takeComponents(CDMXMLSchemaDoc const& included, std::vector<CDMXMLElement*>& pending) {
   if (included.rootElement == nullptr) return;
   for (CDMXMLElement* component : included.rootElement->getChildElements()) {
-    if (!travelsToMainDocument(component)) continue;
+    if (!movesToMainDocument(component)) continue;
     for (CDMXMLAttribute* attribute : included.rootElement->getAttributes()) {
       if (declaresPrefix(attribute)) component->addAttribute(attribute);
       if (isTargetNamespace(attribute)) component->addAttribute(attribute);
@@ -101,38 +45,99 @@ void CDMXMLSchemaDoc::takeComponents(CDMXMLSchemaDoc& included,
   }
 }
 
-void CDMXMLSchemaDoc::redefineComponents(CDMXMLElement const* part,
-                                         std::vector<CDMXMLElement*>& pending) {
+// Replaces components in `pending` by the children of the redefine `part`, and
+// adds the replaced ones to `redefined`.
+void redefineComponents(CDMXMLElement const* part, std::vector<CDMXMLElement*>& pending,
+                        ComponentList& redefined) {
   for (CDMXMLElement* child : part->getChildElements()) {
-    std::string_view name;
-    if (!findAttrByName(child, "name", name) || name.empty()) continue;
-    auto replaced = std::find_if(pending.begin(), pending.end(), [name](CDMXMLElement* entry) {
-      std::string_view entryName;
-      return findAttrByName(entry, "name", entryName) && entryName == name;
+    std::string_view name = findAttrByName(child, "name").value_or("");
+    if (name.empty()) continue;
+    auto replaced = std::ranges::find_if(pending, [name](CDMXMLElement const* entry) {
+      return findAttrByName(entry, "name") == name;
     });
     if (replaced == pending.end()) continue;
-    redefinedElements.append(*replaced);
+    redefined.append(*replaced);
     pending.erase(replaced);
     pending.push_back(child);
   }
 }
 
-void CDMXMLSchemaDoc::importFile(CDMXMLElement const* part, CDMXMLSchemaDoc* mainDocument) {
-  std::string_view schemaLocation;
-  std::string_view uri;
-  if (!findAttrByName(part, "schemaLocation", schemaLocation)) return;
-  if (!findAttrByName(part, "namespace", uri)) return;
-  std::string location(schemaLocation);
-  FileCircles& circles = *mainDocument->m_circles;
-  if (!circles.enter(location)) return;
-  if (CDMXMLElement* tree = mainDocument->m_loader->load(location)) {
-    // What the file itself imports has registered with the main document by
-    // the time that its own pair does.
-    CDMXMLSchemaDoc& imported =
-        mainDocument->m_imported.emplace_back(tree, mainDocument, std::string());
-    mainDocument->importedSchemas.emplace_back(uri, &imported);
+}  // namespace
+
+SchemaSet SchemaPreprocessing::PreProcessSchema(CDMXMLElement* element, std::string path) {
+  m_schema.main.schemaPath = std::move(path);
+  if (element != nullptr) {
+    m_circles.enter(m_schema.main.schemaPath);
+    readParts(element, m_schema.main);
+    m_circles.leave();
   }
-  circles.leave();
+  return std::move(m_schema);
+}
+
+// Loads what the schema with the top node `element` refers to, and fills
+// `document` from it.
+void SchemaPreprocessing::readParts(CDMXMLElement* element, CDMXMLSchemaDoc& document) {
+  Components parts;
+  element->findElement(nullptr, compareElemForMultipartSchema, parts, true);
+  if (parts.empty()) return;
+
+  Components pending;  // to be moved under the main root
+  for (CDMXMLElement* part : parts) {
+    switch (CDMXMLSchemaDoc::getElementType(part)) {
+      case SchemaElementKind::schema:
+        document.rootElement = part;
+        break;
+      case SchemaElementKind::import:
+        importFile(part);
+        break;
+      case SchemaElementKind::include:
+        includeFile(part, document, pending);
+        break;
+      default:
+        includeFile(part, document, pending);
+        redefineComponents(part, pending, document.redefinedElements);
+        break;
+    }
+  }
+  if (CDMXMLElement* mainRoot = m_schema.main.rootElement) {
+    // The parents stay: a walk upward still ends at the root of the own file.
+    for (CDMXMLElement* component : pending) mainRoot->addChildElement(component);
+  }
+  document.InitializeElementLists();
+}
+
+void SchemaPreprocessing::includeFile(CDMXMLElement const* part, CDMXMLSchemaDoc const& document,
+                                      Components& pending) {
+  std::optional<std::string_view> schemaLocation = findAttrByName(part, "schemaLocation");
+  if (!schemaLocation) return;
+  std::string location(*schemaLocation);
+  bool isUrl = location.find("://") != std::string::npos;
+  if (!isUrl && isRelativePath(location)) location = weavePaths(document.schemaPath, location);
+  if (!m_circles.enter(location)) return;
+  if (CDMXMLElement* tree = m_loader.load(location)) {
+    CDMXMLSchemaDoc included;
+    included.schemaPath = isUrl ? document.schemaPath : location;
+    readParts(tree, included);
+    std::list<CDMXMLAttribute*>& declarations = m_schema.main.namespaceAttributes;
+    declarations.splice(declarations.end(), included.namespaceAttributes);
+    takeComponents(included, pending);
+  }
+  m_circles.leave();
+}
+
+void SchemaPreprocessing::importFile(CDMXMLElement const* part) {
+  std::optional<std::string_view> schemaLocation = findAttrByName(part, "schemaLocation");
+  std::optional<std::string_view> uri = findAttrByName(part, "namespace");
+  if (!schemaLocation || !uri) return;
+  std::string location(*schemaLocation);
+  if (!m_circles.enter(location)) return;
+  if (CDMXMLElement* tree = m_loader.load(location)) {
+    // The pair comes after those of the imports inside the file.
+    CDMXMLSchemaDoc& document = m_schema.imported.emplace_back();
+    readParts(tree, document);
+    m_schema.main.importedSchemas.emplace_back(*uri, &document);
+  }
+  m_circles.leave();
 }
 
 }  // namespace fdmorph

@@ -2,7 +2,8 @@
 
 #include "cobol/DMCOBOLGenerator.h"
 #include "input_file.h"
-#include "schema/schema_file_loader.h"
+#include "schema/schema_loader.h"
+#include "schema/schema_preprocessing.h"
 #include "xml/DMDOMParser.h"
 #include "xml/paths.h"
 
@@ -13,9 +14,9 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   CDMDOMParser parser(store);
   if (!parser.ParseFile(file.name(), CDMDOMParser::FILE_TYPE::XML_SCHEMA, true)) return 0;
   fdmorph::SchemaFileLoader loader(store);
-  fdmorph::CDMXMLSchemaDoc document(parser.getXMLDocument(), fdmorph::getFullPath(file.name()),
-                                    loader);
-  fdmorph::CDMCOBOLGenerator generator(&document);
+  fdmorph::SchemaSet const schema = fdmorph::SchemaPreprocessing(loader).PreProcessSchema(
+      parser.getXMLDocument(), fdmorph::getFullPath(file.name()));
+  fdmorph::CDMCOBOLGenerator generator(&schema.main);
   generator.GenerateFile("/dev/null", "P-", true, true);
   return 0;
 }

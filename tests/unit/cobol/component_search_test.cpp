@@ -1,19 +1,21 @@
 // Which component a name stands for.
 
+#include "cobol/component_search.h"
+
 #include <gtest/gtest.h>
 
-#include "support/generator_fixture.h"
+#include "support/query_fixture.h"
 
 namespace fdmorph {
 namespace {
 
-class ComponentSearch : public GeneratorTest {
+class Components : public QueryTest {
  protected:
   CDMXMLElement* find(std::string_view name, Search search = Search::complexTypes) {
-    return generator->findElementByName(at("e"), name, search);
+    return components->findElementByName(at("e"), name, search);
   }
 
-  CDMXMLSchemaDoc* imported(std::string_view uri) {
+  CDMXMLSchemaDoc const* imported(std::string_view uri) {
     return CDMXMLNamespaceSchemaPair::findDocumentByNamespace(uri, document->importedSchemas);
   }
 
@@ -29,7 +31,7 @@ class ComponentSearch : public GeneratorTest {
   }
 };
 
-TEST_F(ComponentSearch, LooksIntoTheListThatIsNamed) {
+TEST_F(Components, LooksIntoTheListThatIsNamed) {
   use(mainSchema({component("complexType", "N"), component("simpleType", "N"),
                   component("element", "N"), component("attribute", "N"), component("group", "N"),
                   component("attributeGroup", "N")}));
@@ -50,13 +52,13 @@ TEST_F(ComponentSearch, LooksIntoTheListThatIsNamed) {
   }
 }
 
-TEST_F(ComponentSearch, FindsMembersOfSubstitutionGroups) {
+TEST_F(Components, FindsMembersOfSubstitutionGroups) {
   use(mainSchema({element("M", {{"substitutionGroup", "h"}}), element("N")}));
   EXPECT_EQ(find("m:M", Search::substitutionGroupElements), at("M"));
   EXPECT_EQ(find("m:N", Search::substitutionGroupElements), nullptr);
 }
 
-TEST_F(ComponentSearch, FindsOldVersionsOfRedefinedComponents) {
+TEST_F(Components, FindsOldVersionsOfRedefinedComponents) {
   loader.add("/s/a.xsd", schemaOf("urn:main", {component("complexType", "T")}));
   use(mainSchema({redefine("a.xsd", {component("complexType", "T")})}));
   CDMXMLElement* former = find("m:T", Search::redefinedElements);
@@ -65,42 +67,42 @@ TEST_F(ComponentSearch, FindsOldVersionsOfRedefinedComponents) {
   EXPECT_EQ(find("m:T")->getParent()->name, "xs:redefine");
 }
 
-TEST_F(ComponentSearch, OtherNumbersNameNoList) {
+TEST_F(Components, OtherNumbersNameNoList) {
   use(mainSchema({component("complexType", "N")}));
   for (unsigned number : {0U, 8U, 9U, 11U, 1000U}) {
     EXPECT_EQ(find("m:N", static_cast<Search>(number)), nullptr) << number;
   }
 }
 
-TEST_F(ComponentSearch, NeedsAnElementAndAName) {
+TEST_F(Components, NeedsAnElementAndAName) {
   use(mainSchema({component("complexType", "")}));
   EXPECT_EQ(find(""), nullptr);
-  EXPECT_EQ(generator->findElementByName(nullptr, "m:N", Search::elements), nullptr);
+  EXPECT_EQ(components->findElementByName(nullptr, "m:N", Search::elements), nullptr);
 }
 
-TEST_F(ComponentSearch, NamesAreComparedExactlyByTheirLocalParts) {
+TEST_F(Components, NamesAreComparedExactlyByTheirLocalParts) {
   use(mainSchema({component("complexType", "T")}));
   EXPECT_NE(find("m:T"), nullptr);
   EXPECT_EQ(find("m:t"), nullptr);
   EXPECT_EQ(find("m:TT"), nullptr);
 }
 
-TEST_F(ComponentSearch, FirstOfANameIsFound) {
+TEST_F(Components, FirstOfANameIsFound) {
   use(mainSchema({component("complexType", "T"), component("complexType", "T")}));
   EXPECT_EQ(find("m:T"), document->rootElement->getFirstChildElem());
 }
 
-TEST_F(ComponentSearch, LocalDeclarationsAreNotFound) {
+TEST_F(Components, LocalDeclarationsAreNotFound) {
   use(mainSchema({component("complexType", "T", {element("local")})}));
   EXPECT_EQ(find("m:local", Search::elements), nullptr);
 }
 
-TEST_F(ComponentSearch, UndeclaredPrefixFindsNothing) {
+TEST_F(Components, UndeclaredPrefixFindsNothing) {
   use(mainSchema({component("complexType", "T")}));
   EXPECT_EQ(find("x:T"), nullptr);
 }
 
-TEST_F(ComponentSearch, ImportedNamespaceIsSearchedInItsDocumentOnly) {
+TEST_F(Components, ImportedNamespaceIsSearchedInItsDocumentOnly) {
   loader.add("a.xsd", schemaOf("urn:a", {component("complexType", "T")}));
   use(mainSchema(
       {import("urn:a", "a.xsd"), component("complexType", "T"), component("complexType", "U")}));
@@ -109,7 +111,7 @@ TEST_F(ComponentSearch, ImportedNamespaceIsSearchedInItsDocumentOnly) {
   EXPECT_EQ(find("m:T"), document->complexTypes.findByName("T"));
 }
 
-TEST_F(ComponentSearch, FirstImportOfANamespaceIsSearched) {
+TEST_F(Components, FirstImportOfANamespaceIsSearched) {
   loader.add("a.xsd", schemaOf("urn:a", {component("complexType", "T")}));
   loader.add("b.xsd", schemaOf("urn:a", {component("complexType", "U")}));
   use(mainSchema({import("urn:a", "a.xsd"), import("urn:a", "b.xsd")}));
@@ -117,28 +119,28 @@ TEST_F(ComponentSearch, FirstImportOfANamespaceIsSearched) {
   EXPECT_EQ(find("a:U"), nullptr);
 }
 
-TEST_F(ComponentSearch, ForeignNamespaceFindsNothing) {
+TEST_F(Components, ForeignNamespaceFindsNothing) {
   use(mainSchema({component("complexType", "T")}));
   EXPECT_EQ(find("u:T"), nullptr);
 }
 
-TEST_F(ComponentSearch, ForeignNamespaceIsTheMainSchemasOwnWhenThatHasNone) {
+TEST_F(Components, ForeignNamespaceIsTheMainSchemasOwnWhenThatHasNone) {
   use({"xs:schema", {{"xmlns:u", "urn:unknown"}}, {element("e"), component("complexType", "T")}});
   EXPECT_NE(find("u:T"), nullptr);
 }
 
-TEST_F(ComponentSearch, EmptyNamespaceIsTheMainSchema) {
+TEST_F(Components, EmptyNamespaceIsTheMainSchema) {
   use({"xs:schema", {{"xmlns", ""}}, {element("e"), component("complexType", "T")}});
   EXPECT_NE(find("T"), nullptr);
 }
 
-TEST_F(ComponentSearch, SchemaNamespaceIsTheMainSchema) {
+TEST_F(Components, SchemaNamespaceIsTheMainSchema) {
   use(mainSchema({component("simpleType", "string")}));
   EXPECT_EQ(find("xs:string", Search::simpleTypes), at("string"));
   EXPECT_EQ(find("xs:int", Search::simpleTypes), nullptr);
 }
 
-TEST_F(ComponentSearch, WhatAnImportedFileIncludesIsFoundInTheMainSchema) {
+TEST_F(Components, WhatAnImportedFileIncludesIsFoundInTheMainSchema) {
   loader.add("a.xsd", schemaOf("urn:a", {include("b.xsd"), component("complexType", "T")}));
   loader.add("b.xsd", schemaOf("urn:a", {component("complexType", "U")}));
   use(mainSchema({import("urn:a", "a.xsd")}));
@@ -146,19 +148,21 @@ TEST_F(ComponentSearch, WhatAnImportedFileIncludesIsFoundInTheMainSchema) {
   EXPECT_NE(find("m:U"), nullptr);
 }
 
-TEST_F(ComponentSearch, WithoutADocumentNothingIsFound) {
+TEST_F(Components, WithoutADocumentNothingIsFound) {
   use(mainSchema({component("complexType", "T")}));
-  CDMCOBOLGenerator empty;
+  ComponentSearch empty(nullptr, *namespaces);
   EXPECT_EQ(empty.findElementByName(at("e"), "m:T", Search::complexTypes), nullptr);
 }
 
-TEST_F(ComponentSearch, AttributeByNameGivesItsValue) {
-  use(mainSchema({}));
-  std::string_view value = "before";
-  EXPECT_TRUE(CDMCOBOLGenerator::findAttrByName(at("e"), "name", value));
-  EXPECT_EQ(value, "e");
-  EXPECT_FALSE(CDMCOBOLGenerator::findAttrByName(at("e"), "ref", value));
-  EXPECT_EQ(value, "");
+TEST_F(Components, OfTwoTypesOfOneNameTheKindSoughtFirstIsFound) {
+  use(mainSchema({component("simpleType", "T"), component("complexType", "T"),
+                  component("simpleType", "S"), component("complexType", "C")}));
+  EXPECT_EQ(components->findTypeComplexFirst(at("e"), "m:T")->name, "xs:complexType");
+  EXPECT_EQ(components->findTypeSimpleFirst(at("e"), "m:T")->name, "xs:simpleType");
+  EXPECT_EQ(components->findTypeComplexFirst(at("e"), "m:S"), at("S"));
+  EXPECT_EQ(components->findTypeSimpleFirst(at("e"), "m:C"), at("C"));
+  EXPECT_EQ(components->findTypeComplexFirst(at("e"), "m:e"), nullptr);
+  EXPECT_EQ(components->findTypeSimpleFirst(at("e"), "m:e"), nullptr);
 }
 
 }  // namespace

@@ -1,12 +1,11 @@
 // The condition names of a restriction, and their numbers.
 
-#include "cobol/enumeration_list.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <set>
 
+#include "cobol/facets.h"
 #include "support/record_fixture.h"
 
 namespace fdmorph {
@@ -20,7 +19,7 @@ class Enumeration : public RecordTest {
   Enumeration() { restriction.name = "xs:restriction"; }
 
   void add(std::initializer_list<std::string_view> values) {
-    EnumerationList list(item, &restriction, store);
+    EnumerationList list(item, &restriction, builder);
     for (std::string_view value : values) list.add(value);
   }
 

@@ -1,9 +1,11 @@
 // Which global elements become records.
 
+#include "cobol/head_elements.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/generator_fixture.h"
+#include "support/query_fixture.h"
 #include "text/console.h"
 
 namespace fdmorph {
@@ -19,25 +21,25 @@ constexpr char kManyHeads[] =
     "Warning : More than one head element was found in the schema definition."
     " Attempting to generate multiple file definitions\n";
 
-class HeadElements : public GeneratorTest {
+class Heads : public QueryTest {
  protected:
   std::vector<std::string> heads() {
-    std::vector<CDMXMLElement*> list;
-    only = generator->getSchemaHeadElement(list);
-    return namesOf(list);
+    HeadElements found = findHeadElements(document, *namespaces);
+    only = found.single();
+    return namesOf(found.all);
   }
 
   CDMXMLElement* only = nullptr;
 };
 
-TEST_F(HeadElements, OneIsTheResult) {
+TEST_F(Heads, OneIsTheResult) {
   use(schema({element("a"), component("complexType", "T")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
   EXPECT_EQ(only, at("a"));
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(HeadElements, TwoAreListedAndWarnedAbout) {
+TEST_F(Heads, TwoAreListedAndWarnedAbout) {
   use(schema({element("b"), element("a")}));
   EXPECT_THAT(heads(), ElementsAre("b", "a"));
   EXPECT_EQ(only, nullptr);
@@ -45,7 +47,7 @@ TEST_F(HeadElements, TwoAreListedAndWarnedAbout) {
   EXPECT_EQ(console.m_nWarningCount, 1);
 }
 
-TEST_F(HeadElements, NoneIsAnError) {
+TEST_F(Heads, NoneIsAnError) {
   use(schema({component("complexType", "T")}));
   EXPECT_THAT(heads(), IsEmpty());
   EXPECT_EQ(only, nullptr);
@@ -53,62 +55,62 @@ TEST_F(HeadElements, NoneIsAnError) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
-TEST_F(HeadElements, ReferencedElementIsNone) {
+TEST_F(Heads, ReferencedElementIsNone) {
   use(schema({element("a", {}, {sequenceType({reference("b")})}), element("b")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(HeadElements, ElementsThatReferToEachOtherAreNone) {
+TEST_F(Heads, ElementsThatReferToEachOtherAreNone) {
   use(schema({element("a", {}, {sequenceType({reference("b")})}),
               element("b", {}, {sequenceType({reference("a")})})}));
   EXPECT_THAT(heads(), IsEmpty());
   EXPECT_EQ(captured.err(), kNoHead);
 }
 
-TEST_F(HeadElements, ElementThatRefersToItselfIsNone) {
+TEST_F(Heads, ElementThatRefersToItselfIsNone) {
   use(schema({element("a", {}, {sequenceType({reference("a")})}), element("b")}));
   EXPECT_THAT(heads(), ElementsAre("b"));
 }
 
-TEST_F(HeadElements, ReferencesFromGlobalTypesCount) {
+TEST_F(Heads, ReferencesFromGlobalTypesCount) {
   use(schema({element("a"), element("b"), sequenceType({reference("b")}, "T")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(HeadElements, OnlyElementsRefer) {
+TEST_F(Heads, OnlyElementsRefer) {
   use(schema({element("a"), {"xs:group", {{"ref", "a"}}}, {"xs:attribute", {{"ref", "a"}}}}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(HeadElements, LocalElementIsNeverOne) {
+TEST_F(Heads, LocalElementIsNeverOne) {
   use(schema({component("complexType", "T", {element("local")}), element("a")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(HeadElements, ElementWithoutANameIsNone) {
+TEST_F(Heads, ElementWithoutANameIsNone) {
   use(schema({{"xs:element", {{"id", "x"}}}, element("a")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(HeadElements, MemberOfASubstitutionGroupIsNone) {
+TEST_F(Heads, MemberOfASubstitutionGroupIsNone) {
   use(schema({element("m", {{"substitutionGroup", "a"}}), element("n", {{"substitutionGroup", ""}}),
               element("a")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(HeadElements, AbstractElementIsSteppedOver) {
+TEST_F(Heads, AbstractElementIsSteppedOver) {
   use(schema({element("b", {{"abstract", "true"}}), element("a")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(HeadElements, OnlyTheWordTrueMakesAbstract) {
+TEST_F(Heads, OnlyTheWordTrueMakesAbstract) {
   use(schema({element("a", {{"abstract", "1"}}), element("b", {{"abstract", "false"}}),
               element("c", {{"abstract", "True"}})}));
   EXPECT_THAT(heads(), ElementsAre("a", "b", "c"));
 }
 
 // Prefix x is bound to the target namespace, y to another one.
-TEST_F(HeadElements, ReferenceCountsInTheNamespaceOfTheReferringElement) {
+TEST_F(Heads, ReferenceCountsInTheNamespaceOfTheReferringElement) {
   Tree tree = schemaOf(
       "urn:t",
       {element("a", {}, {sequenceType({reference("x:b"), reference("y:c"), reference("z:d")})}),
@@ -119,7 +121,7 @@ TEST_F(HeadElements, ReferenceCountsInTheNamespaceOfTheReferringElement) {
   EXPECT_THAT(heads(), ElementsAre("a", "c", "d"));
 }
 
-TEST_F(HeadElements, ReferenceOfAnImportedSchemaToItsOwnCountsForALikeNamedElement) {
+TEST_F(Heads, ReferenceOfAnImportedSchemaToItsOwnCountsForALikeNamedElement) {
   Tree other = schemaOf("urn:o", {element("z", {}, {sequenceType({reference("o:b")})})});
   other.attributes.emplace_back("xmlns:o", "urn:o");
   loader.add("o.xsd", other);
@@ -127,19 +129,19 @@ TEST_F(HeadElements, ReferenceOfAnImportedSchemaToItsOwnCountsForALikeNamedEleme
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(HeadElements, OfIncludedFilesAreAmongThem) {
+TEST_F(Heads, OfIncludedFilesAreAmongThem) {
   loader.add("/s/a.xsd", schema({element("included")}));
   use(schema({include("a.xsd"), element("m")}));
   EXPECT_THAT(heads(), ElementsAre("m", "included"));
 }
 
-TEST_F(HeadElements, OfImportedFilesAreNotWhileTheMainSchemaHasACandidate) {
+TEST_F(Heads, OfImportedFilesAreNotWhileTheMainSchemaHasACandidate) {
   loader.add("a.xsd", schema({element("imported")}));
   use(schema({import("urn:a", "a.xsd"), element("m")}));
   EXPECT_THAT(heads(), ElementsAre("m"));
 }
 
-TEST_F(HeadElements, OfImportedFilesAreAFallback) {
+TEST_F(Heads, OfImportedFilesAreAFallback) {
   loader.add("a.xsd", schema({element("one"), element("skipped", {{"abstract", "true"}})}));
   loader.add("b.xsd", schema({element("two", {{"abstract", "1"}})}));
   use(schema(
@@ -148,32 +150,26 @@ TEST_F(HeadElements, OfImportedFilesAreAFallback) {
 }
 
 // A candidate that is referenced later is a candidate all the same.
-TEST_F(HeadElements, ReferencedCandidateKeepsImportedFilesOut) {
+TEST_F(Heads, ReferencedCandidateKeepsImportedFilesOut) {
   loader.add("a.xsd", schema({element("imported")}));
   use(schema({import("urn:a", "a.xsd"), element("m", {}, {sequenceType({reference("m")})})}));
   EXPECT_THAT(heads(), IsEmpty());
 }
 
-TEST_F(HeadElements, ImportedFilesOfAbstractElementsAloneGiveNone) {
+TEST_F(Heads, ImportedFilesOfAbstractElementsAloneGiveNone) {
   loader.add("a.xsd", schema({element("x", {{"abstract", "true"}})}));
   use(schema({import("urn:a", "a.xsd")}));
   EXPECT_THAT(heads(), IsEmpty());
   EXPECT_EQ(captured.err(), kNoHead);
 }
 
-TEST_F(HeadElements, AreAppendedToTheList) {
+TEST_F(Heads, WithoutADocumentOrARootThereIsNone) {
   use(schema({element("a")}));
-  std::vector<CDMXMLElement*> list{document->rootElement};
-  EXPECT_EQ(generator->getSchemaHeadElement(list), at("a"));
-  EXPECT_EQ(list.size(), 2U);
-}
-
-TEST_F(HeadElements, WithoutADocumentOrARootThereIsNone) {
-  std::vector<CDMXMLElement*> list;
-  EXPECT_EQ(CDMCOBOLGenerator().getSchemaHeadElement(list), nullptr);
+  EXPECT_THAT(findHeadElements(nullptr, *namespaces).all, IsEmpty());
   CDMXMLSchemaDoc empty;
-  EXPECT_EQ(CDMCOBOLGenerator(&empty).getSchemaHeadElement(list), nullptr);
-  EXPECT_THAT(list, IsEmpty());
+  HeadElements found = findHeadElements(&empty, *namespaces);
+  EXPECT_THAT(found.all, IsEmpty());
+  EXPECT_EQ(found.single(), nullptr);
   EXPECT_EQ(captured.err(), "");
 }
 

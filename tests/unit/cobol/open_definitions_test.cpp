@@ -1,8 +1,8 @@
 // Which hops would go round for ever.
 
-#include "cobol/open_definitions.h"
-
 #include <gtest/gtest.h>
+
+#include "cobol/recursion.h"
 
 namespace fdmorph {
 namespace {
@@ -94,6 +94,26 @@ TEST_F(OpenDefinitionsTest, NoteLeavesAnOpenDefinitionOpen) {
   Scope scope(open, &type, Hop::unguarded);
   open.note(&type);
   EXPECT_TRUE(open.wouldRecurse(&type));
+}
+
+TEST_F(OpenDefinitionsTest, MemberIsOpenUntilItIsClosed) {
+  EXPECT_TRUE(open.openMember(&type));
+  EXPECT_FALSE(open.openMember(&type));
+  EXPECT_TRUE(open.openMember(&other));
+  open.closeMember(&type);
+  EXPECT_TRUE(open.openMember(&type));
+}
+
+TEST_F(OpenDefinitionsTest, OpenMemberIsSeenButNoOpenDefinition) {
+  EXPECT_TRUE(open.openMember(&type));
+  EXPECT_TRUE(open.hasSeen(&type));
+  EXPECT_FALSE(open.wouldRecurse(&type));
+}
+
+TEST_F(OpenDefinitionsTest, NextRecordHasNoOpenMembers) {
+  EXPECT_TRUE(open.openMember(&type));
+  open.clear();
+  EXPECT_TRUE(open.openMember(&type));
 }
 
 TEST_F(OpenDefinitionsTest, NextRecordHasSeenNothing) {

@@ -1,10 +1,10 @@
 // Items live until they are released.
 
-#include "cobol/record_store.h"
-
 #include <gtest/gtest.h>
 
 #include <set>
+
+#include "cobol/record_builder.h"
 
 namespace fdmorph {
 namespace {

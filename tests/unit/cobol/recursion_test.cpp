@@ -1,13 +1,16 @@
 // Whether following a type or a reference leads into what is open already.
 
+#include "cobol/recursion.h"
+
 #include <gtest/gtest.h>
 
-#include "support/generator_fixture.h"
+#include "cobol/record_builder.h"
+#include "support/query_fixture.h"
 
 namespace fdmorph {
 namespace {
 
-class Recursion : public GeneratorTest {
+class Recursion : public QueryTest {
  protected:
   /// An item below `parent`, made from the element of this name.
   CDMCOBOLRecordItem* open(CDMCOBOLRecordItem* parent, CDMXMLElement* from,
@@ -21,7 +24,7 @@ class Recursion : public GeneratorTest {
 
   CDMXMLElement* type(std::string_view name) { return document->complexTypes.findByName(name); }
 
-  bool isRecursive(CDMCOBOLRecordItem const* item) { return generator->isRecursivePattern(item); }
+  bool isRecursive(CDMCOBOLRecordItem const* item) { return isRecursivePattern(item, *components); }
 
   RecordStore items;
 };
@@ -111,6 +114,18 @@ TEST_F(Recursion, MissingReferenceIsNone) {
   use(schema({reference("missing"), element("a")}));
   CDMXMLElement* ref = document->rootElement->getFirstChildElem();
   EXPECT_FALSE(isRecursive(open(open(nullptr, at("a")), ref)));
+}
+
+// The faster test gives the same answer once the record has seen the target.
+TEST_F(Recursion, WithinAWalkOnlyWhatWasSeenCanBeOpen) {
+  use(schema(
+      {element("head", {{"type", "T"}}), sequenceType({element("c", {{"type", "T"}})}, "T")}));
+  CDMCOBOLRecordItem* c = open(open(nullptr, at("head"), type("T")), at("c"));
+  OpenDefinitions definitions;
+  EXPECT_FALSE(definitions.wouldContainItself(c, *components));
+  definitions.note(type("T"));
+  EXPECT_TRUE(definitions.wouldContainItself(c, *components));
+  EXPECT_FALSE(definitions.wouldContainItself(c->parent, *components));
 }
 
 TEST_F(Recursion, WithoutTypeAndReferenceThereIsNone) {

@@ -1,10 +1,9 @@
 // The search for a component by its name.
 
-#include "schema/component_list.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "schema/DMXMLSchemaDoc.h"
 #include "support/memory_loader.h"
 
 namespace fdmorph {

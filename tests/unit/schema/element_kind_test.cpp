@@ -1,4 +1,4 @@
-// The kinds of schema elements and their numbers.
+// The kinds of schema elements and their numbers, in both enumerations.
 
 #include "schema/element_kind.h"
 
@@ -51,6 +51,52 @@ TEST(SchemaKind, ComparisonIsExact) {
                            "", "xs:", "annotation", "notation", "documentation", "zzz"}) {
     EXPECT_EQ(kindOf(name), 28) << name;
   }
+}
+
+// In the order of the numbers. There is no enumeration among them.
+constexpr std::array kGeneratorNames{
+    "schema",      "element",     "attribute",     "attributeGroup", "simpleType",
+    "group",       "complexType", "simpleContent", "complexContent", "extension",
+    "restriction", "sequence",    "choice",        "union",          "list",
+    "all",         "any",         "unique",        "anyAttribute",   "appInfo",
+    "key",         "keyRef",      "selector",      "field",          "import",
+    "include",     "redefine",
+};
+
+int generatorKindOf(std::string const& name) {
+  CDMXMLElement element;
+  element.name = name;
+  return static_cast<int>(generatorElementKind(&element));
+}
+
+TEST(GeneratorKind, EachNameHasItsNumber) {
+  for (std::size_t i = 0; i < kGeneratorNames.size(); ++i) {
+    EXPECT_EQ(generatorKindOf(std::string("xs:") + kGeneratorNames[i]), static_cast<int>(i))
+        << kGeneratorNames[i];
+  }
+}
+
+TEST(GeneratorKind, EnumerationIsNoKind) {
+  EXPECT_EQ(generatorKindOf("xs:enumeration"), 27);
+}
+
+TEST(GeneratorKind, AnnotationsAreNoKind) {
+  EXPECT_EQ(generatorKindOf("xs:annotation"), 27);
+  EXPECT_EQ(generatorKindOf("xs:documentation"), 27);
+}
+
+TEST(GeneratorKind, UsualLowerCaseFormsAreUnknown) {
+  EXPECT_EQ(generatorKindOf("xs:appinfo"), 27);
+  EXPECT_EQ(generatorKindOf("xs:keyref"), 27);
+}
+
+TEST(GeneratorKind, SecondColonBelongsToTheLocalPart) {
+  EXPECT_EQ(generatorKindOf("a:b:sequence"), 27);
+}
+
+TEST(GeneratorKind, ComparisonIsExact) {
+  EXPECT_EQ(generatorKindOf("Sequence"), 27);
+  EXPECT_EQ(generatorKindOf(""), 27);
 }
 
 }  // namespace

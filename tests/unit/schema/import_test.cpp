@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 class Import : public SchemaTest {
  protected:
-  CDMXMLSchemaDoc* imported(std::string_view uri) const {
+  CDMXMLSchemaDoc const* imported(std::string_view uri) const {
     return CDMXMLNamespaceSchemaPair::findDocumentByNamespace(uri, document->importedSchemas);
   }
 

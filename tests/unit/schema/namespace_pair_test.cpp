@@ -1,7 +1,5 @@
 // Imported namespaces and their documents.
 
-#include "schema/DMXMLNamespaceSchemaPair.h"
-
 #include <gtest/gtest.h>
 
 #include "schema/DMXMLSchemaDoc.h"

@@ -30,9 +30,9 @@ TEST_F(SchemaLists, EmptyDocumentListsNothing) {
 }
 
 TEST_F(SchemaLists, DocumentOfNoTreeIsEmpty) {
-  CDMXMLSchemaDoc nothing(nullptr, "/s/main.xsd", loader);
-  EXPECT_EQ(nothing.rootElement, nullptr);
-  EXPECT_EQ(nothing.schemaPath, "/s/main.xsd");
+  SchemaSet const nothing = SchemaPreprocessing(loader).PreProcessSchema(nullptr, "/s/main.xsd");
+  EXPECT_EQ(nothing.main.rootElement, nullptr);
+  EXPECT_EQ(nothing.main.schemaPath, "/s/main.xsd");
 }
 
 TEST_F(SchemaLists, EachKindOfGlobalComponentHasItsList) {

@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "cobol/record_builder.h"
 #include "cobol/record_output.h"
-#include "cobol/record_store.h"
 #include "support/captured_console.h"
 
 namespace fdmorph {
@@ -49,7 +49,9 @@ class RecordTest : public ConsoleTest {
     return stream.str();
   }
 
-  RecordStore store;
+  NamespaceLookup namespaces{nullptr};
+  RecordBuilder builder{namespaces};
+  RecordStore& store = builder.store();
   bool isWritten = false;
 };
 

@@ -3,10 +3,9 @@
 
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 
-#include "schema/DMXMLSchemaDoc.h"
+#include "schema/schema_preprocessing.h"
 #include "support/memory_loader.h"
 #include "xml/DMDOMParser.h"
 
@@ -19,7 +18,7 @@ class SchemaTest : public testing::Test {
   static void SetUpTestSuite() { CDMDOMParser::InitializePlatform(); }
 
   CDMXMLSchemaDoc& load(Tree const& main, std::string const& path = "/s/main.xsd") {
-    document = std::make_unique<CDMXMLSchemaDoc>(buildDocument(store, main), path, loader);
+    schemas = SchemaPreprocessing(loader).PreProcessSchema(buildDocument(store, main), path);
     return *document;
   }
 
@@ -30,7 +29,8 @@ class SchemaTest : public testing::Test {
 
   CDMXMLNodeStore store;
   MemoryLoader loader{store};
-  std::unique_ptr<CDMXMLSchemaDoc> document;
+  SchemaSet schemas;
+  CDMXMLSchemaDoc* document = &schemas.main;
 };
 
 }  // namespace fdmorph

@@ -1,4 +1,4 @@
-#include "schema/schema_file_loader.h"
+#include "schema/schema_loader.h"
 
 #include "xml/DMDOMParser.h"
 

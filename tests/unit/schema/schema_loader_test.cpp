@@ -1,13 +1,13 @@
 // Schemas from files are read once and reported each time.
 
-#include "schema/schema_file_loader.h"
+#include "schema/schema_loader.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <filesystem>
 
-#include "schema/DMXMLSchemaDoc.h"
+#include "schema/schema_preprocessing.h"
 #include "support/parser_fixture.h"
 #include "support/trees.h"
 #include "text/console.h"
@@ -21,6 +21,11 @@ class FileLoader : public ConsoleTest {
  protected:
   std::string announced(std::string const& name) const {
     return "\nValidating " + folder.path(name) + " for well-formedness.\n";
+  }
+
+  /// The schema main.xsd with the top node `main`, and what it refers to.
+  SchemaSet flatten(CDMXMLElement* main) {
+    return SchemaPreprocessing(loader).PreProcessSchema(main, folder.path("main.xsd"));
   }
 
   TemporaryFolder folder;
@@ -53,7 +58,7 @@ TEST_F(FileLoader, FileLoadedTwiceIsAnnouncedTwiceAndGivesTwoTrees) {
 
 TEST_F(FileLoader, FileAskedForAgainIsNotReadAgain) {
   std::string const file = folder.write("a.xsd", kGoodSchema);
-  loader.load(file);
+  EXPECT_NE(loader.load(file), nullptr);
   std::filesystem::remove(file);
   EXPECT_NE(loader.load(file), nullptr);
   EXPECT_EQ(captured.err(), "");
@@ -84,7 +89,7 @@ TEST_F(FileLoader, MissingFileIsReportedEachTime) {
 TEST_F(FileLoader, NothingIsUsableOnceSomethingWasCounted) {
   std::string const bad = folder.write("bad.xsd", kBadSchema);
   std::string const good = folder.write("good.xsd", kGoodSchema);
-  loader.load(bad);
+  EXPECT_EQ(loader.load(bad), nullptr);
   EXPECT_EQ(loader.load(good), nullptr);
   EXPECT_EQ(captured.out(), announced("bad.xsd") + announced("good.xsd"));
 }
@@ -102,8 +107,8 @@ TEST_F(FileLoader, FileThatIsPartOfNoCircleContributesEachTime) {
                                               {},
                                               {{"xs:include", {{"schemaLocation", "a.xsd"}}},
                                                {"xs:include", {{"schemaLocation", "a.xsd"}}}}});
-  CDMXMLSchemaDoc document(main, folder.path("main.xsd"), loader);
-  EXPECT_THAT(namesOf(document.elements), ElementsAre("a", "a"));
+  SchemaSet const schemas = flatten(main);
+  EXPECT_THAT(namesOf(schemas.main.elements), ElementsAre("a", "a"));
   EXPECT_EQ(captured.out(), announced("a.xsd") + announced("a.xsd"));
 }
 
@@ -115,8 +120,8 @@ TEST_F(FileLoader, CopyIsMadeOfTheFileNotOfItsUse) {
 )");
   CDMXMLElement* main =
       buildDocument(store, {"xs:schema", {}, {{"xs:include", {{"schemaLocation", "a.xsd"}}}}});
-  CDMXMLSchemaDoc document(main, folder.path("main.xsd"), loader);
-  ASSERT_NE(document.elements.findByName("a")->getAttribute("targetNamespace"), nullptr);
+  SchemaSet const schemas = flatten(main);
+  ASSERT_NE(schemas.main.elements.findByName("a")->getAttribute("targetNamespace"), nullptr);
   CDMXMLElement* again = loader.load(folder.path("a.xsd"));
   EXPECT_EQ(named(again, "a")->getAttribute("targetNamespace"), nullptr);
 }

@@ -1,31 +1,30 @@
 // Which elements may stand in for an item's.
 
+#include "cobol/substitution_groups.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/generator_fixture.h"
+#include "support/query_fixture.h"
 
 namespace fdmorph {
 namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
+using testing::SizeIs;
 
 Tree member(std::string const& name, std::string const& head) {
   return element(name, {{"substitutionGroup", head}});
 }
 
-class Members : public GeneratorTest {
+class Members : public QueryTest {
  protected:
   std::vector<std::string> membersOf(std::string_view identifiedBy, std::string_view uri) {
     CDMCOBOLRecordItem item;
     item.identifiedBy = identifiedBy;
     item.xmlNamespace = uri;
-    std::vector<CDMXMLElement*> members;
-    bool hasMember = generator->elementHasSubGroup(&item, &members);
-    EXPECT_EQ(hasMember, !members.empty());
-    EXPECT_EQ(generator->elementHasSubGroup(&item, nullptr), hasMember);
-    return namesOf(members);
+    return namesOf(substitutions->membersOf(&item));
   }
 };
 
@@ -69,18 +68,10 @@ TEST_F(Members, OfImportedDocumentsAreNotSought) {
 
 TEST_F(Members, NeedAnItemAndADocument) {
   use(schema({member("novel", "")}));
-  EXPECT_FALSE(generator->elementHasSubGroup(nullptr, nullptr));
+  EXPECT_THAT(substitutions->membersOf(nullptr), IsEmpty());
   CDMCOBOLRecordItem item;
-  EXPECT_FALSE(CDMCOBOLGenerator().elementHasSubGroup(&item, nullptr));
-}
-
-TEST_F(Members, AreAppended) {
-  use(schema({element("book"), member("novel", "book")}));
-  CDMCOBOLRecordItem item;
-  item.identifiedBy = "book";
-  std::vector<CDMXMLElement*> members{at("book")};
-  generator->elementHasSubGroup(&item, &members);
-  EXPECT_THAT(namesOf(members), ElementsAre("book", "novel"));
+  EXPECT_THAT(substitutions->membersOf(&item), SizeIs(1));
+  EXPECT_THAT(SubstitutionGroups(nullptr, *namespaces).membersOf(&item), IsEmpty());
 }
 
 }  // namespace

@@ -1,33 +1,26 @@
 // What a prefix stands for, and where an element belongs.
 
+#include "cobol/namespace_lookup.h"
+
 #include <gtest/gtest.h>
 
-#include "support/generator_fixture.h"
+#include "support/query_fixture.h"
 
 namespace fdmorph {
 namespace {
 
 constexpr char kSchemaUri[] = "http://www.w3.org/2001/XMLSchema";
 
-class Namespaces : public GeneratorTest {
+class Namespaces : public QueryTest {
  protected:
   /// The namespace of a type name seen from the element of this name, or
   /// "undeclared".
-  std::string typeNamespace(std::string_view name, std::string_view type) {
-    std::string_view uri = "before";
-    bool isFound = generator->getTypeNamespace(at(name), type, uri);
-    EXPECT_TRUE(isFound || uri.empty());
-    return isFound ? std::string(uri) : "undeclared";
-  }
-
-  std::string elementNamespace(CDMXMLElement const* element) {
-    std::string_view uri = "before";
-    EXPECT_TRUE(generator->getElementNamespace(element, uri));
-    return std::string(uri);
+  std::string_view typeNamespace(std::string_view name, std::string_view type) {
+    return namespaces->getTypeNamespace(at(name), type).value_or("undeclared");
   }
 
   bool isSupported(std::string_view type) {
-    return generator->isSupportedDefaultSchemaType(at("e"), type);
+    return namespaces->isSupportedDefaultSchemaType(at("e"), type);
   }
 
   /// A schema with one element, "e", in which `prefix` is bound to `uri`.
@@ -72,87 +65,76 @@ TEST_F(Namespaces, ColonInFirstPlaceIsNoPrefix) {
 
 TEST_F(Namespaces, UndeclaredDefaultIsTheMainSchemasTarget) {
   use(schemaOf("urn:main", {element("e")}));
-  generate();
   EXPECT_EQ(typeNamespace("e", "T"), "urn:main");
   EXPECT_FALSE(isSupported("string"));
 }
 
 TEST_F(Namespaces, UndeclaredDefaultWithoutATargetIsEmpty) {
   use(schema({element("e")}));
-  generate();
   EXPECT_EQ(typeNamespace("e", "T"), "");
 }
 
 TEST_F(Namespaces, UndeclaredDefaultElsewhereIsTheMainSchemasTargetToo) {
   use(schemaOf("urn:main", {element("e")}));
-  generate();
   CDMXMLElement const* other = build(store, {"xs:element"});
-  std::string_view uri;
-  EXPECT_TRUE(generator->getTypeNamespace(other, "T", uri));
-  EXPECT_EQ(uri, "urn:main");
-  EXPECT_EQ(elementNamespace(other), "urn:main");
+  EXPECT_EQ(namespaces->getTypeNamespace(other, "T"), "urn:main");
+  EXPECT_EQ(namespaces->getElementNamespace(other), "urn:main");
 }
 
 TEST_F(Namespaces, WithoutAnElementOrATypeThereIsNone) {
   use(schema({element("e")}));
-  std::string_view uri = "before";
-  EXPECT_FALSE(generator->getTypeNamespace(nullptr, "xs:string", uri));
-  EXPECT_FALSE(generator->getTypeNamespace(at("e"), "", uri));
-  EXPECT_FALSE(generator->getElementNamespace(nullptr, uri));
-  EXPECT_FALSE(generator->isSupportedDefaultSchemaType(nullptr, "xs:string"));
+  EXPECT_EQ(namespaces->getTypeNamespace(nullptr, "xs:string"), std::nullopt);
+  EXPECT_EQ(namespaces->getTypeNamespace(at("e"), ""), std::nullopt);
+  EXPECT_EQ(namespaces->getElementNamespace(nullptr), std::nullopt);
+  EXPECT_FALSE(namespaces->isSupportedDefaultSchemaType(nullptr, "xs:string"));
   EXPECT_FALSE(isSupported(""));
 }
 
 TEST_F(Namespaces, ElementBelongsToTheNearestTarget) {
   use(schemaOf("urn:main", {element("e", {{"targetNamespace", "urn:own"}}, {element("inner")})}));
-  EXPECT_EQ(elementNamespace(document->rootElement), "urn:main");
-  EXPECT_EQ(elementNamespace(at("inner")), "urn:own");
+  EXPECT_EQ(namespaces->getElementNamespace(document->rootElement), "urn:main");
+  EXPECT_EQ(namespaces->getElementNamespace(at("inner")), "urn:own");
 }
 
 TEST_F(Namespaces, ElementWithoutATargetAnywhereHasAnEmptyNamespace) {
   use(schema({element("e")}));
-  EXPECT_EQ(elementNamespace(at("e")), "");
+  EXPECT_EQ(namespaces->getElementNamespace(at("e")), "");
 }
 
 TEST_F(Namespaces, IncludedComponentBelongsToItsOwnFile) {
   loader.add("/s/a.xsd", schemaOf("urn:a", {element("a", {}, {element("inner")})}));
   use(schemaOf("urn:main", {include("a.xsd")}));
-  EXPECT_EQ(elementNamespace(at("a")), "urn:a");
-  EXPECT_EQ(elementNamespace(at("inner")), "urn:a");
+  EXPECT_EQ(namespaces->getElementNamespace(at("a")), "urn:a");
+  EXPECT_EQ(namespaces->getElementNamespace(at("inner")), "urn:a");
 }
 
 TEST_F(Namespaces, DeclarationIsSoughtUpwardOnly) {
   use(schema({element("e", {{"xmlns:p", "urn:p"}}, {element("inner")})}));
-  std::string_view value;
-  EXPECT_TRUE(generator->getNamespaceURI(at("inner"), "xmlns:p", value));
-  EXPECT_EQ(value, "urn:p");
-  EXPECT_FALSE(generator->getNamespaceURI(document->rootElement, "xmlns:p", value));
-  EXPECT_EQ(value, "");
+  EXPECT_EQ(namespaces->getNamespaceURI(at("inner"), "xmlns:p"), "urn:p");
+  EXPECT_EQ(namespaces->getNamespaceURI(document->rootElement, "xmlns:p"), std::nullopt);
 }
 
 TEST_F(Namespaces, AttributeIsSoughtOnElementsWithoutDeclarationsToo) {
   use(schema({element("e", {{"version", "near"}}, {element("inner")})}));
-  std::string_view value;
-  EXPECT_TRUE(generator->getNamespaceURI(at("inner"), "version", value));
-  EXPECT_EQ(value, "near");
+  EXPECT_EQ(namespaces->getNamespaceURI(at("inner"), "version"), "near");
 }
 
 TEST_F(Namespaces, SearchWithoutAnAttributeNameFails) {
   use(schema({element("e")}));
-  std::string_view value = "before";
-  EXPECT_FALSE(generator->getNamespaceURI(at("e"), "", value));
+  EXPECT_EQ(namespaces->getNamespaceURI(at("e"), ""), std::nullopt);
 }
 
 TEST_F(Namespaces, SearchWithoutAnElementEndsAtTheMainSchema) {
   use(schemaOf("urn:main", {element("e")}));
-  generate();
-  std::string_view value;
-  EXPECT_TRUE(generator->getNamespaceURI(nullptr, "targetNamespace", value));
-  EXPECT_EQ(value, "urn:main");
-  EXPECT_TRUE(generator->getNamespaceURI(nullptr, "xmlns", value));
-  EXPECT_EQ(value, "urn:main");
-  EXPECT_FALSE(generator->getNamespaceURI(nullptr, "xmlns:xs", value));
-  EXPECT_EQ(value, "");
+  EXPECT_EQ(namespaces->getNamespaceURI(nullptr, "targetNamespace"), "urn:main");
+  EXPECT_EQ(namespaces->getNamespaceURI(nullptr, "xmlns"), "urn:main");
+  EXPECT_EQ(namespaces->getNamespaceURI(nullptr, "xmlns:xs"), std::nullopt);
+}
+
+TEST_F(Namespaces, WithoutADocumentTheLastResortIsEmpty) {
+  NamespaceLookup nothing(nullptr);
+  EXPECT_EQ(nothing.getNamespaceURI(nullptr, "targetNamespace"), "");
+  EXPECT_EQ(nothing.getNamespaceURI(nullptr, "xmlns"), "");
 }
 
 TEST_F(Namespaces, BuiltinTypesAreOfTheSchemaNamespace) {
