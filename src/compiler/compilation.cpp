@@ -60,7 +60,9 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
     ReplaceStatements replaced(text, context);
     Lexer lexer(replaced, pool);
     data.programName = baseName(path);
-    Parser(lexer, pool, context.variables, diagnostics, data).parse();
+    Parser(lexer, pool, context.variables, diagnostics, data, [&context](Place place) {
+      return context.hasTextPastMargin(place);
+    }).parse();
     Checker(data, diagnostics).check();
     if (!diagnostics.hasErrors() && !data.isProgram && data.isEmpty() &&
         context.indicatorLetter.isKnown()) {

@@ -46,6 +46,16 @@ SourceText const& readFile(TextContext& context, SourceFile const* file) {
 
 }  // namespace
 
+bool TextContext::hasTextPastMargin(Place place) const {
+  // Texts are opened and read in the same order.
+  if (!place.isKnown() || place.text > texts.size()) return false;
+  if (texts[place.text - 1].formatAt(place.offset) != Format::fixed) return false;
+  SourceLine line;
+  line.set(sources.locate(place).text, 0, rules.tabs);
+  constexpr std::size_t kLastColumn = 72;
+  return line.text().find_first_not_of(' ', kLastColumn) != std::string_view::npos;
+}
+
 FileText::FileText(TextContext& context, SourceFile const* file, Place copiedFrom)
     : m_context(context),
       m_number(context.sources.open(file, copiedFrom)),

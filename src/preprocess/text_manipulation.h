@@ -36,6 +36,10 @@ struct TextContext {
   CompileVariables variables = {};
   bool isDebugging = false;    ///< lines for debugging count from here on
   Place indicatorLetter = {};  ///< the letter that leaves the first such line out
+
+  /// Whether the line of a place has text past column 72, which is ignored in
+  /// fixed format.
+  bool hasTextPastMargin(Place place) const;
 };
 
 /// The words of one file with those of its members in their places.

@@ -16,15 +16,21 @@ std::optional<std::uint64_t> integerOf(std::string_view digits) {
   return value;
 }
 
-std::optional<std::uint64_t> Constants::integer(std::string_view name) const {
-  Literal const* value = find(name);
-  if (value == nullptr) return std::nullopt;
-  if (value->kind == Literal::Kind::zero) return 0;
-  if (value->kind == Literal::Kind::broken) return 1;
-  if (value->kind == Literal::Kind::number) return integerOf(value->text);
-  if (value->kind != Literal::Kind::text) return std::nullopt;
-  LiteralContent content = decodeLiteral(value->text);
-  return content.isNumber ? integerOf(content.text) : std::nullopt;
+std::optional<std::uint64_t> integerOf(Literal const& value) {
+  switch (value.kind) {
+    case Literal::Kind::zero:
+      return 0;
+    case Literal::Kind::broken:
+      return 1;
+    case Literal::Kind::number:
+      return integerOf(value.text);
+    case Literal::Kind::text: {
+      LiteralContent content = decodeLiteral(value.text);
+      return content.isNumber ? integerOf(std::string_view(content.text)) : std::nullopt;
+    }
+    default:
+      return std::nullopt;
+  }
 }
 
 }  // namespace fdmorph::compiler

@@ -25,9 +25,6 @@ class Constants {
     return found == m_values.end() ? nullptr : &found->second;
   }
 
-  /// The value of a constant that is an unsigned integer; of a broken one, any.
-  std::optional<std::uint64_t> integer(std::string_view name) const;
-
  private:
   std::unordered_map<std::string_view, Literal, CaseInsensitiveHash, CaseInsensitiveEqual> m_values;
 };
@@ -35,5 +32,8 @@ class Constants {
 /// The number that unsigned digits stand for, if it is not too large to count
 /// bytes with.
 std::optional<std::uint64_t> integerOf(std::string_view digits);
+
+/// The value of a constant that is an unsigned integer; of a broken one, any.
+std::optional<std::uint64_t> integerOf(Literal const& value);
 
 }  // namespace fdmorph::compiler

@@ -1,16 +1,16 @@
-// What the environment division says about data: the currency sign and the
-// decimal point. All else in it is passed over.
+#include "syntax/environment_parser.h"
+
 #include <algorithm>
+#include <vector>
 
 #include "source/literals.h"
-#include "syntax/parser.h"
 #include "text/letter_case.h"
 
 namespace fdmorph::compiler {
 namespace {
 
 // Characters that have another meaning in a picture.
-bool mayBeCurrency(char c) {
+bool canBeCurrency(char c) {
   constexpr std::string_view kTaken = "0123456789ABCDENPRSVXZ*+-,.;()\"/= ";
   return kTaken.find(toUpper(c)) == std::string_view::npos;
 }
@@ -23,62 +23,57 @@ char characterOf(Token const& token) {
 
 }  // namespace
 
-void Parser::parseEnvironment() {
-  while (!isEnd()) {
-    bool isSection = peek(1).is(Keyword::section) && !peek().is(Keyword::configuration) &&
-                     !peek().is(Keyword::inputOutput);
-    if (isSection || peek(1).is(Keyword::division)) return;
-    if (peek().is(Keyword::end) && peek(1).is(Keyword::program)) return;
-    if (isStrayRecord()) {
-      reportStrayRecord();
-      return;
-    }
-    if (peek().is(Keyword::currency)) {
-      parseCurrency();
-    } else if (peek().is(Keyword::symbolic)) {
-      parseSymbolicCharacters();
-    } else if (peek().is(Keyword::decimalPoint)) {
-      take();
-      skip(Keyword::is);
-      if (!peek().is(Keyword::comma)) continue;
-      m_lexer.useDecimalComma();
-      m_pictureRules.isDecimalComma = true;
-      take();
-    } else {
-      take();
-    }
+void EnvironmentParser::parse() {
+  if (m_tokens.peek().is(Keyword::currency)) {
+    parseCurrency();
+  } else if (m_tokens.peek().is(Keyword::symbolic)) {
+    parseSymbolicCharacters();
+  } else if (m_tokens.skip(Keyword::decimalPoint)) {
+    m_tokens.skip(Keyword::is);
+    if (!m_tokens.peek().is(Keyword::comma)) return;
+    m_tokens.useDecimalComma();
+    m_rules.isDecimalComma = true;
+    m_tokens.take();
+  } else {
+    m_tokens.take();
   }
 }
 
 // SYMBOLIC CHARACTERS A B ARE 1 2 C IS 3: names of characters, which are
 // counted from 1.
-void Parser::parseSymbolicCharacters() {
-  take();
-  if (!skip(Keyword::character)) return;
-  skip(Keyword::is);
-  skip(Keyword::are);
-  while (peek().kind == Token::Kind::word && !peek().is(Keyword::in) && !isHeader(0) &&
-         !peek().is(Keyword::currency) && !peek().is(Keyword::decimalPoint) &&
-         !peek().is(Keyword::symbolic) && !equalsIgnoringCase(peek().text, "CLASS") &&
-         !equalsIgnoringCase(peek().text, "ALPHABET")) {
+void EnvironmentParser::parseSymbolicCharacters() {
+  m_tokens.take();
+  if (!m_tokens.skip(Keyword::character)) return;
+  m_tokens.skip(Keyword::is);
+  m_tokens.skip(Keyword::are);
+  auto isNameNext = [this] {
+    Token const& token = m_tokens.peek();
+    return m_tokens.isWord() && !token.is(Keyword::in) && !m_tokens.isHeader() &&
+           !token.is(Keyword::currency) && !token.is(Keyword::decimalPoint) &&
+           !token.is(Keyword::symbolic) && !equalsIgnoringCase(token.text, "CLASS") &&
+           !equalsIgnoringCase(token.text, "ALPHABET");
+  };
+  while (isNameNext()) {
     std::vector<Token> names;
-    while (peek().kind == Token::Kind::word && !peek().is(Keyword::is) &&
-           !peek().is(Keyword::are)) {
-      names.push_back(take());
+    while (m_tokens.isWord() && !m_tokens.peek().is(Keyword::is) &&
+           !m_tokens.peek().is(Keyword::are)) {
+      names.push_back(m_tokens.take());
     }
-    if (!skip(Keyword::is)) skip(Keyword::are);
+    if (!m_tokens.skip(Keyword::is)) m_tokens.skip(Keyword::are);
     for (Token const& name : names) {
-      if (peek().kind != Token::Kind::number) return;
-      defineCharacter(name, take());
+      if (m_tokens.peek().kind != Token::Kind::number) return;
+      defineCharacter(name, m_tokens.take());
     }
   }
 }
 
-void Parser::defineCharacter(Token const& name, Token const& position) {
+void EnvironmentParser::defineCharacter(Token const& name, Token const& position) {
   constexpr std::uint64_t kCharacters = 256;
   std::optional<std::uint64_t> number = integerOf(position.text);
   if (!number || *number == 0 || *number > kCharacters) {
-    error(Code::environment, position.place, quoted(position.text) + " is no place of a character");
+    m_tokens.error(Code::environment, position.place,
+                   "character position " + quoted(position.text) + " is not from 1 to " +
+                       std::to_string(kCharacters));
     return;
   }
   constexpr std::string_view kDigits = "0123456789ABCDEF";
@@ -90,32 +85,33 @@ void Parser::defineCharacter(Token const& name, Token const& position) {
   value.place = name.place;
   value.text = m_pool.append(literal + '"');
   if (!m_constants.add(name.text, value)) {
-    error(Code::constant, name.place, "the constant " + quoted(name.text) + " is defined twice");
+    m_tokens.error(Code::constant, name.place,
+                   "constant " + quoted(name.text) + " is already defined");
   }
 }
 
 // CURRENCY SIGN IS "x", or IS "text" WITH PICTURE SYMBOL "x".
-void Parser::parseCurrency() {
-  take();
-  skip(Keyword::sign);
-  skip(Keyword::is);
-  if (peek().kind != Token::Kind::literal) return;
-  Token sign = take();
+void EnvironmentParser::parseCurrency() {
+  m_tokens.take();
+  m_tokens.skip(Keyword::sign);
+  m_tokens.skip(Keyword::is);
+  if (m_tokens.peek().kind != Token::Kind::literal) return;
+  Token sign = m_tokens.take();
   std::size_t size = 1;
-  skipWord("WITH");
-  if (skip(Keyword::picture)) {
-    skip(Keyword::symbol);
-    if (peek().kind != Token::Kind::literal) return;
+  m_tokens.skipWord("WITH");
+  if (m_tokens.skip(Keyword::picture)) {
+    m_tokens.skip(Keyword::symbol);
+    if (m_tokens.peek().kind != Token::Kind::literal) return;
     size = std::max<std::size_t>(decodeLiteral(sign.text).characters, 1);
-    sign = take();
+    sign = m_tokens.take();
   }
   char symbol = characterOf(sign);
-  if (symbol == 0 || !mayBeCurrency(symbol)) {
-    error(Code::environment, sign.place, quoted(sign.text) + " can't be a currency sign");
+  if (symbol == 0 || !canBeCurrency(symbol)) {
+    m_tokens.error(Code::environment, sign.place, "invalid currency sign " + quoted(sign.text));
     return;
   }
-  m_pictureRules.currency = toUpper(symbol);
-  m_pictureRules.currencySize = size;
+  m_rules.currency = toUpper(symbol);
+  m_rules.currencySize = size;
 }
 
 }  // namespace fdmorph::compiler

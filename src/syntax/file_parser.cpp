@@ -1,8 +1,7 @@
-// File descriptions. Of their clauses only the grammar matters: the dictionary
-// tells of a file's records, and these describe themselves.
+#include "syntax/file_parser.h"
+
 #include <array>
 
-#include "syntax/parser.h"
 #include "text/letter_case.h"
 
 namespace fdmorph::compiler {
@@ -12,52 +11,47 @@ namespace {
 /// a program, and only here mean a clause, are no keywords.
 struct ClauseWord {
   std::string_view word;
-  Parser::FileClause clause;
+  FileParser::Clause clause;
 };
 
 constexpr std::array kClauses{
-    ClauseWord{"BLOCK", Parser::FileClause::block},
-    ClauseWord{"CODE-SET", Parser::FileClause::codeSet},
-    ClauseWord{"DATA", Parser::FileClause::dataRecords},
-    ClauseWord{"EXTERNAL", Parser::FileClause::external},
-    ClauseWord{"GLOBAL", Parser::FileClause::global},
-    ClauseWord{"LABEL", Parser::FileClause::label},
-    ClauseWord{"LINAGE", Parser::FileClause::linage},
-    ClauseWord{"RECORD", Parser::FileClause::record},
-    ClauseWord{"RECORDING", Parser::FileClause::recording},
-    ClauseWord{"REPORT", Parser::FileClause::report},
-    ClauseWord{"REPORTS", Parser::FileClause::report},
-    ClauseWord{"VALUE", Parser::FileClause::valueOf},
+    ClauseWord{"BLOCK", FileParser::Clause::block},
+    ClauseWord{"CODE-SET", FileParser::Clause::codeSet},
+    ClauseWord{"DATA", FileParser::Clause::dataRecords},
+    ClauseWord{"EXTERNAL", FileParser::Clause::external},
+    ClauseWord{"GLOBAL", FileParser::Clause::global},
+    ClauseWord{"LABEL", FileParser::Clause::label},
+    ClauseWord{"LINAGE", FileParser::Clause::linage},
+    ClauseWord{"RECORD", FileParser::Clause::record},
+    ClauseWord{"RECORDING", FileParser::Clause::recording},
+    ClauseWord{"REPORT", FileParser::Clause::report},
+    ClauseWord{"REPORTS", FileParser::Clause::report},
+    ClauseWord{"VALUE", FileParser::Clause::valueOf},
 };
 
 }  // namespace
 
-void Parser::parseFileDescription() {
-  Token indicator = take();
-  m_hasData = true;
-  m_open.clear();
-  m_lastItem = nullptr;
-  m_section = Section::file;
-  m_file = nullptr;
-  if (peek().kind != Token::Kind::word) {
-    error(Code::syntax, indicator.place, quoted(indicator.text) + " is not followed by a name");
-    skipSentence();
+void FileParser::parse() {
+  Token indicator = m_tokens.take();
+  m_tree.openFile(nullptr);
+  if (!m_tokens.isWord()) {
+    m_tokens.error(Code::syntax, indicator.place,
+                   "expected a file name after " + upperCase(indicator.text) + ", found " +
+                       describe(m_tokens.peek()));
+    m_tokens.skipSentence();
     return;
   }
-  Token name = take();
-  checkName(name);
-  m_file = &m_data.files.emplace_back(FileDescription{name.text, name.place, {}, {}});
-  parseFileClauses();
-  expectPeriod("the file description");
+  Token name = m_tokens.take();
+  m_names.check(name);
+  FileDescription& file = m_data.files.emplace_back(FileDescription{name.text, name.place, {}, {}});
+  m_tree.openFile(&file);
+  parseClauses(file);
+  m_tokens.expectPeriod("file description");
 }
 
-bool Parser::isEndOfFileDescription() {
-  return isEnd() || peek().kind == Token::Kind::period || isEntryStart() || isHeader(0);
-}
-
-std::optional<Parser::FileClause> Parser::fileClauseNext() {
+std::optional<FileParser::Clause> FileParser::peekClause() {
   // IS EXTERNAL, IS GLOBAL
-  Token const& token = peek(peek().is(Keyword::is) ? 1 : 0);
+  Token const& token = m_tokens.peek(m_tokens.peek().is(Keyword::is) ? 1 : 0);
   if (token.kind != Token::Kind::word) return std::nullopt;
   for (ClauseWord const& each : kClauses) {
     if (equalsIgnoringCase(token.text, each.word)) return each.clause;
@@ -65,196 +59,189 @@ std::optional<Parser::FileClause> Parser::fileClauseNext() {
   return std::nullopt;
 }
 
-void Parser::parseFileClauses() {
+void FileParser::parseClauses(FileDescription& file) {
   std::uint32_t seen = 0;
-  while (!isEndOfFileDescription()) {
-    std::optional<FileClause> clause = fileClauseNext();
+  while (!m_tokens.isSentenceEnd()) {
+    std::optional<Clause> clause = peekClause();
     if (!clause) {
-      error(Code::syntax, peek().place,
-            describe(peek()) + " begins no clause of a file description");
+      m_tokens.expected(Code::syntax, "a file description clause");
       // One report is enough for what stands up to the next clause.
       do {
-        take();
-      } while (!isEndOfFileDescription() && !fileClauseNext());
+        m_tokens.take();
+      } while (!m_tokens.isSentenceEnd() && !peekClause());
       continue;
     }
-    skip(Keyword::is);
+    m_tokens.skip(Keyword::is);
     std::uint32_t bit = 1U << static_cast<unsigned>(*clause);
+    Token word = m_tokens.take();
     if ((seen & bit) != 0) {
-      error(Code::duplicateClause, peek().place,
-            "the file description has two " + upperCase(peek().text) + " clauses");
+      m_tokens.error(Code::duplicateClause, word.place,
+                     "duplicate " + upperCase(word.text) + " clause");
     }
     seen |= bit;
-    take();
-    parseFileClause(*clause);
+    parseClause(*clause, file);
   }
 }
 
-void Parser::parseFileClause(FileClause clause) {
+void FileParser::parseClause(Clause clause, FileDescription& file) {
   switch (clause) {
-    case FileClause::block:
-      skipWord("CONTAINS");
-      parseFileNumbers();
-      if (!skipWord("RECORDS") && !skip(Keyword::character)) skipRecordUnit();
+    case Clause::block:
+      m_tokens.skipWord("CONTAINS");
+      parseRange();
+      if (!m_tokens.skipWord("RECORDS") && !m_tokens.skip(Keyword::character)) skipRecordUnit();
       break;
-    case FileClause::record:
-      parseRecordClause();
+    case Clause::record:
+      parseRecord(file);
       break;
-    case FileClause::label:
-    case FileClause::dataRecords:
-      if (!skip(Keyword::record)) skipWord("RECORDS");
-      parseFileNames();
+    case Clause::label:
+    case Clause::dataRecords:
+      if (!m_tokens.skip(Keyword::record)) m_tokens.skipWord("RECORDS");
+      parseNames();
       break;
-    case FileClause::codeSet:
-      parseFileNames();
-      if (skipWord("FOR")) parseFileNames();
+    case Clause::codeSet:
+      parseNames();
+      if (m_tokens.skipWord("FOR")) parseNames();
       break;
-    case FileClause::report:
-      parseFileNames();
+    case Clause::report:
+      parseNames();
       break;
-    case FileClause::recording:
-      skipWord("MODE");
-      parseFileNames();
+    case Clause::recording:
+      m_tokens.skipWord("MODE");
+      parseNames();
       break;
-    case FileClause::valueOf:
+    case Clause::valueOf:
       parseValueOf();
       break;
-    case FileClause::linage:
+    case Clause::linage:
       parseLinage();
       break;
-    case FileClause::external:
+    case Clause::external:
       // AS "name"
-      if (skip(Keyword::as) && peek().kind == Token::Kind::literal) take();
+      if (m_tokens.skip(Keyword::as)) m_values.parseLiteral();
       break;
-    case FileClause::global:
+    case Clause::global:
       break;
   }
 }
 
-// BLOCK CONTAINS 1 RECORD, where the word doesn't begin the next clause.
-void Parser::skipRecordUnit() {
-  Token const& following = peek(1);
+// BLOCK CONTAINS 1 RECORD, where the word does not begin the next clause.
+void FileParser::skipRecordUnit() {
+  Token const& following = m_tokens.peek(1);
   bool isClause = following.kind == Token::Kind::number || following.is(Keyword::is) ||
                   equalsIgnoringCase(following.text, "CONTAINS") ||
                   equalsIgnoringCase(following.text, "VARYING");
-  if (!isClause) skip(Keyword::record);
+  if (!isClause) m_tokens.skip(Keyword::record);
 }
 
 // A number, or one TO another.
-void Parser::parseFileNumbers() {
-  std::uint64_t least = 0;
-  if (!parseFileNumber(least)) return;
-  Token to = peek();
-  std::uint64_t most = least;
-  if (!skip(Keyword::to) || !parseFileNumber(most)) return;
-  if (most < least) error(Code::syntax, to.place, "the range ends below its beginning");
+void FileParser::parseRange() {
+  std::optional<std::uint64_t> least = parseNumber();
+  Token to = m_tokens.peek();
+  if (!least || !m_tokens.skip(Keyword::to)) return;
+  std::optional<std::uint64_t> most = parseNumber();
+  if (most && *most < *least) {
+    m_tokens.error(Code::syntax, to.place, "the range must not end below its start");
+  }
 }
 
-bool Parser::parseFileNumber(std::uint64_t& number) {
-  Token token = peek();
-  std::optional<std::uint64_t> value;
-  if (token.kind == Token::Kind::number) value = integerOf(token.text);
-  if (token.kind == Token::Kind::word) value = m_constants.integer(token.text);
-  if (!value) {
-    error(Code::syntax, token.place, describe(token) + " is no number");
-    bool isWrongWord = token.kind == Token::Kind::word && !fileClauseNext();
-    if (token.kind == Token::Kind::number || isWrongWord) take();
-    return false;
-  }
-  take();
-  number = *value;
-  return true;
+std::optional<std::uint64_t> FileParser::parseNumber() {
+  std::optional<std::uint64_t> number = m_values.parseInteger();
+  if (number) return number;
+  m_tokens.expected(Code::syntax, "an unsigned integer");
+  bool isWrongWord = m_tokens.isWord() && !peekClause();
+  if (m_tokens.peek().kind == Token::Kind::number || isWrongWord) m_tokens.take();
+  return std::nullopt;
 }
 
 // RECORD CONTAINS 80 CHARACTERS, RECORD IS VARYING IN SIZE FROM 1 TO 80
 // CHARACTERS DEPENDING ON name.
-void Parser::parseRecordClause() {
-  skip(Keyword::is);
-  bool isVarying = skipWord("VARYING");
+void FileParser::parseRecord(FileDescription& file) {
+  m_tokens.skip(Keyword::is);
+  bool isVarying = m_tokens.skipWord("VARYING");
   if (isVarying) {
-    skip(Keyword::in);
-    skip(Keyword::size);
-    skip(Keyword::from);
+    m_tokens.skip(Keyword::in);
+    m_tokens.skip(Keyword::size);
+    m_tokens.skip(Keyword::from);
   } else {
-    skipWord("CONTAINS");
+    m_tokens.skipWord("CONTAINS");
   }
-  bool hasNumber = peek().kind == Token::Kind::number ||
-                   (peek().kind == Token::Kind::word && m_constants.find(peek().text) != nullptr);
-  if (hasNumber) {
-    parseFileNumbers();
-  } else if (isVarying && skip(Keyword::to)) {
-    std::uint64_t most = 0;
-    parseFileNumber(most);
+  Token const& token = m_tokens.peek();
+  if (token.kind == Token::Kind::number ||
+      (m_tokens.isWord() && m_constants.contains(token.text))) {
+    parseRange();
+  } else if (isVarying && m_tokens.skip(Keyword::to)) {
+    parseNumber();
   } else if (!isVarying) {
-    error(Code::syntax, peek().place, describe(peek()) + " is no size of a record");
+    m_tokens.expected(Code::syntax, "a record size");
   }
-  skip(Keyword::character);
-  if (skip(Keyword::depending)) {
-    skip(Keyword::on);
-    m_file->depending = parseQualifiedName();
+  m_tokens.skip(Keyword::character);
+  if (m_tokens.skip(Keyword::depending)) {
+    m_tokens.skip(Keyword::on);
+    file.depending = m_names.parseQualified();
   }
 }
 
 // IS or ARE, and names up to the next clause.
-void Parser::parseFileNames() {
-  if (!skip(Keyword::is)) skip(Keyword::are);
+void FileParser::parseNames() {
+  if (!m_tokens.skip(Keyword::is)) m_tokens.skip(Keyword::are);
   bool isAny = false;
-  while (!isEndOfFileDescription() && (!isAny || !fileClauseNext()) && !peek().is(Keyword::is) &&
-         (peek().kind == Token::Kind::word || peek().kind == Token::Kind::literal) &&
-         !equalsIgnoringCase(peek().text, "FOR")) {
-    take();
+  while (!m_tokens.isSentenceEnd() && (!isAny || !peekClause()) &&
+         !m_tokens.peek().is(Keyword::is) &&
+         (m_tokens.isWord() || m_tokens.peek().kind == Token::Kind::literal) &&
+         !equalsIgnoringCase(m_tokens.peek().text, "FOR")) {
+    m_tokens.take();
     isAny = true;
   }
-  if (!isAny) error(Code::name, peek().place, "a name is missing before " + describe(peek()));
+  if (isAny) return;
+  m_tokens.error(Code::name, m_tokens.peek().place,
+                 "expected a name before " + describe(m_tokens.peek()));
 }
 
 // VALUE OF name IS literal, and more of them.
-void Parser::parseValueOf() {
-  if (!skip(Keyword::of)) {
-    error(Code::syntax, peek().place, "VALUE is not followed by OF in a file description");
-  }
+void FileParser::parseValueOf() {
+  if (!m_tokens.skip(Keyword::of)) m_tokens.expected(Code::syntax, "OF after VALUE");
   do {
-    std::string_view name;
-    if (!parseName(name)) return;
-    skip(Keyword::is);
-    if (isEndOfFileDescription()) {
-      error(Code::value, peek().place, "VALUE OF lacks the value of " + quoted(name));
+    std::optional<std::string_view> name = m_names.parse();
+    if (!name) return;
+    m_tokens.skip(Keyword::is);
+    if (m_tokens.isSentenceEnd()) {
+      m_tokens.expected(Code::value, "a value of " + quoted(*name));
       return;
     }
-    take();
-  } while (!isEndOfFileDescription() && !fileClauseNext());
+    // A data name may stand there, too.
+    if (!m_values.parseLiteral()) m_tokens.take();
+  } while (!m_tokens.isSentenceEnd() && !peekClause());
 }
 
 // LINAGE IS 60 LINES WITH FOOTING AT 55 LINES AT TOP 3 LINES AT BOTTOM 3; a
 // data name may stand in place of each number.
-void Parser::parseLinage() {
-  skip(Keyword::is);
-  if (!parseFileOperand()) {
-    error(Code::syntax, peek().place, describe(peek()) + " is no number of lines");
-    return;
-  }
-  while (!isEndOfFileDescription() && !fileClauseNext()) {
-    bool isFill = skipWord("LINES") || skipWord("WITH") || skipWord("AT");
+void FileParser::parseLinage() {
+  m_tokens.skip(Keyword::is);
+  if (!parseLineCount()) return;
+  while (!m_tokens.isSentenceEnd() && !peekClause()) {
+    bool isFill =
+        m_tokens.skipWord("LINES") || m_tokens.skipWord("WITH") || m_tokens.skipWord("AT");
     if (isFill) continue;
-    bool isPart = skipWord("FOOTING") || skipWord("TOP") || skipWord("BOTTOM");
+    bool isPart =
+        m_tokens.skipWord("FOOTING") || m_tokens.skipWord("TOP") || m_tokens.skipWord("BOTTOM");
     if (!isPart) return;  // begins no clause: reported as such
-    skipWord("AT");
-    skip(Keyword::is);
-    if (!parseFileOperand()) {
-      error(Code::syntax, peek().place, describe(peek()) + " is no number of lines");
-      return;
-    }
+    m_tokens.skipWord("AT");
+    m_tokens.skip(Keyword::is);
+    if (!parseLineCount()) return;
   }
 }
 
 // A number may stand at the beginning of a line, where it looks like a level.
-bool Parser::parseFileOperand() {
-  if (peek().kind == Token::Kind::number) {
-    take();
+bool FileParser::parseLineCount() {
+  if (m_tokens.peek().kind == Token::Kind::number) {
+    m_tokens.take();
     return true;
   }
-  if (peek().kind != Token::Kind::word || fileClauseNext()) return false;
-  parseQualifiedName();
+  if (!m_tokens.isWord() || peekClause()) {
+    m_tokens.expected(Code::syntax, "a number of lines");
+    return false;
+  }
+  m_names.parseQualified();
   return true;
 }
 

@@ -1,5 +1,4 @@
-// How level numbers make a tree of the entries.
-#include "syntax/parser.h"
+#include "syntax/item_tree.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -7,21 +6,34 @@ namespace {
 // A record without a name would leave its items without an element around them.
 constexpr std::string_view kImpliedName = "COPYBOOK";
 
-// Whether an item can stand for itself: it is one item, no table.
-bool isRecordByItself(DataItem const& item) {
+// Whether an item can be a record: it is one item, and no table.
+bool canBeRecord(DataItem const& item) {
   return item.next == nullptr && !item.occurs && item.level <= kMaxGroupLevel;
 }
 
 }  // namespace
 
-DataItem* Parser::newItem(std::uint8_t level, Place place) {
+void ItemTree::openSection(Section section) {
+  m_section = section;
+  m_file = nullptr;
+  m_open.clear();
+  m_lastItem = nullptr;
+}
+
+void ItemTree::openFile(FileDescription* file) {
+  openSection(Section::file);
+  m_file = file;
+  m_hasFile = true;
+}
+
+DataItem& ItemTree::newItem(std::uint8_t level, Place place) {
   DataItem& item = m_data.items.emplace_back();
   item.level = level;
   item.place = place;
-  return &item;
+  return item;
 }
 
-RecordList& Parser::records() {
+RecordList& ItemTree::records() {
   switch (m_section) {
     case Section::file:
       if (m_file != nullptr) return m_file->records;
@@ -36,54 +48,80 @@ RecordList& Parser::records() {
   return m_data.workingStorage;
 }
 
-void Parser::attach(DataItem* item) {
-  m_lastItem = item;
-  bool isRecord = item->level == 1 || item->level == kSingleLevel;
-  if (isRecord) {
+void ItemTree::attach(DataItem& item) {
+  m_lastItem = &item;
+  if (item.level == 1 || item.level == kSingleLevel) {
     m_open.clear();
     attachRecord(item);
+    m_open.push_back(&item);
     return;
   }
   if (m_open.empty()) {
     if (m_data.isProgram) {
-      error(Code::levelOrder, item->place, "a record begins with level 01 or 77");
+      m_errors.report(
+          Code::levelOrder, item.place,
+          "expected level 1 or 77 to begin a record, found level " + std::to_string(item.level));
     }
-    m_open.push_back(openRecord(item->place, 0));
+    openImpliedRecord(item.place);
   }
   attachToGroup(item);
 }
 
-void Parser::attachRecord(DataItem* item) {
+void ItemTree::attachRenames(DataItem& item) {
+  if (m_open.empty()) {
+    m_errors.report(Code::levelOrder, item.place, "level 66 does not follow a record");
+    return;
+  }
+  m_open.erase(m_open.begin() + 1, m_open.end());
+  attachToGroup(item);
+  m_lastItem = &item;
+}
+
+void ItemTree::attachCondition(DataItem& condition) {
+  if (m_lastItem == nullptr) {
+    m_errors.report(Code::levelOrder, condition.place,
+                    "condition " + quoted(condition.name) + " does not follow a data item");
+    return;
+  }
+  condition.parent = m_lastItem;
+  if (m_lastItem->lastCondition == nullptr) {
+    m_lastItem->firstCondition = &condition;
+  } else {
+    m_lastItem->lastCondition->next = &condition;
+  }
+  m_lastItem->lastCondition = &condition;
+}
+
+void ItemTree::attachRecord(DataItem& item) {
   if (m_section == Section::file && m_file == nullptr) {
-    error(Code::levelOrder, item->place, "the record belongs to no file description");
+    m_errors.report(Code::levelOrder, item.place, "record does not follow a file description");
   }
   RecordList& list = records();
   if (list.last == nullptr) {
-    list.first = item;
+    list.first = &item;
   } else {
-    list.last->next = item;
+    list.last->next = &item;
   }
-  list.last = item;
-  m_open.push_back(item);
+  list.last = &item;
 }
 
-// A bare copybook may begin below level 01. A record holds its items then, so
-// that they stay together.
-DataItem* Parser::openRecord(Place place, std::uint8_t level) {
-  DataItem* record = newItem(level, place);
-  record->isImplied = true;
-  record->name = kImpliedName;
+// A copybook by itself may begin below level 01. A record around its items
+// keeps them together.
+void ItemTree::openImpliedRecord(Place place) {
+  DataItem& record = newItem(0, place);
+  record.isImplied = true;
+  record.name = kImpliedName;
   attachRecord(record);
-  m_open.pop_back();
-  return record;
+  m_open.push_back(&record);
 }
 
-// A single item of a bare copybook needs no record around it.
-void Parser::dissolveImpliedRecords(RecordList& list) {
+// A single item of a copybook needs no record around it.
+void ItemTree::finish() {
+  RecordList& list = m_data.workingStorage;
   DataItem* before = nullptr;
   for (DataItem* record = list.first; record != nullptr; record = record->next) {
     DataItem* only = record->isImplied ? record->firstChild : nullptr;
-    if (only != nullptr && isRecordByItself(*only)) {
+    if (only != nullptr && canBeRecord(*only)) {
       only->parent = nullptr;
       only->next = record->next;
       (before == nullptr ? list.first : before->next) = only;
@@ -94,36 +132,36 @@ void Parser::dissolveImpliedRecords(RecordList& list) {
   }
 }
 
-void Parser::attachToGroup(DataItem* item) {
+void ItemTree::attachToGroup(DataItem& item) {
   DataItem* closed = nullptr;
-  while (m_open.size() > 1 && m_open.back()->level >= item->level) {
+  while (m_open.size() > 1 && m_open.back()->level >= item.level) {
     closed = m_open.back();
     m_open.pop_back();
   }
   DataItem* group = m_open.back();
-  bool isOutOfStep = closed != nullptr && closed->level != item->level &&
-                     item->level <= kMaxGroupLevel &&
-                     !(group->isImplied && closed->level > item->level);
-  if (isOutOfStep && !(group == m_strayGroup && item->level == m_strayLevel)) {
-    m_strayGroup = group;
-    m_strayLevel = item->level;
-    error(Code::levelOrder, item->place,
-          "level " + std::to_string(item->level) + " follows level " +
-              std::to_string(closed->level) + " in the same group");
+  bool isMismatch = closed != nullptr && closed->level != item.level &&
+                    item.level <= kMaxGroupLevel &&
+                    !(group->isImplied && closed->level > item.level);
+  if (isMismatch && !(group == m_mismatchedGroup && item.level == m_mismatchedLevel)) {
+    m_mismatchedGroup = group;
+    m_mismatchedLevel = item.level;
+    m_errors.report(Code::levelOrder, item.place,
+                    "level " + std::to_string(item.level) + " does not match any open level");
   }
-  // Items below it find their group, and those of its level aren't reported.
-  if (isOutOfStep) item->level = closed->level;
-  if (group->level == kSingleLevel && item->level <= kMaxGroupLevel) {
-    error(Code::levelOrder, item->place, "an item of level 77 has no items below it");
+  // Items below it find their group, and those of its level are not reported.
+  if (isMismatch) item.level = closed->level;
+  if (group->level == kSingleLevel && item.level <= kMaxGroupLevel) {
+    m_errors.report(Code::levelOrder, item.place,
+                    "level " + std::to_string(item.level) + " is below an item of level 77");
   }
-  item->parent = group;
+  item.parent = group;
   if (group->lastChild == nullptr) {
-    group->firstChild = item;
+    group->firstChild = &item;
   } else {
-    group->lastChild->next = item;
+    group->lastChild->next = &item;
   }
-  group->lastChild = item;
-  if (item->level <= kMaxGroupLevel) m_open.push_back(item);
+  group->lastChild = &item;
+  if (item.level <= kMaxGroupLevel) m_open.push_back(&item);
 }
 
 }  // namespace fdmorph::compiler

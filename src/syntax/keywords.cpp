@@ -211,6 +211,15 @@ constexpr std::array kUsageWords{
     UsageWord{Keyword::packedDecimal, Usage::comp3},
 };
 
+// The usages by keyword, none for all other keywords.
+constexpr auto kUsages = [] {
+  std::array<Usage, kKeywordCount> usages{};
+  for (UsageWord const& each : kUsageWords) {
+    usages[static_cast<std::size_t>(each.keyword)] = each.usage;
+  }
+  return usages;
+}();
+
 }  // namespace
 
 Keyword keywordOf(std::string_view word) {
@@ -221,36 +230,8 @@ Keyword keywordOf(std::string_view word) {
 }
 
 std::optional<Usage> usageOf(Keyword keyword) {
-  auto found = std::find_if(kUsageWords.begin(), kUsageWords.end(),
-                            [keyword](UsageWord const& each) { return each.keyword == keyword; });
-  if (found == kUsageWords.end()) return std::nullopt;
-  return found->usage;
-}
-
-bool beginsClause(Keyword keyword) {
-  switch (keyword) {
-    case Keyword::any:
-    case Keyword::based:
-    case Keyword::blank:
-    case Keyword::constant:
-    case Keyword::external:
-    case Keyword::global:
-    case Keyword::just:
-    case Keyword::occurs:
-    case Keyword::picture:
-    case Keyword::redefines:
-    case Keyword::renames:
-    case Keyword::sign:
-    case Keyword::leading:
-    case Keyword::trailing:
-    case Keyword::sync:
-    case Keyword::usage:
-    case Keyword::value:
-    case Keyword::volatileWord:
-      return true;
-    default:
-      return false;
-  }
+  Usage usage = kUsages[static_cast<std::size_t>(keyword)];
+  return usage == Usage::none ? std::nullopt : std::optional(usage);
 }
 
 }  // namespace fdmorph::compiler

@@ -1,6 +1,7 @@
-// The words that have a meaning in the text that is parsed.
+// The words that have a meaning wherever the parsers meet them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string_view>
@@ -135,6 +136,8 @@ enum class Keyword : std::uint8_t {
   zero,
 };
 
+inline constexpr std::size_t kKeywordCount = static_cast<std::size_t>(Keyword::zero) + 1;
+
 /// The keyword of a word, in any case; none for all others. Words of the same
 /// meaning (PIC and PICTURE) are one keyword.
 Keyword keywordOf(std::string_view word);
@@ -142,7 +145,32 @@ Keyword keywordOf(std::string_view word);
 /// The usage that a keyword stands for.
 std::optional<Usage> usageOf(Keyword keyword);
 
-/// Whether a data description clause begins with the keyword.
-bool beginsClause(Keyword keyword);
+/// Whether a clause of a data description begins with the keyword. A usage
+/// alone is a clause, too, but its word is also a name.
+constexpr bool beginsClause(Keyword keyword) {
+  switch (keyword) {
+    case Keyword::any:
+    case Keyword::based:
+    case Keyword::blank:
+    case Keyword::constant:
+    case Keyword::external:
+    case Keyword::global:
+    case Keyword::just:
+    case Keyword::leading:
+    case Keyword::occurs:
+    case Keyword::picture:
+    case Keyword::redefines:
+    case Keyword::renames:
+    case Keyword::sign:
+    case Keyword::sync:
+    case Keyword::trailing:
+    case Keyword::usage:
+    case Keyword::value:
+    case Keyword::volatileWord:
+      return true;
+    default:
+      return false;
+  }
+}
 
 }  // namespace fdmorph::compiler

@@ -1,6 +1,8 @@
-// The VALUE clause and literals.
+#include "syntax/value_parser.h"
+
+#include <algorithm>
+
 #include "source/literals.h"
-#include "syntax/parser.h"
 #include "text/letter_case.h"
 
 namespace fdmorph::compiler {
@@ -26,17 +28,68 @@ Literal::Kind figurativeOf(Keyword keyword) {
 }
 
 bool isHexadecimal(std::string_view digits) {
-  for (char c : digits) {
-    if (!isDigit(c) && (toUpper(c) < 'A' || toUpper(c) > 'F')) return false;
+  return std::all_of(digits.begin(), digits.end(),
+                     [](char c) { return isDigit(c) || (toUpper(c) >= 'A' && toUpper(c) <= 'F'); });
+}
+
+Literal broken(Place place) {
+  Literal literal;
+  literal.kind = Literal::Kind::broken;
+  literal.place = place;
+  return literal;
+}
+
+// What a literal stands for between others: a figurative constant is one
+// character. Nothing if it cannot be joined to others.
+std::optional<LiteralContent> contentOf(Literal const& literal) {
+  if (literal.isAll) return std::nullopt;
+  switch (literal.kind) {
+    case Literal::Kind::text: {
+      LiteralContent content = decodeLiteral(literal.text);
+      content.isBinary |= literal.isBinary;
+      return content.isNumber ? std::nullopt : std::optional(std::move(content));
+    }
+    case Literal::Kind::zero:
+      return decodeLiteral("\"0\"");
+    case Literal::Kind::space:
+      return decodeLiteral("\" \"");
+    case Literal::Kind::quote:
+      return decodeLiteral("'\"'");
+    case Literal::Kind::lowValue:
+    case Literal::Kind::null:
+      return decodeLiteral("X\"00\"");
+    case Literal::Kind::highValue:
+      return decodeLiteral("X\"FF\"");
+    default:
+      return std::nullopt;
   }
-  return true;
 }
 
 }  // namespace
 
-void Parser::checkLiteral(Token const& token) {
+std::optional<Literal> ConstantNames::find(std::string_view name) const {
+  if (Literal const* constant = m_constants.find(name)) return *constant;
+  return findVariable(name);
+}
+
+std::optional<Literal> ConstantNames::findVariable(std::string_view name) const {
+  auto variable = m_variables.find(name);
+  if (variable == m_variables.end()) return std::nullopt;
+  CompileValue const& value = variable->second;
+  Literal literal;
+  literal.kind = value.isNumber ? Literal::Kind::number : Literal::Kind::text;
+  literal.text = m_pool.append(value.isNumber ? value.text : quotedLiteral(value.text));
+  return literal;
+}
+
+std::optional<std::uint64_t> ConstantNames::integer(std::string_view name) const {
+  std::optional<Literal> constant = find(name);
+  return constant ? integerOf(*constant) : std::nullopt;
+}
+
+void ValueParser::checkLiteral(Token const& token) {
   if (token.isOpen) {
-    error(Code::literal, token.place, "the literal has no closing quote");
+    m_tokens.error(Code::literal, token.place, "literal has no closing quote");
     return;
   }
   if (token.text.size() > kMaxLiteralSize) {
@@ -49,31 +102,36 @@ void Parser::checkLiteral(Token const& token) {
   if (prefix == "X" || prefix == "NX" || prefix == "H" || prefix == "GX") {
     std::size_t unit = prefix == "X" ? 2 : prefix == "H" ? 1 : 4;
     if (!isHexadecimal(inside) || inside.size() % unit != 0) {
-      error(Code::literal, token.place, quoted(token.text) + " is no hexadecimal literal");
+      m_tokens.error(Code::literal, token.place,
+                     "invalid hexadecimal literal " + quoted(token.text));
     }
   }
 }
 
-void Parser::reportLongLiteral(Place place) {
-  error(Code::literal, place,
-        "the literal is longer than " + std::to_string(kMaxLiteralSize) + " bytes");
+void ValueParser::reportLongLiteral(Place place) {
+  m_tokens.error(Code::literal, place,
+                 "literal is longer than " + std::to_string(kMaxLiteralSize) + " bytes");
 }
 
-bool Parser::isLiteralNext() {
-  Token const& token = peek();
+bool ValueParser::isLiteral() {
+  Token const& token = m_tokens.peek();
   if (token.kind == Token::Kind::number || token.kind == Token::Kind::literal) return true;
   if (token.kind != Token::Kind::word) return false;
-  return isLengthNext() || token.is(Keyword::all) ||
-         figurativeOf(token.keyword) != Literal::Kind::none ||
-         m_constants.find(token.text) != nullptr;
+  return token.is(Keyword::all) || figurativeOf(token.keyword) != Literal::Kind::none ||
+         m_constants.contains(token.text) || isLength();
 }
 
-bool Parser::parseLiteral(Literal& literal) {
-  if (!isLiteralNext()) return false;
-  if (isLengthNext()) return parseLength(literal);
-  literal.isAll = skip(Keyword::all);
-  Token token = peek();
-  literal.place = token.place;
+std::optional<Literal> ValueParser::parseLiteral() {
+  std::optional<Literal> literal = parseOperand();
+  return literal && m_tokens.peek().isSymbol('&') ? joinLiterals(*literal) : literal;
+}
+
+std::optional<Literal> ValueParser::parseOperand() {
+  if (!isLiteral()) return std::nullopt;
+  if (isLength()) return parseLength();
+  Literal literal;
+  bool isAll = m_tokens.skip(Keyword::all);
+  Token token = m_tokens.peek();
   literal.text = token.text;
   if (token.kind == Token::Kind::number) {
     literal.kind = Literal::Kind::number;
@@ -81,70 +139,153 @@ bool Parser::parseLiteral(Literal& literal) {
     literal.kind = Literal::Kind::text;
     literal.isOpen = token.isOpen;
     checkLiteral(token);
-  } else if (Literal const* constant = m_constants.find(token.text)) {
-    bool isAll = literal.isAll;
+  } else if (std::optional<Literal> constant =
+                 m_tokens.isWord() ? m_constants.find(token.text) : std::nullopt) {
     literal = *constant;
-    literal.isAll = isAll;
-    literal.place = token.place;
   } else {
     literal.kind = figurativeOf(token.keyword);
   }
-  if (literal.kind == Literal::Kind::none) return false;
-  take();
-  return !peek().isSymbol('&') || literal.kind != Literal::Kind::text || joinLiterals(literal);
+  if (literal.kind == Literal::Kind::none) {
+    m_tokens.expected(Code::value, "a literal after ALL");
+    return broken(token.place);
+  }
+  literal.isAll = isAll;
+  literal.place = token.place;
+  m_tokens.take();
+  return literal;
 }
 
-// "a" & 'b' & X"63"
-bool Parser::joinLiterals(Literal& literal) {
-  bool isNational = isNationalLiteral(literal.text);
-  LiteralContent first = decodeLiteral(literal.text);
-  std::string content = std::move(first.text);
-  literal.isBinary = first.isBinary;
-  while (peek().isSymbol('&')) {
-    take();
-    Token more = peek();
-    if (more.kind != Token::Kind::literal) return false;
-    take();
-    checkLiteral(more);
-    literal.isOpen |= more.isOpen;
-    if (more.isOpen) continue;
-    LiteralContent part = decodeLiteral(more.text);
-    if (part.isNumber || isNationalLiteral(more.text) != isNational) {
-      error(Code::literal, more.place, "literals of different kinds are joined");
+// "a" & K & X"63" & SPACE
+Literal ValueParser::joinLiterals(Literal first) {
+  std::string content;
+  Literal joined = first;
+  joined.kind = Literal::Kind::text;
+  bool hasClass = first.kind == Literal::Kind::text;  // figurative constants have none
+  bool isNational = hasClass && isNationalLiteral(first.text);
+  auto add = [&](Literal const& part) {
+    joined.isOpen |= part.isOpen;
+    if (part.isOpen || part.kind == Literal::Kind::broken) return;
+    std::optional<LiteralContent> decoded = contentOf(part);
+    bool isText = part.kind == Literal::Kind::text;
+    bool isOther = isText && hasClass && isNationalLiteral(part.text) != isNational;
+    if (!decoded || isOther) {
+      m_tokens.error(Code::literal, part.place, "'&' joins literals of different classes");
+      return;
     }
-    content += part.text;
-    literal.isBinary |= part.isBinary;
+    if (isText && !hasClass) {
+      hasClass = true;
+      isNational = isNationalLiteral(part.text);
+    }
+    content += decoded->text;
+    joined.isBinary |= decoded->isBinary;
+  };
+  bool isAll = first.isAll;
+  first.isAll = false;  // ALL repeats the literals together
+  add(first);
+  while (m_tokens.peek().isSymbol('&')) {
+    m_tokens.take();
+    std::optional<Literal> part = parseOperand();
+    if (!part) {
+      m_tokens.expected(Code::literal, "a literal after '&'");
+      return broken(first.place);
+    }
+    add(*part);
   }
   if (content.size() > kMaxLiteralSize) {
-    reportLongLiteral(literal.place);
+    reportLongLiteral(first.place);
     content.clear();
   }
-  literal.text = m_pool.append((isNational ? "N" : "") + quotedLiteral(content));
-  return true;
+  joined.isAll = isAll;
+  joined.text = m_pool.append((isNational ? "N" : "") + quotedLiteral(content));
+  return joined;
 }
 
-void Parser::parseValue(Entry& entry) {
-  DataItem& item = *entry.item;
-  if (!skip(Keyword::is)) skip(Keyword::are);
-  parseValueRanges(item);
-  if (item.values.empty()) {
-    error(Code::value, peek().place, "VALUE is followed by " + describe(peek()) + ", no literal");
-  }
+std::optional<std::uint64_t> ValueParser::parseInteger() {
+  Token const& token = m_tokens.peek();
+  std::optional<std::uint64_t> value;
+  if (token.kind == Token::Kind::number) value = integerOf(token.text);
+  if (token.kind == Token::Kind::word) value = m_constants.integer(token.text);
+  if (value) m_tokens.take();
+  return value;
 }
 
-void Parser::parseValueRanges(DataItem& item) {
-  while (isLiteralNext() && !(isEntryStart() && !item.values.empty())) {
-    ValueRange range;
-    if (!parseLiteral(range.from)) break;
-    bool isRange = item.level == kConditionLevel && skip(Keyword::thru);
-    if (isRange && !parseLiteral(range.to)) {
-      error(Code::value, peek().place, "THRU is followed by no literal");
-      break;
+std::vector<ValueRange> ValueParser::parseValues(bool isCondition) {
+  std::vector<ValueRange> values;
+  // A number on a line of its own is a value only as the first one.
+  while (values.empty() || !m_tokens.isEntryStart()) {
+    std::optional<Literal> from = parseLiteral();
+    if (!from) break;
+    ValueRange& range = values.emplace_back();
+    range.from = *from;
+    if (!isCondition) return values;
+    if (!m_tokens.skip(Keyword::thru)) continue;
+    std::optional<Literal> to = parseLiteral();
+    if (!to) {
+      m_tokens.expected(Code::value, "a literal after THRU");
+      return values;
     }
-    item.values.push_back(range);
-    // Signs and commas aside, an item that is no condition has one value.
-    if (item.level != kConditionLevel) break;
+    range.to = *to;
   }
+  if (values.empty()) m_tokens.expected(Code::value, "a literal after VALUE");
+  return values;
+}
+
+Literal ValueParser::numberLiteral(std::int64_t number, Place place) {
+  Literal literal;
+  literal.kind = Literal::Kind::number;
+  literal.text = m_pool.append(std::to_string(number));
+  literal.place = place;
+  return literal;
+}
+
+// LENGTH OF or BYTE-LENGTH OF, where that is not the name of a constant.
+bool ValueParser::isLength() {
+  Token const& token = m_tokens.peek();
+  bool isLengthWord = token.is(Keyword::length) || equalsIgnoringCase(token.text, "BYTE-LENGTH");
+  if (!isLengthWord || m_constants.contains(token.text)) return false;
+  Token const& following = m_tokens.peek(1);
+  return following.kind == Token::Kind::word || following.kind == Token::Kind::literal;
+}
+
+// The bytes of an item with all its occurrences, or of a literal.
+Literal ValueParser::parseLength() {
+  Place place = m_tokens.take().place;
+  m_tokens.skip(Keyword::of);
+  if (m_tokens.peek().kind == Token::Kind::literal) {
+    Literal literal = parseLiteral().value_or(broken(place));
+    if (literal.kind == Literal::Kind::broken) return literal;
+    std::size_t width = isNationalLiteral(literal.text) ? 2 : 1;
+    std::size_t size = decodeLiteral(literal.text).characters * width;
+    return numberLiteral(static_cast<std::int64_t>(size), place);
+  }
+  QualifiedName name = m_names.parseQualified();
+  Literal length = name.name.empty() ? broken(place) : parseItemLength(name);
+  length.place = place;
+  return length;
+}
+
+Literal ValueParser::parseItemLength(QualifiedName const& name) {
+  auto fail = [&](std::string text) {
+    m_tokens.error(Code::constant, name.place, std::move(text));
+    return broken(name.place);
+  };
+  DataItem* item = nullptr;
+  switch (m_lengths.find(name, m_tree.lastItem(), item)) {
+    case ItemLengths::Outcome::found:
+      break;
+    case ItemLengths::Outcome::unknown:
+      return fail(quoted(name.name) + " is not defined");
+    case ItemLengths::Outcome::ambiguous:
+      return fail(quoted(name.name) + " is ambiguous");
+    case ItemLengths::Outcome::tooMany:
+      return fail("too many lengths of groups are taken before their last item");
+  }
+  if (item->level == kRenamesLevel) {
+    return fail("the length of " + quoted(name.name) + ", an item of level 66, is not known yet");
+  }
+  std::uint64_t size = item->size * item->occurrences();
+  if (m_tree.isRecordOpen()) m_data.lengths.push_back({item, size, name.place});
+  return numberLiteral(static_cast<std::int64_t>(size), name.place);
 }
 
 }  // namespace fdmorph::compiler
