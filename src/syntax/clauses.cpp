@@ -137,7 +137,7 @@ void parseOccurs(ClauseContext& context, DataItem& item, Token const& word) {
       fail("a table must occur at least once");
       occurs->most = 1;
     } else if (*least > *most || (hasRange && *least == *most)) {
-      fail("the range of OCCURS must end above its start");
+      fail("OCCURS range must end above its start");
       occurs->least = occurs->most;
     } else if (hasRange && !occurs->isDepending) {
       fail("OCCURS with TO requires DEPENDING ON");

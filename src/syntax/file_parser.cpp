@@ -140,7 +140,7 @@ void FileParser::parseRange() {
   if (!least || !m_tokens.skip(Keyword::to)) return;
   std::optional<std::uint64_t> most = parseNumber();
   if (most && *most < *least) {
-    m_tokens.error(Code::syntax, to.place, "the range must not end below its start");
+    m_tokens.error(Code::syntax, to.place, "range must not end below its start");
   }
 }
 

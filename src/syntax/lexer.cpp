@@ -9,7 +9,7 @@ bool isSign(char c) {
   return c == '+' || c == '-';
 }
 
-// Digits with the E of a floating-point number behind them: "5E", "5E-3".
+// Digits followed by the E of a floating-point number: "5E", "5E-3".
 bool hasExponent(std::string_view text) {
   std::size_t digits = 0;
   while (digits < text.size() && isDigit(text[digits])) ++digits;
@@ -57,7 +57,7 @@ bool Lexer::isPoint(std::size_t index) {
   return ahead(index).kind == TextWord::Kind::symbol && ahead(index).text.front() == m_point;
 }
 
-// Behind a decimal comma that belongs to no number the next token is looked for.
+// A decimal comma that belongs to no number is a separator.
 Token Lexer::read() {
   Token token = readToken();
   while (token.isSymbol(',')) token = readToken();
@@ -87,17 +87,20 @@ void Lexer::append(Token& token, std::string& joined) {
   joined += takeWord().text;
 }
 
-// Whether nothing but punctuation stands before the next blank.
-bool Lexer::isPunctuationLast() {
-  std::size_t at = 0;
-  while (ahead(at).is('.') || ahead(at).is(',') || ahead(at).is(';')) {
-    ++at;
-    if (ahead(at).precededBySpace || ahead(at).isEnd()) return true;
+// How many words ahead are punctuation up to the next blank; 0 if there is
+// anything else among them.
+std::size_t Lexer::trailingPunctuation() {
+  std::size_t count = 0;
+  while (ahead(count).is('.') || ahead(count).is(',') || ahead(count).is(';')) {
+    ++count;
+    if (ahead(count).precededBySpace || ahead(count).isEnd()) return count;
   }
-  return false;
+  return 0;
 }
 
-// Everything up to a blank; punctuation ahead of the blank ends the clause.
+// A picture is everything up to a blank or a semicolon. A comma or period
+// before the blank is a separator, and only the last one: "9,9,." is the
+// picture "9,9," and a period.
 Token Lexer::readPicture() {
   m_isPictureNext = false;
   TextWord first = takeWord();
@@ -105,7 +108,12 @@ Token Lexer::readPicture() {
               Keyword::none, first.isFirstOnLine, false};
   std::string joined;
   while (isAdjacent(0) && ahead(0).kind != TextWord::Kind::literal) {
-    if (isPunctuationLast()) break;
+    if (std::size_t count = trailingPunctuation(); count != 0) {
+      bool isPeriodLast = ahead(count - 1).is('.');
+      for (std::size_t i = 0; i < count; ++i) isPeriodLast &= !ahead(i).is(';');
+      for (; isPeriodLast && count > 1; --count) append(token, joined);
+      break;
+    }
     append(token, joined);
   }
   if (!joined.empty()) token.text = m_pool.append(joined);

@@ -19,7 +19,7 @@ std::string reportOf(std::string const& clauses) {
 TEST(FileDescription, TakesAllClauses) {
   EXPECT_EQ(reportOf("IS EXTERNAL IS GLOBAL BLOCK CONTAINS 1 TO 10 RECORDS\n"
                      "RECORD CONTAINS 10 TO 80 CHARACTERS LABEL RECORDS ARE STANDARD\n"
-                     "VALUE OF FILE-ID IS \"x\" OWNER IS N DATA RECORDS ARE R, S\n"
+                     "VALUE OF FILE-ID IS \"x\" & \"y\" OWNER IS N DATA RECORDS ARE R, S\n"
                      "LINAGE IS 60 LINES WITH FOOTING AT 55 LINES AT TOP 3\nLINES AT BOTTOM N\n"
                      "RECORDING MODE IS F CODE-SET IS ASCII REPORTS ARE A B."),
             "");
@@ -30,27 +30,29 @@ TEST(FileDescription, TakesAllClauses) {
 
 TEST(FileDescription, ReportsErrors) {
   EXPECT_EQ(reportOf("FOO BAR RECORD 80."),
-            "a.cpy:5:8: error: 'FOO' begins no clause of a file description [syntax]");
+            "a.cpy:5:8: error: expected a file description clause, found 'FOO' [syntax]");
   EXPECT_EQ(reportOf("RECORD 80 RECORD 80."),
-            "a.cpy:5:18: error: the file description has two RECORD clauses [duplicate-clause]");
+            "a.cpy:5:18: error: duplicate RECORD clause [duplicate-clause]");
   EXPECT_EQ(reportOf("RECORD CONTAINS 20 TO 10."),
-            "a.cpy:5:27: error: the range ends below its beginning [syntax]");
-  EXPECT_EQ(reportOf("RECORD CONTAINS."), "a.cpy:5:23: error: '.' is no size of a record [syntax]");
+            "a.cpy:5:27: error: range must not end below its start [syntax]");
+  EXPECT_EQ(reportOf("RECORD CONTAINS."),
+            "a.cpy:5:23: error: expected a record size, found '.' [syntax]");
   EXPECT_EQ(reportOf("BLOCK CONTAINS MANY RECORDS."),
-            "a.cpy:5:23: error: 'MANY' is no number [syntax]");
-  EXPECT_EQ(reportOf("RECORD 80"),
-            "a.cpy:5:17: error: the period at the end of the file description is missing [period]");
+            "a.cpy:5:23: error: expected an unsigned integer, found 'MANY' [syntax]");
+  EXPECT_EQ(
+      reportOf("RECORD 80"),
+      "a.cpy:5:17: error: expected '.' at the end of the file description, found '01' [period]");
   EXPECT_EQ(reportOf("RECORD VARYING DEPENDING ON M."),
             "a.cpy:5:36: error: 'M' is not defined [depending]");
 }
 
-TEST(BareCopybook, WithOneItemBelowLevel01HasThatRecord) {
+TEST(Copybook, WithOneItemBelowLevel01HasThatRecord) {
   CompilationResult result = compile("05 A.\n 10 B PIC X.");
   EXPECT_EQ(attributeOf(result.dictionary, "A", "level"), "5");
   EXPECT_EQ(result.dictionary.find("COPYBOOK"), std::string::npos);
 }
 
-TEST(BareCopybook, WithSeveralItemsBelowLevel01GetsARecordAroundThem) {
+TEST(Copybook, WithSeveralItemsBelowLevel01GetsARecordAroundThem) {
   CompilationResult result = compile("05 A PIC X.\n05 B PIC XX.\n01 C PIC X.");
   EXPECT_EQ(attributeOf(result.dictionary, "COPYBOOK", "level"), "1");
   EXPECT_EQ(attributeOf(result.dictionary, "COPYBOOK", "length"), "3");

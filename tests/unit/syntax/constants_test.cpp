@@ -8,12 +8,12 @@
 namespace fdmorph::compiler {
 namespace {
 
-TEST(Constant, OfLevel78IsWorkedOutFromLeftToRight) {
+TEST(Constant, OfLevel78AppliesOperatorsFromLeftToRight) {
   EXPECT_EQ(lengthOf("78 N VALUE 2 + 3 * 4.\n01 A PIC X(N).", "A"), "20");
   EXPECT_EQ(lengthOf("78 N VALUE 10 - 2 - 3.\n01 A PIC X(N).", "A"), "5");
 }
 
-TEST(Constant, OfAConstantEntryIsWorkedOutByPrecedence) {
+TEST(Constant, OfAConstantEntryAppliesOperatorsByPrecedence) {
   EXPECT_EQ(lengthOf("01 N CONSTANT AS 2 + 3 * 4.\n01 A PIC X(N).", "A"), "14");
   EXPECT_EQ(lengthOf("01 N CONSTANT AS (2 + 3) * 4.\n01 A PIC X(N).", "A"), "20");
   EXPECT_EQ(lengthOf("01 N CONSTANT AS 2 * 3 ** 2.\n01 A PIC X(N).", "A"), "18");
@@ -22,6 +22,23 @@ TEST(Constant, OfAConstantEntryIsWorkedOutByPrecedence) {
 
 TEST(Constant, TakesWhatADirectiveDefines) {
   EXPECT_EQ(lengthOf(">>DEFINE M AS 4\n01 N CONSTANT FROM M.\n01 A PIC X(N).", "A"), "4");
+}
+
+TEST(Constant, MayBeDefinedByADirectiveAlone) {
+  std::string lines =
+      ">>DEFINE M AS 4\n>>DEFINE CONSTANT T AS \"ab\"\n$SET CONSTANT S 6\n78 N VALUE M.\n"
+      "01 A PIC X(N).\n01 B PIC 9 VALUE M.\n01 C PIC X(3) VALUE T & \"c\".\n01 D.\n"
+      " 05 E PIC X(S) OCCURS M.";
+  EXPECT_EQ(lengthOf(lines, "A"), "4");
+  std::string dictionary = compile(lines).dictionary;
+  EXPECT_EQ(attributeOf(dictionary, "B", "value"), "4");
+  EXPECT_EQ(attributeOf(dictionary, "C", "value"), "abc");
+  EXPECT_EQ(attributeOf(dictionary, "E", "picture"), "X(6)");
+  EXPECT_EQ(attributeOf(dictionary, "E", "maxOccurs"), "4");
+}
+
+TEST(Constant, MayBeAnyPowerOf1) {
+  EXPECT_EQ(lengthOf("01 K CONSTANT AS 1 ** 64.\n01 A PIC X(K).", "A"), "1");
 }
 
 TEST(Constant, NamesACharacter) {
@@ -64,7 +81,7 @@ TEST(Constant, TakesTheLengthOfALiteralInBytes) {
   EXPECT_EQ(lengthOf("01 N CONSTANT AS BYTE-LENGTH OF N\"AB\".\n01 A PIC X(N).", "A"), "4");
 }
 
-TEST(Constant, LaysARecordOutAgainWhenItHasGrown) {
+TEST(Constant, MeasuresARecordAgainWhenItHasGrown) {
   char const* lines =
       "01 R.\n 05 B PIC X(2).\n78 N VALUE LENGTH OF B.\n"
       " 05 C PIC X(3).\n78 M VALUE LENGTH OF C.\n01 S.\n 05 D PIC X(N).\n 05 E PIC X(M).";
@@ -118,18 +135,21 @@ INSTANTIATE_TEST_SUITE_P(
             "01 R.\n 05 B PIC X.\n78 N VALUE LENGTH OF R.\n 05 C PIC X.",
             "a.cpy:3:29: error: the length of 'R' is taken before its last item [constant]"},
         WrongSource{"01 R.\n 05 B PIC X.\n66 C RENAMES B.\n78 N VALUE LENGTH OF C.",
-                    "a.cpy:4:29: error: 'C' renames others, and has no length yet [constant]"},
+                    "a.cpy:4:29: error: the length of 'C', an item of level 66, is not known yet "
+                    "[constant]"},
         WrongSource{"01 N CONSTANT FROM M.",
-                    "a.cpy:1:27: error: 'M' is defined by no directive [constant]"},
+                    "a.cpy:1:27: error: no directive defines 'M' [constant]"},
         WrongSource{"78 N VALUE 1 / 0.",
-                    "a.cpy:1:23: error: the constant's value can't be worked out [constant]"},
+                    "a.cpy:1:23: error: division by zero in constant expression [constant]"},
         WrongSource{
             "78 N VALUE \"a\" + 1.",
-            "a.cpy:1:19: error: the constant's value is neither a literal nor a sum of them "
-            "[constant]"},
-        WrongSource{"78 N 5.", "a.cpy:1:13: error: the constant lacks VALUE [constant]"},
+            "a.cpy:1:19: error: an operand of a constant expression must be an integer [constant]"},
+        WrongSource{
+            "78 N 5.",
+            "a.cpy:1:13: error: expected VALUE in the constant entry, found '5' [constant]"},
         WrongSource{"78 N VALUE 5 PIC X.",
-                    "a.cpy:1:21: error: 'PIC' doesn't belong to a constant [syntax]"},
+                    "a.cpy:1:21: error: expected '.' at the end of the constant entry, found 'PIC' "
+                    "[syntax]"},
         // A constant is no item that a table could depend on.
         WrongSource{"01 N CONSTANT AS 5.\n01 A PIC X OCCURS 1 TO 3 DEPENDING ON N.",
                     "a.cpy:2:46: error: 'N' is not defined [depending]"}),

@@ -43,7 +43,7 @@ TEST(Entries, ResolveConstants) {
   EXPECT_EQ(attribute(lines, "A", "maxOccurs"), "3");
 }
 
-TEST(Entries, TellThePositionOfTheSign) {
+TEST(Entries, NameThePositionOfTheSign) {
   EXPECT_EQ(attribute("01 A PIC S9 SIGN LEADING.", "A", "sign"), "li");
   EXPECT_EQ(attribute("01 A PIC S9 LEADING SEPARATE CHARACTER.", "A", "sign"), "ls");
   EXPECT_EQ(attribute("01 A PIC S9 SIGN IS TRAILING SEPARATE.", "A", "sign"), "ts");
@@ -65,7 +65,7 @@ TEST(Entries, OfRenamesSpanTheirItems) {
   EXPECT_EQ(attribute(lines, "R", "renames"), "true");
 }
 
-TEST(Entries, MayBeDeepAndManyWithoutHarm) {
+TEST(Entries, MayBe49LevelsDeep) {
   std::string lines;
   for (int level = 1; level <= 49; ++level) {
     lines += (level < 10 ? "0" : "") + std::to_string(level) + " G" + std::to_string(level) +
@@ -81,16 +81,17 @@ TEST(Entries, OfABareCopybookMayHaveTagsThatNothingReplaces) {
   EXPECT_EQ(attributeOf(result.dictionary, "TB", "length"), "1");
   EXPECT_EQ(attributeOf(result.dictionary, "C-U", "redefines"), "true");
   // Each tag is warned of once.
-  EXPECT_EQ(result.diagnostics,
-            "a.cpy:1:11: warning: nothing replaces the tag ':T:'; its letters stand for it [tag]\n"
-            "         01 :T:-A.\n"
-            "            ^\n"
-            "a.cpy:3:12: warning: nothing replaces the tag ':U:'; its letters stand for it [tag]\n"
-            "          05 C-:U: REDEFINES :T:B PIC X.\n"
-            "             ^\n");
+  EXPECT_EQ(
+      result.diagnostics,
+      "a.cpy:1:11: warning: tag ':T:' is not replaced; its letters become part of the name [tag]\n"
+      "         01 :T:-A.\n"
+      "            ^\n"
+      "a.cpy:3:12: warning: tag ':U:' is not replaced; its letters become part of the name [tag]\n"
+      "          05 C-:U: REDEFINES :T:B PIC X.\n"
+      "             ^\n");
 }
 
-TEST(Entries, ForDebuggingCountInDebuggingMode) {
+TEST(Entries, OnDebuggingLinesCountInDebuggingMode) {
   for (bool isDebugging : {false, true}) {
     MemoryTree tree;
     tree.files["a.cpy"] =
@@ -104,7 +105,7 @@ TEST(Entries, ForDebuggingCountInDebuggingMode) {
   }
 }
 
-TEST(Entries, AreFoundBehindParagraphsOfAnyWords) {
+TEST(Entries, AreFoundAfterParagraphsOfAnyWords) {
   MemoryTree tree;
   tree.files["a.cpy"] = fixed(
       "PROGRAM-ID. P.\nREMARKS. THE PROCEDURE DIVISION.\n    AND A DATA DIVISION WORD.\n"
@@ -163,7 +164,7 @@ TEST(Program, MayStandOnOneLine) {
             "1");
 }
 
-TEST(Program, HasNoDataBehindAMisspeltHeader) {
+TEST(Program, HasNoDataAfterAMisspeltHeader) {
   for (char const* header : {"DATA DIVISON.", "ENVIRONMENT DIVISION.\nDATA DIVISON."}) {
     std::string result =
         lengthInProgram("PROGRAM-ID. T.\n" + std::string(header) + "\n01 A PIC X.\n");
@@ -171,26 +172,26 @@ TEST(Program, HasNoDataBehindAMisspeltHeader) {
   }
 }
 
-TEST(Program, MaySpeakOfACopyInAComment) {
+TEST(Program, MayNameACopyStatementInAComment) {
   EXPECT_EQ(lengthInProgram("PROGRAM-ID. T.\nINSTALLATION. COPY SHOP.\n"
                             "REMARKS. THIS MAKES A COPY OF THE FILE.\n"
                             "DATA DIVISION.\nWORKING-STORAGE SECTION.\n01 A PIC X."),
             "1");
 }
 
-TEST(Program, MayCopyBehindANameOfACommentParagraph) {
+TEST(Entries, MayBeCalledLikeACommentParagraph) {
   MemoryTree tree;
   tree.files["a.cpy"] = fixed("01 A.\n 05\nAUTHOR PIC X.\n 05 B COPY M.");
   tree.files["M.cpy"] = fixed("PIC X(4).");
   EXPECT_EQ(attributeOf(compile(tree).dictionary, "A", "length"), "5");
 }
 
-TEST(Entries, MayHaveSeparatorsBehindAnyWord) {
+TEST(Entries, MayHaveSeparatorsAfterAnyWord) {
   EXPECT_EQ(lengthOf("01, A, PIC, X(2), VALUE; 'a'.", "A"), "2");
   EXPECT_EQ(lengthOf("01 A PIC IS, X(2).", "A"), "2");
 }
 
-TEST(Entries, AreNotTakenForMoreWhereANumberIsDue) {
+TEST(Entries, DoNotBeginAtANumberOfAClause) {
   EXPECT_EQ(lengthOf("01 A PIC 9.\n 88 B VALUES 1\n 2 WHEN SET TO FALSE 0.", "A"), "1");
   MemoryTree tree;
   tree.files["a.cpy"] =
@@ -198,7 +199,7 @@ TEST(Entries, AreNotTakenForMoreWhereANumberIsDue) {
   EXPECT_EQ(compile(tree).diagnostics, "");
 }
 
-TEST(Program, HasItsDataBehindACommentOnTheSameLine) {
+TEST(Program, HasItsDataAfterACommentOnTheSameLine) {
   EXPECT_EQ(lengthInProgram("ID DIVISION. PROGRAM-ID. T. AUTHOR. ME. DATA DIVISION. "
                             "WORKING-STORAGE SECTION. 01 A PIC X."),
             "1");
@@ -208,12 +209,12 @@ TEST(Program, HasItsDataBehindACommentOnTheSameLine) {
             "1");
 }
 
-TEST(Program, ReportsDataBehindACommentOrInTheEnvironment) {
+TEST(Program, ReportsDataAfterACommentOrInTheEnvironment) {
   for (char const* lines :
        {"AUTHOR. ME.\nWORKING-STORAGE SECTON.\n01 A PIC X.\nPROCEDURE DIVISION.",
         "CONFIGURATION SECTION.\nWORKING-STORAGE SECTON.\n1 A PIC X."}) {
     EXPECT_NE(lengthInProgram("PROGRAM-ID. T.\n" + std::string(lines))
-                  .find("error: data are described outside of the data division [syntax]"),
+                  .find("error: data item outside the data division [syntax]"),
               std::string::npos)
         << lines;
   }
@@ -227,7 +228,7 @@ TEST(Program, MayHaveNumbersInItsEnvironment) {
             "1");
 }
 
-TEST(Program, ObeysNothingInAComment) {
+TEST(Program, IgnoresStatementsInAComment) {
   EXPECT_EQ(lengthInProgram("ID DIVISION. PROGRAM-ID. T.\n"
                             "REMARKS. USES COPY M, REPLACE ==X== BY ==Y==, EXEC SQL, AND\n"
                             "  WITH DEBUGGING MODE.\n"
@@ -241,7 +242,56 @@ TEST(Entries, MayEndTheirPictureInAnySeparators) {
 
 TEST(Entries, HaveOneValueButForConditions) {
   EXPECT_EQ(firstReport("01 A PIC 9 VALUE 1 THRU 2."),
-            "a.cpy:1:27: error: 'THRU' begins no clause of a data description [syntax]");
+            "a.cpy:1:27: error: expected a data description clause, found 'THRU' [syntax]");
+}
+
+TEST(Entries, OfTheLinkageSectionMayHaveAnyLengthWithoutAPicture) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed(
+      "PROGRAM-ID. P.\nDATA DIVISION.\nLINKAGE SECTION.\n01 A ANY LENGTH.\n01 B PIC N ANY LENGTH.");
+  EXPECT_EQ(compile(tree).diagnostics, "");
+  // A copybook may be one for that section.
+  EXPECT_EQ(lengthOf("01 A ANY LENGTH.", "A"), "1");
+  EXPECT_EQ(lengthOf("01 A PIC N ANY LENGTH.", "A"), "2");
+}
+
+TEST(Entries, MayHaveAPictureThatEndsInAComma) {
+  EXPECT_EQ(lengthOf("01 A PIC 9,9,.", "A"), "4");
+  EXPECT_EQ(lengthOf("01 A PIC 9,9, .", "A"), "3");
+}
+
+/// A line of 72 columns with `line` from column 8 on, and `rest` after it.
+std::string lineOf72(std::string line, std::string const& rest) {
+  line.insert(0, 7, ' ');
+  line.resize(72, ' ');
+  return line + rest + "\n";
+}
+
+TEST(Entries, LackAPeriodThatStandsPastColumn72) {
+  char const* report = "expected '.' at the end of the data description entry, found '05'";
+  auto reportOf = [](std::string const& line) {
+    MemoryTree tree;
+    tree.files["a.cpy"] = "       01 R.\n" + line + "       05 B PIC X.\n";
+    std::string text = compile(tree).diagnostics;
+    return text.substr(0, text.find('\n'));
+  };
+  EXPECT_EQ(
+      reportOf(lineOf72("05 A PIC X", ".")),
+      "a.cpy:2:18: error: " + std::string(report) + "; the line goes on past column 72 [period]");
+  EXPECT_EQ(reportOf(lineOf72("05 A PIC X", "  ")),
+            "a.cpy:2:18: error: " + std::string(report) + " [period]");
+  // In free format the line ends where it does.
+  EXPECT_EQ(reportOf(">>SOURCE FREE\n" + lineOf72("05 A PIC X", "VALUE 'a'")),
+            "a.cpy:3:82: error: " + std::string(report) + " [period]");
+}
+
+TEST(Entries, DoNotLackThePictureOfACopyThatFailed) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed("01 A.\n COPY a.\n01 B COPY a.\n01 C.\n COPY SQLCA.\n01 D.\n COPY .");
+  std::string diagnostics = compile(tree).diagnostics;
+  EXPECT_EQ(diagnostics.find("[picture-missing]"), std::string::npos) << diagnostics;
+  EXPECT_EQ(diagnostics.find("[period]"), std::string::npos) << diagnostics;
+  EXPECT_NE(diagnostics.find("[copy-circle]"), std::string::npos) << diagnostics;
 }
 
 }  // namespace
