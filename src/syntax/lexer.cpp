@@ -132,7 +132,7 @@ Token Lexer::readWord() {
       token.kind = Token::Kind::literal;
       break;
     case TextWord::Kind::pseudo:
-    case TextWord::Kind::directive:  // gone by now
+    case TextWord::Kind::directive:  // none is left in the text
       break;
     case TextWord::Kind::symbol:
       if (word.is(':') && isAdjacent(0) && ahead(0).kind == TextWord::Kind::word && isAdjacent(1) &&

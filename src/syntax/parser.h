@@ -8,10 +8,10 @@
 
 #include "preprocess/conditional_compilation.h"
 #include "semantics/data_item.h"
+#include "semantics/picture.h"
 #include "source/diagnostics.h"
 #include "syntax/clauses.h"
 #include "syntax/entry_parser.h"
-#include "syntax/environment_parser.h"
 #include "syntax/file_parser.h"
 #include "syntax/item_tree.h"
 #include "syntax/lexer.h"
@@ -21,6 +21,29 @@
 #include "text/text_pool.h"
 
 namespace fdmorph::compiler {
+
+/// What the environment division says about data: the currency sign, the
+/// decimal point and the names of characters. All else in it is skipped.
+class EnvironmentParser {
+ public:
+  EnvironmentParser(TokenStream& tokens, TextPool& pool, ConstantNames& constants,
+                    PictureRules& rules)
+      : m_tokens(tokens), m_pool(pool), m_constants(constants), m_rules(rules) {}
+
+  /// Parses the paragraph or clause that begins with the next token. Takes a
+  /// token at least.
+  void parse();
+
+ private:
+  void parseCurrency();
+  void parseSymbolicCharacters();
+  void defineCharacter(Token const& name, Token const& position);
+
+  TokenStream& m_tokens;
+  TextPool& m_pool;
+  ConstantNames& m_constants;
+  PictureRules& m_rules;
+};
 
 /// The divisions and sections of a program, or a copybook by itself.
 class Parser {

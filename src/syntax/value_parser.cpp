@@ -162,14 +162,16 @@ Literal ValueParser::joinLiterals(Literal first) {
   joined.kind = Literal::Kind::text;
   bool hasClass = first.kind == Literal::Kind::text;  // figurative constants have none
   bool isNational = hasClass && isNationalLiteral(first.text);
+  bool isBroken = false;
   auto add = [&](Literal const& part) {
-    joined.isOpen |= part.isOpen;
-    if (part.isOpen || part.kind == Literal::Kind::broken) return;
+    isBroken |= part.isOpen || part.kind == Literal::Kind::broken;
+    if (isBroken) return;
     std::optional<LiteralContent> decoded = contentOf(part);
     bool isText = part.kind == Literal::Kind::text;
     bool isOther = isText && hasClass && isNationalLiteral(part.text) != isNational;
     if (!decoded || isOther) {
       m_tokens.error(Code::literal, part.place, "'&' joins literals of different classes");
+      isBroken = true;
       return;
     }
     if (isText && !hasClass) {
@@ -179,7 +181,6 @@ Literal ValueParser::joinLiterals(Literal first) {
     content += decoded->text;
     joined.isBinary |= decoded->isBinary;
   };
-  bool isAll = first.isAll;
   first.isAll = false;  // ALL repeats the literals together
   add(first);
   while (m_tokens.peek().isSymbol('&')) {
@@ -193,9 +194,9 @@ Literal ValueParser::joinLiterals(Literal first) {
   }
   if (content.size() > kMaxLiteralSize) {
     reportLongLiteral(first.place);
-    content.clear();
+    isBroken = true;
   }
-  joined.isAll = isAll;
+  if (isBroken) return broken(first.place);
   joined.text = m_pool.append((isNational ? "N" : "") + quotedLiteral(content));
   return joined;
 }
