@@ -22,25 +22,25 @@ INSTANTIATE_TEST_SUITE_P(
     All, Report,
     testing::Values(
         WrongSource{"MOVE A TO B.",
-                    "a.cpy:1:8: error: 'MOVE' begins neither a program nor a data description "
+                    "a.cpy:1:8: error: expected a program or a data description, found 'MOVE' "
                     "[syntax]"},
         WrongSource{
             "01 A PIC X\n01 B PIC X.",
-            "a.cpy:1:18: error: the period at the end of the data description entry is missing "
+            "a.cpy:1:18: error: expected '.' at the end of the data description entry, found '01' "
             "[period]"},
         WrongSource{"01 A PIC X.\n50 B PIC X.",
-                    "a.cpy:2:8: error: '50' is no level number [level]"},
+                    "a.cpy:2:8: error: invalid level number '50' [level]"},
         WrongSource{"01 A.\n 10 B PIC X.\n 05 C PIC X.",
-                    "a.cpy:3:12: error: level 5 follows level 10 in the same group [level-order]"},
+                    "a.cpy:3:12: error: level 5 does not match any open level [level-order]"},
         WrongSource{"01 A.", "a.cpy:1:11: error: the item 'A' has no picture [picture-missing]"},
         WrongSource{"01 A PIC X.\n 05 B PIC X.",
                     "a.cpy:1:17: error: the item 'A' has a picture and items below it [picture]"},
         WrongSource{"01 A PIC X PIC X.",
-                    "a.cpy:1:19: error: the entry has two PIC clauses [duplicate-clause]"},
+                    "a.cpy:1:19: error: duplicate PIC clause [duplicate-clause]"},
         WrongSource{"01 A PIC 9Z.", "a.cpy:1:17: error: a suppressed zero follows a '9' [picture]"},
         WrongSource{"01 A PIC X COMP.",
                     "a.cpy:1:17: error: the picture doesn't go with the usage comp-4 [usage]"},
-        WrongSource{"01 A PIC X USAGE FOO.", "a.cpy:1:25: error: 'FOO' is no usage [usage]"},
+        WrongSource{"01 A PIC X USAGE FOO.", "a.cpy:1:25: error: unknown usage 'FOO' [usage]"},
         WrongSource{"01 A PIC 9 JUST.",
                     "a.cpy:1:11: error: JUSTIFIED needs a picture of characters [clause]"},
         WrongSource{
@@ -50,16 +50,15 @@ INSTANTIATE_TEST_SUITE_P(
         WrongSource{"01 A PIC X OCCURS 1 TO 3 DEPENDING ON N.",
                     "a.cpy:1:46: error: 'N' is not defined [depending]"},
         WrongSource{"01 A PIC X OCCURS 0.",
-                    "a.cpy:1:19: error: the table occurs zero times [occurs]"},
-        WrongSource{
-            "01 A PIC X OCCURS 3 TO 2 DEPENDING ON B.\n01 B PIC 9.",
-            "a.cpy:1:19: error: OCCURS runs from a number to a smaller or equal one [occurs]"},
+                    "a.cpy:1:19: error: a table must occur at least once [occurs]"},
+        WrongSource{"01 A PIC X OCCURS 3 TO 2 DEPENDING ON B.\n01 B PIC 9.",
+                    "a.cpy:1:19: error: OCCURS range must end above its start [occurs]"},
         WrongSource{"01 A PIC X VALUE .",
-                    "a.cpy:1:25: error: VALUE is followed by '.', no literal [value]"},
+                    "a.cpy:1:25: error: expected a literal after VALUE, found '.' [value]"},
         WrongSource{"01 A PIC X VALUE \"x.",
-                    "a.cpy:1:25: error: the literal has no closing quote [literal]"},
+                    "a.cpy:1:25: error: literal has no closing quote [literal]"},
         WrongSource{"01 A PIC X VALUE X\"4\".",
-                    "a.cpy:1:25: error: 'X\"4\"' is no hexadecimal literal [literal]"},
+                    "a.cpy:1:25: error: invalid hexadecimal literal 'X\"4\"' [literal]"},
         WrongSource{"01 A.\n 05 B PIC X.\n66 C RENAMES D.",
                     "a.cpy:3:21: error: 'D' is not defined [renames]"},
         WrongSource{"01 R.\n 05 A.\n  10 B PIC X.\n66 C RENAMES A THRU B.",
@@ -69,24 +68,26 @@ INSTANTIATE_TEST_SUITE_P(
                     "a.cpy:1:8: error: COPY is not followed by the name of a member [copy-syntax]"},
         WrongSource{"EXEC SQL SELECT", "a.cpy:1:8: error: END-EXEC is missing [exec-end]"},
         WrongSource{"DATA DIVISION.\nWORKING-STORAGE SECTION.\n01 :T:-A PIC X.",
-                    "a.cpy:3:11: error: the name ':T:-A' holds a tag that nothing replaces [name]"},
+                    "a.cpy:3:11: error: tag ':T:' in name ':T:-A' is not replaced [name]"},
         WrongSource{"01 A PIC X FOO BAR.",
-                    "a.cpy:1:19: error: 'FOO' begins no clause of a data description [syntax]"},
+                    "a.cpy:1:19: error: expected a data description clause, found 'FOO' [syntax]"},
         WrongSource{"01 A PIC X.\n 88 B VALUE 1 PIC X.",
-                    "a.cpy:2:22: error: 'PIC' doesn't belong to a condition [syntax]"},
+                    "a.cpy:2:22: error: expected '.' at the end of the condition entry, found "
+                    "'PIC' [syntax]"},
         WrongSource{"01 A.\n 05 B PIC X.\n66 C RENAMES B PIC X.",
-                    "a.cpy:3:23: error: 'PIC' doesn't belong to an entry of level 66 [syntax]"},
+                    "a.cpy:3:23: error: expected '.' at the end of the level 66 entry, found 'PIC' "
+                    "[syntax]"},
         WrongSource{"01 A.\n 05 B PIC X GLOBAL.",
-                    "a.cpy:2:20: error: GLOBAL needs an item of level 01 or 77 [clause]"},
+                    "a.cpy:2:20: error: GLOBAL requires level 1 or 77, found level 5 [clause]"},
         WrongSource{"01 A.\n 05 B PIC X EXTERNAL.",
-                    "a.cpy:2:20: error: EXTERNAL needs an item of level 01 or 77 [clause]"},
+                    "a.cpy:2:20: error: EXTERNAL requires level 1 or 77, found level 5 [clause]"},
         WrongSource{"01 A.\n 05 B OCCURS 5 ASCENDING KEY D.\n  10 C PIC X.\n 05 D PIC X.",
                     "a.cpy:2:37: error: the key 'D' doesn't stand in the table [occurs]"},
         WrongSource{
             "01 A PIC S9 BLANK WHEN ZERO.",
             "a.cpy:1:11: error: BLANK WHEN ZERO excludes 'S' and '*' in the picture [clause]"},
         WrongSource{"78 K VALUE 1.\n78 K VALUE 2.",
-                    "a.cpy:2:11: error: the constant 'K' is defined twice [constant]"}),
+                    "a.cpy:2:11: error: constant 'K' is already defined [constant]"}),
     [](auto const& info) { return parameterName(info.index, info.param.source); });
 
 TEST(Diagnostics, ShowTheLineTheCaretAndTheCopyChain) {
