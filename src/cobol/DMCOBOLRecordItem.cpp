@@ -18,7 +18,7 @@ void CDMCOBOLRecordItem::setCOBOLDataName(std::string_view& target, std::string_
   if (isAscii(ruled)) {
     std::replace(ruled.begin(), ruled.end(), '_', '-');
   } else {
-    // In some encodings the underscore's byte is also the tail of a character.
+    // In some encodings the byte of the underscore can also end a character.
     std::wstring wide = my_mbstowcs(ruled.c_str());
     std::replace(wide.begin(), wide.end(), L'_', L'-');
     ruled = my_wcstombs(wide.c_str());
@@ -62,8 +62,8 @@ void CDMCOBOLRecordItem::addFirstChild(CDMCOBOLRecordItem* child) {
 }
 
 void CDMCOBOLRecordItem::removeChild(CDMCOBOLRecordItem* child) {
-  // An item is taken out soon after it was added, so it stands near the end;
-  // its own count of placements ends the search.
+  // Items are removed soon after they were added, so the search begins at the
+  // end. It stops when the item has no place left.
   for (auto at = children.end(); child->placements > 0 && at != children.begin();) {
     --at;
     if (*at != child) continue;

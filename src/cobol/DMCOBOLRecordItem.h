@@ -17,11 +17,11 @@ namespace fdmorph {
 inline constexpr int kConditionLevel = 88;
 inline constexpr int kMaxLevel = 49;
 
-/// Where a type derivation has left an item.
+/// The kind of content in which the type of an item is derived.
 enum class DerivationKind : unsigned {
   none = 0,
   complexContent = 1,  ///< also the items of a union
-  simpleContent = 2,   ///< the next declaration of the same kind merges into it
+  simpleContent = 2,   ///< the next declaration of the same kind completes it
 };
 
 class CDMCOBOLRecordItem {
@@ -35,9 +35,8 @@ class CDMCOBOLRecordItem {
     setCOBOLDataName(dataName, name, texts);
   }
 
-  /// Whether the item can be written. An item that has a name and a usable
-  /// level but no content says so in a warning on the error stream, each time
-  /// that it is asked.
+  /// True if the item can be written. If it has a name and a valid level but
+  /// no content, each call prints a warning on the error stream.
   bool IsValidCOBOLItem() const {
     return checkWritable() == Writability::writable || warnIfEmpty();
   }
@@ -45,7 +44,7 @@ class CDMCOBOLRecordItem {
   enum class Writability {
     writable,
     silent,  ///< not writable, without a message
-    empty,   ///< not writable: a group of nothing, or half a picture
+    empty,   ///< not writable: an empty group, or half a picture
   };
   Writability checkWritable() const;
 
@@ -55,11 +54,11 @@ class CDMCOBOLRecordItem {
   void addChild(CDMCOBOLRecordItem* child);
   void addFirstChild(CDMCOBOLRecordItem* child);
 
-  /// Takes every entry of `child` out of the children. Its `parent` stays.
+  /// Removes every entry of `child` from the children. Its `parent` stays.
   void removeChild(CDMCOBOLRecordItem* child);
 
-  /// Takes all condition names out of the children and returns them.
-  std::vector<CDMCOBOLRecordItem*> removeConditions();
+  /// Removes all condition names from the children and returns them.
+  [[nodiscard]] std::vector<CDMCOBOLRecordItem*> removeConditions();
 
   int levelNumber = -1;   ///< negative: unwritable; 88: a condition name
   int totalDigits = -1;   ///< of the facet; -1 without one

@@ -2,10 +2,10 @@
 //
 // The walker calls one Process function for each element that it visits. The
 // function works on the item at the walk's position and returns a Conversion:
-// what it made, and how the walk goes on. It can call the walker again.
+// what it made, and how the walk continues. It can call the walker again.
 //
 // No conversion failure ends a run. It is one line on the error stream; the
-// item is removed or left out, and the walk goes on.
+// item is removed or left out, and the walk continues.
 #pragma once
 
 #include <string_view>
@@ -36,7 +36,7 @@ struct Visit {
   CDMCOBOLRecordItem* current = nullptr;  ///< now in place of the position's item
 };
 
-/// What a Process function made of one element, and how the walk goes on.
+/// What a Process function made of one element, and how the walk continues.
 struct Conversion {
   CDMCOBOLRecordItem* item = nullptr;     ///< the element's item; null: it failed
   CDMCOBOLRecordItem* current = nullptr;  ///< now in place of the position's item
@@ -60,8 +60,8 @@ struct Conversion {
   }
 
   /// `next` is visited instead of the children, at the same level or below.
-  static Conversion goOn(CDMXMLElement* next, unsigned addedLevels, CDMCOBOLRecordItem* item,
-                         CDMCOBOLRecordItem* current) {
+  static Conversion follow(CDMXMLElement* next, unsigned addedLevels, CDMCOBOLRecordItem* item,
+                           CDMCOBOLRecordItem* current) {
     return {item, current, false, next, addedLevels};
   }
 

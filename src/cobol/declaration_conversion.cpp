@@ -39,14 +39,14 @@ bool wouldContainItself(SchemaWalker& walker, DeclaredItem const& declared) {
   return walker.open().wouldContainItself(declared.item, walker.components());
 }
 
-// Goes on with the global declaration that completes the item.
+// Follows a reference to the global declaration that completes the item.
 Conversion followReference(SchemaWalker& walker, CDMXMLElement* global,
                            DeclaredItem const& declared) {
   walker.builder().setElementNamespace(declared.item, global);
-  return Conversion::goOn(global, 0, declared.item, declared.current);
+  return Conversion::follow(global, 0, declared.item, declared.current);
 }
 
-// Goes on with the definition of a named type.
+// Follows the name of a type to its definition.
 Conversion followNamedType(SchemaWalker& walker, CDMXMLElement* element, std::string_view type,
                            DeclaredItem const& declared) {
   if (wouldContainItself(walker, declared)) return refuseRecursion(walker, declared);
@@ -60,7 +60,7 @@ Conversion followNamedType(SchemaWalker& walker, CDMXMLElement* element, std::st
   if (auto uri = walker.namespaces().getTypeNamespace(element, type)) {
     declared.item->xmlNamespace = *uri;
   }
-  return Conversion::goOn(definition, 1, declared.item, declared.current);
+  return Conversion::follow(definition, 1, declared.item, declared.current);
 }
 
 /// What becomes of the items of a substitution group's members.

@@ -14,13 +14,13 @@ constexpr int kNothingYet = 73;             // column of a logical line without 
 constexpr int kAreaA = 7;                   // offset of the first line's text
 constexpr int kWrappedText = 10;            // offset of a wrapped line's text
 constexpr int kMaxMargin = 61;              // leaves one column on a wrapped line
-constexpr int kSafeMargin = 60;             // and one behind a reopening quote
+constexpr int kSafeMargin = 60;             // and one after a reopened quote
 constexpr std::size_t kExpectedText = 256;  // bytes; saves growing in small steps
 constexpr std::string_view kMovedPrefix = "          ";
 constexpr std::string_view kCommentPrefix = "      *   ";
 constexpr std::string_view kContinuedPrefix = "      -   ";
 
-// As many blanks as go through the layout at once.
+// The longest run of blanks that the layout takes as one token.
 constexpr auto kBlanks = [] {
   std::array<char, 254> blanks{};
   blanks.fill(' ');
@@ -80,8 +80,8 @@ void FixedFormatLayout::OutputCOBOLToken(std::string_view token) {
                         token[static_cast<std::size_t>(at)] == '\r')) {
       return;
     }
-    // The whole token's length counts, also for its later pieces: what went to
-    // a line of its own takes a line of its own to the end.
+    // The length of the whole token counts for its later pieces too, so each of
+    // them begins a new line.
     if (length + m_column > kLastColumn) {
       if (m_column > kLastColumn) {
         beginFirstLine();

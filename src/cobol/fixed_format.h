@@ -5,8 +5,8 @@
 // a comment, "-" for a line that continues a word or literal of the line
 // before. A logical line is cut at blanks; the blanks before a token that
 // moves down stay at the end of the line above. A token that is too long even
-// for a line of its own fills it and goes on behind a "-"; a literal reopens
-// there with a double quote.
+// for a line of its own fills that line and continues after a "-" on the next.
+// A literal is reopened there with a double quote.
 #pragma once
 
 #include <ostream>
@@ -21,15 +21,15 @@ namespace fdmorph {
 void OutputFixedFormatCOBOL(std::string_view line, std::ostream& stream);
 
 /// Builds physical lines from tokens. Columns count characters from 0 at the
-/// left edge: column N means that N characters stand on the line.
+/// left edge: column N means that the line has N characters.
 class FixedFormatLayout {
  public:
   /// `margin`: columns by which the line is moved right of area A.
   FixedFormatLayout(int margin, bool isComment);
 
   /// Appends one token, or a run of blanks, to the text. A line feed or a
-  /// carriage return where writing begins or goes on ends the token; the rest
-  /// of it is dropped.
+  /// carriage return at the start of the token, or of a later piece of it, ends
+  /// the token; the rest of it is dropped.
   void OutputCOBOLToken(std::string_view token);
 
   /// The physical lines so far, the last one without its line end.

@@ -13,7 +13,7 @@
 namespace fdmorph {
 
 /// Answers for one schema. The views in the answers live as long as the
-/// schema's nodes, those for a missing declaration for ever.
+/// schema's nodes.
 class NamespaceLookup {
  public:
   using Namespace = std::optional<std::string_view>;

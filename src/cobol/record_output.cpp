@@ -98,7 +98,7 @@ void RecordOutput::buildLogicalLine(CDMCOBOLRecordItem const& item) {
     m_line += " USAGE ";
     m_line += item.usage;
   }
-  // The bound "unbounded" gives no occurs clause, and the minimum none at all.
+  // The bound "unbounded" has no clause, and the minimum never has one.
   if (item.maxOccurs != "1" && item.maxOccurs != "unbounded") {
     m_line += " occurs ";
     m_line += item.maxOccurs;

@@ -4,7 +4,7 @@
 // isRecursivePattern has looked at the record itself: a guarded hop. A group
 // reference, a `base` and the member type of a union have no such test. Such an
 // unguarded hop into a definition that is already open, with no guarded hop
-// made since it was opened, would repeat itself for ever. With a guarded hop in
+// made since it was opened, would recurse without end. With a guarded hop in
 // between, the test of that hop ends the circle.
 #pragma once
 
@@ -24,7 +24,7 @@ namespace fdmorph {
 /// The definitions that the walk of one record is inside of.
 class OpenDefinitions {
  public:
-  /// True if an unguarded hop into `definition` would repeat itself for ever.
+  /// True if an unguarded hop into `definition` would recurse without end.
   [[nodiscard]] bool wouldRecurse(CDMXMLElement const* definition) const;
 
   /// True if `definition` has been opened, or noted, in this record.

@@ -5,7 +5,7 @@
 
 namespace fdmorph {
 
-/// What a schema document's element is (XML Schema: Structures).
+/// The kind of an element of a schema document (XML Schema: Structures).
 enum class SchemaElementKind {
   schema = 0,
   element = 1,
@@ -42,8 +42,8 @@ enum class SchemaElementKind {
 /// only.
 SchemaElementKind schemaElementKind(CDMXMLElement const* element);
 
-/// What the conversion to COBOL takes an element for. Without an enumerator
-/// for enumerations, so from `group` on the values are one lower than those of
+/// The same for the conversion to COBOL. It has no enumerator for enumerations,
+/// so from `group` on the values are one lower than those of
 /// SchemaElementKind. The two must not be mixed up.
 enum class GeneratorElementKind {
   schema = 0,

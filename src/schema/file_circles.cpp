@@ -43,7 +43,7 @@ bool FileCircles::enter(std::string const& location) {
     return false;
   }
   if (file->isInCircle) return false;
-  // All that it leads to is finished, so a second reading finds no new circle.
+  // Everything it leads to is finished, so reading it again finds no new circle.
   m_reading.push_back(nullptr);
   return true;
 }

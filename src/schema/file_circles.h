@@ -24,7 +24,7 @@ class FileCircles {
   /// Notes that the file being read refers to `location`, a path or a URL.
   /// True if that file is to be read now. The caller then reads it and calls
   /// leave. False if it is to be skipped.
-  bool enter(std::string const& location);
+  [[nodiscard]] bool enter(std::string const& location);
 
   /// Notes that the file entered last has been read, and all it refers to.
   void leave();

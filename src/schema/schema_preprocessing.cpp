@@ -66,8 +66,7 @@ void redefineComponents(CDMXMLElement const* part, std::vector<CDMXMLElement*>& 
 
 SchemaSet SchemaPreprocessing::PreProcessSchema(CDMXMLElement* element, std::string path) {
   m_schema.main.schemaPath = std::move(path);
-  if (element != nullptr) {
-    m_circles.enter(m_schema.main.schemaPath);
+  if (element != nullptr && m_circles.enter(m_schema.main.schemaPath)) {
     readParts(element, m_schema.main);
     m_circles.leave();
   }

@@ -34,8 +34,8 @@ class SchemaPreprocessing {
   /// `loader` brings the files. It must outlive this object.
   explicit SchemaPreprocessing(SchemaLoader& loader) : m_loader(loader) {}
 
-  /// The schema whose tree has the top node `element` (null gives an empty
-  /// document). `path` is its full path, the base of relative locations. To be
+  /// The schema whose tree has the top node `element` (null: the document
+  /// stays empty). `path` is its full path, the base of relative locations. To be
   /// called once.
   [[nodiscard]] SchemaSet PreProcessSchema(CDMXMLElement* element, std::string path);
 

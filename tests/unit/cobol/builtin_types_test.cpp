@@ -1,4 +1,4 @@
-// The built-in types and the pictures that they become.
+// The built-in types and their pictures.
 
 #include "cobol/builtin_types.h"
 
@@ -128,7 +128,7 @@ TEST_F(BuiltinTypes, AllButTheListTypesAreSupported) {
   }
 }
 
-TEST_F(BuiltinTypes, ListTypesInTheTableAreToldFromUnknownNames) {
+TEST_F(BuiltinTypes, ListTypesInTheTableDifferFromUnknownNames) {
   EXPECT_EQ(builtinTypeClass("IDREFS"), BuiltinTypeClass::list);
   EXPECT_EQ(builtinTypeClass("ENTITIES"), BuiltinTypeClass::list);
   EXPECT_EQ(builtinTypeClass("NMTOKENS"), BuiltinTypeClass::unknown);

@@ -1,4 +1,4 @@
-// Which component a name stands for.
+// The component that a name stands for.
 
 #include "cobol/component_search.h"
 
@@ -19,8 +19,9 @@ class Components : public QueryTest {
     return CDMXMLNamespaceSchemaPair::findDocumentByNamespace(uri, document->importedSchemas);
   }
 
-  /// A schema of the namespace urn:main, with its own prefix m, with "urn:a"
-  /// as a and with "urn:unknown" as u, and an element e as the place to look from.
+  /// A schema with the namespace urn:main. It declares the prefixes m for its
+  /// own namespace, a for urn:a and u for urn:unknown, and has an element e
+  /// from which the searches start.
   static Tree mainSchema(std::vector<Tree> children) {
     children.push_back(element("e"));
     Tree tree = schemaOf("urn:main", std::move(children));
@@ -31,7 +32,7 @@ class Components : public QueryTest {
   }
 };
 
-TEST_F(Components, LooksIntoTheListThatIsNamed) {
+TEST_F(Components, SearchesTheListOfTheGivenKind) {
   use(mainSchema({component("complexType", "N"), component("simpleType", "N"),
                   component("element", "N"), component("attribute", "N"), component("group", "N"),
                   component("attributeGroup", "N")}));
@@ -67,7 +68,7 @@ TEST_F(Components, FindsOldVersionsOfRedefinedComponents) {
   EXPECT_EQ(find("m:T")->getParent()->name, "xs:redefine");
 }
 
-TEST_F(Components, OtherNumbersNameNoList) {
+TEST_F(Components, OtherNumbersHaveNoList) {
   use(mainSchema({component("complexType", "N")}));
   for (unsigned number : {0U, 8U, 9U, 11U, 1000U}) {
     EXPECT_EQ(find("m:N", static_cast<Search>(number)), nullptr) << number;
@@ -124,7 +125,7 @@ TEST_F(Components, ForeignNamespaceFindsNothing) {
   EXPECT_EQ(find("u:T"), nullptr);
 }
 
-TEST_F(Components, ForeignNamespaceIsTheMainSchemasOwnWhenThatHasNone) {
+TEST_F(Components, ForeignNamespaceIsTheMainSchemaIfThatHasNone) {
   use({"xs:schema", {{"xmlns:u", "urn:unknown"}}, {element("e"), component("complexType", "T")}});
   EXPECT_NE(find("u:T"), nullptr);
 }
@@ -154,7 +155,7 @@ TEST_F(Components, WithoutADocumentNothingIsFound) {
   EXPECT_EQ(empty.findElementByName(at("e"), "m:T", Search::complexTypes), nullptr);
 }
 
-TEST_F(Components, OfTwoTypesOfOneNameTheKindSoughtFirstIsFound) {
+TEST_F(Components, OfTwoTypesOfOneNameTheOneSearchedFirstIsFound) {
   use(mainSchema({component("simpleType", "T"), component("complexType", "T"),
                   component("simpleType", "S"), component("complexType", "C")}));
   EXPECT_EQ(components->findTypeComplexFirst(at("e"), "m:T")->name, "xs:complexType");

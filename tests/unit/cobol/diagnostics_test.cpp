@@ -9,7 +9,7 @@ namespace {
 
 class Diagnostics : public GeneratorTest {};
 
-TEST_F(Diagnostics, IndentIsSoManyBlanks) {
+TEST_F(Diagnostics, IndentIsANumberOfBlanks) {
   CDMCOBOLGenerator::writeIndent(3);
   CDMCOBOLGenerator::writeIndent(0);
   EXPECT_EQ(captured.out(), "   ");
@@ -20,7 +20,7 @@ TEST_F(Diagnostics, LevelHasTwoDigitsAndTwoBlanks) {
   EXPECT_EQ(captured.out(), "01  09  10  88  ");
 }
 
-TEST_F(Diagnostics, NameAndTypeHaveABlankBehind) {
+TEST_F(Diagnostics, NameAndTypeEndInABlank) {
   EXPECT_TRUE(CDMCOBOLGenerator::writeRecordName("a"));
   EXPECT_TRUE(CDMCOBOLGenerator::writeCOBOLType("PIC X"));
   EXPECT_EQ(captured.out(), "a PIC X ");
@@ -45,7 +45,7 @@ TEST_F(Diagnostics, ItemIsOneLineWithoutALineEnd) {
   EXPECT_EQ(captured.out(), "    02  a PIC X identified by \"b\" is attribute");
 }
 
-TEST_F(Diagnostics, ItemLeavesOutWhatItHasNot) {
+TEST_F(Diagnostics, ItemLeavesOutEmptyTexts) {
   CDMCOBOLGenerator::writeRecordItem("a", "", "", 1, 0, false);
   EXPECT_EQ(captured.out(), "01  a ");
 }
@@ -56,7 +56,7 @@ TEST_F(Diagnostics, DumpShowsAnElementWithItsAttributes) {
   EXPECT_EQ(captured.err(), "--xs:element name=\"a\" type=\"xs:int\" \n");
 }
 
-TEST_F(Diagnostics, DumpGoesDownByABlankEach) {
+TEST_F(Diagnostics, DumpIndentsEachLevelByABlank) {
   use(schema({element("a", {}, {sequenceType({element("b")})})}));
   CDMCOBOLGenerator::dumpElement(at("a"), true, "");
   EXPECT_EQ(captured.err(),

@@ -43,7 +43,7 @@ TEST_F(Enumeration, ValuesAreNumberedInOrder) {
               ElementsAre("enumerator-0=RED", "enumerator-1=BLUE", "enumerator-2=GREEN"));
 }
 
-TEST_F(Enumeration, ConditionStandsBelowItsItem) {
+TEST_F(Enumeration, ConditionIsAChildOfItsItem) {
   item->levelNumber = 5;
   item->indent = 11;
   add({"RED"});
@@ -56,12 +56,12 @@ TEST_F(Enumeration, ConditionStandsBelowItsItem) {
   EXPECT_EQ(condition->identifiedBy, "");
 }
 
-TEST_F(Enumeration, ValueThatStandsTwiceGivesOneCondition) {
+TEST_F(Enumeration, RepeatedValueHasOneCondition) {
   add({"A", "A"});
   EXPECT_THAT(conditions(), ElementsAre("enumerator-0=A"));
 }
 
-TEST_F(Enumeration, RepeatedValueRaisesTheNextNumberByItsPlace) {
+TEST_F(Enumeration, RepeatedValueRaisesTheNextNumberByItsPosition) {
   add({"A", "B", "B", "C"});
   EXPECT_THAT(conditions(), ElementsAre("enumerator-0=A", "enumerator-1=B", "enumerator-3=C"));
 }
@@ -77,7 +77,7 @@ TEST_F(Enumeration, RepetitionsAddUp) {
               ElementsAre("enumerator-0=A", "enumerator-1=B", "enumerator-4=C", "enumerator-3=D"));
 }
 
-TEST_F(Enumeration, OtherChildrenCount) {
+TEST_F(Enumeration, OtherChildrenAddToTheNumber) {
   makeField(item, "color-value");
   add({"RED", "BLUE"});
   EXPECT_THAT(conditions(), ElementsAre("enumerator-1=RED", "enumerator-2=BLUE"));
@@ -89,13 +89,13 @@ TEST_F(Enumeration, ValuesAreComparedExactly) {
               ElementsAre("enumerator-0=red", "enumerator-1=RED", "enumerator-2=red "));
 }
 
-TEST_F(Enumeration, OfADerivedTypeReplacesThatOfItsBase) {
+TEST_F(Enumeration, OfADerivedTypeReplacesTheOneOfItsBase) {
   add({"RED", "BLUE", "GREEN"});
   add({"GREEN", "RED"});
   EXPECT_THAT(conditions(), ElementsAre("enumerator-0=GREEN", "enumerator-1=RED"));
 }
 
-TEST_F(Enumeration, ValueItemOfTheBaseStaysInFrontAndCounts) {
+TEST_F(Enumeration, ValueItemOfTheBaseStaysFirstAndAddsToTheNumber) {
   add({"RED", "BLUE"});
   CDMCOBOLRecordItem* value = makeField(item, "color-value");
   add({"BLUE"});
@@ -103,13 +103,13 @@ TEST_F(Enumeration, ValueItemOfTheBaseStaysInFrontAndCounts) {
   EXPECT_THAT(conditions(), ElementsAre("enumerator-1=BLUE"));
 }
 
-TEST_F(Enumeration, WithoutValuesThatOfTheBaseStays) {
+TEST_F(Enumeration, WithoutValuesKeepsTheOneOfTheBase) {
   add({"RED"});
   add({});
   EXPECT_THAT(conditions(), ElementsAre("enumerator-0=RED"));
 }
 
-TEST_F(Enumeration, HolderThatIsNoRestrictionKeepsWhatStands) {
+TEST_F(Enumeration, HolderOtherThanARestrictionKeepsTheConditions) {
   add({"RED", "BLUE"});
   restriction.name = "xs:simpleType";
   add({"BLUE", "GREEN"});
@@ -122,7 +122,7 @@ TEST_F(Enumeration, EmptyValueIsAValue) {
   EXPECT_THAT(conditions(), ElementsAre("enumerator-0=", "enumerator-1=A"));
 }
 
-TEST_F(Enumeration, ConditionsThatWereReplacedAreEndedOnce) {
+TEST_F(Enumeration, ReplacedConditionsAreReleasedOnce) {
   add({"RED", "BLUE"});
   add({"GREEN"});
   EXPECT_THAT((std::set{item->children.front(), store.create(), store.create()}), SizeIs(3));

@@ -26,18 +26,18 @@ TEST(FacetTypes, EachNameHasItsNumber) {
   for (unsigned i = 0; i < kFacets.size(); ++i) EXPECT_EQ(typeOf(kFacets[i]), i) << kFacets[i];
 }
 
-TEST(FacetTypes, PrefixIsSteppedOver) {
+TEST(FacetTypes, PrefixIsIgnored) {
   EXPECT_EQ(typeOf("xs:maxLength"), 2U);
   EXPECT_EQ(typeOf("xsd:fractionDigits"), 11U);
 }
 
-TEST(FacetTypes, AnythingElseIsNoFacet) {
+TEST(FacetTypes, OtherNamesAreNotFacets) {
   for (char const* name : {"Length", "whitespace", "simpleType", "annotation", "", "length "}) {
     EXPECT_EQ(typeOf(name), 12U) << name;
   }
 }
 
-TEST(FacetTypes, NullIsNoFacet) {
+TEST(FacetTypes, NullIsNotAFacet) {
   EXPECT_EQ(getFacetType(nullptr), FacetType::other);
 }
 
@@ -47,7 +47,7 @@ TEST(DecimalValue, OfANumber) {
   EXPECT_EQ(decimalValue("007"), 7);
 }
 
-TEST(DecimalValue, SignAndWhiteSpaceMayStandInFront) {
+TEST(DecimalValue, SignAndWhiteSpaceMayPrecede) {
   EXPECT_EQ(decimalValue("-3"), -3);
   EXPECT_EQ(decimalValue("+5"), 5);
   EXPECT_EQ(decimalValue(" \t\n12"), 12);
@@ -65,7 +65,7 @@ TEST(DecimalValue, TextWithoutANumberIsZero) {
   EXPECT_EQ(decimalValue("x12"), 0);
 }
 
-TEST(DecimalValue, EndsWithItsText) {
+TEST(DecimalValue, StopsAtTheEndOfTheText) {
   EXPECT_EQ(decimalValue(std::string_view("1234", 2)), 12);
 }
 

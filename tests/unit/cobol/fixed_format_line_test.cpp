@@ -11,11 +11,11 @@
 namespace fdmorph {
 namespace {
 
-TEST(FixedFormatLine, ThatFitsStaysAsItIs) {
+TEST(FixedFormatLine, ThatFitsIsUnchanged) {
   EXPECT_EQ(layOut("       01 a PIC X(80)."), "       01 a PIC X(80).\n");
 }
 
-TEST(FixedFormatLine, BeginsInAreaAAtLeast) {
+TEST(FixedFormatLine, BeginsNoFurtherLeftThanAreaA) {
   EXPECT_EQ(layOut("01 a."), blanks(7) + "01 a.\n");
   EXPECT_EQ(layOut("   01 a."), blanks(7) + "01 a.\n");
 }
@@ -35,12 +35,12 @@ TEST(FixedFormatLine, TokenThatWouldReachColumn73MovesDown) {
             blanks(7) + repeat(40, 'x') + " \n" + blanks(10) + repeat(25, 'y') + "\n");
 }
 
-TEST(FixedFormatLine, BlanksBeforeAMovedTokenStayAbove) {
+TEST(FixedFormatLine, BlanksBeforeAMovedTokenStayOnTheLineAbove) {
   EXPECT_EQ(layOut(blanks(7) + repeat(40, 'x') + "   " + repeat(25, 'y')),
             blanks(7) + repeat(40, 'x') + "   \n" + blanks(10) + repeat(25, 'y') + "\n");
 }
 
-TEST(FixedFormatLine, BlankBehindColumn72OpensTheNextLine) {
+TEST(FixedFormatLine, BlankAfterColumn72BeginsTheNextLine) {
   EXPECT_EQ(layOut(blanks(7) + repeat(65, 'x') + " b"),
             blanks(7) + repeat(65, 'x') + "\n" + blanks(10) + " b\n");
 }
@@ -63,7 +63,7 @@ TEST(FixedFormatLine, TrailingBlanksAreLeftOut) {
   EXPECT_EQ(layOut(blanks(7) + "a.  \t"), blanks(7) + "a.\n");
 }
 
-TEST(FixedFormatLine, WrappedLinesStandTheMarginFurtherRight) {
+TEST(FixedFormatLine, WrappedLinesAreIndentedByTheMargin) {
   EXPECT_EQ(layOut(blanks(11) + repeat(40, 'x') + " " + repeat(40, 'y') + " " + repeat(40, 'z')),
             blanks(11) + repeat(40, 'x') + " \n" + blanks(14) + repeat(40, 'y') + " \n" +
                 blanks(14) + repeat(40, 'z') + "\n");
@@ -84,7 +84,7 @@ TEST(FixedFormatLine, LongEntryTakesFourLines) {
       first + "\n" + second + "\n" + third + "\n" + blanks(14) + "count in " + name + "-count.\n");
 }
 
-TEST(FixedFormatComment, AsteriskStandsInColumn7) {
+TEST(FixedFormatComment, AsteriskIsInColumn7) {
   EXPECT_EQ(layOut(blanks(7) + "* text"), blanks(6) + "* text\n");
 }
 
@@ -102,13 +102,13 @@ TEST(FixedFormatComment, WrappedLinesKeepTheMargin) {
             blanks(8) + "* " + repeat(40, 'x') + " \n      *     " + repeat(30, 'y') + "\n");
 }
 
-TEST(FixedFormatComment, LongTokenGoesOnWithoutAHyphen) {
+TEST(FixedFormatComment, LongTokenContinuesWithoutAHyphen) {
   EXPECT_EQ(
       layOut(blanks(7) + "* " + repeat(100, 'y')),
       blanks(6) + "* \n      *   " + repeat(62, 'y') + "\n      *   " + repeat(38, 'y') + "\n");
 }
 
-TEST(FixedFormatComment, NeedsAnAsteriskOfItsOwn) {
+TEST(FixedFormatComment, NeedsAnAsteriskAsAToken) {
   EXPECT_EQ(layOut(blanks(7) + "*x y"), blanks(7) + "*x y\n");
   EXPECT_EQ(layOut(blanks(7) + "** y"), blanks(7) + "** y\n");
   EXPECT_EQ(layOut(blanks(7) + "x * y"), blanks(7) + "x * y\n");
@@ -116,7 +116,7 @@ TEST(FixedFormatComment, NeedsAnAsteriskOfItsOwn) {
 
 class FixedFormatStream : public ConsoleTest {};
 
-TEST_F(FixedFormatStream, FailedOneIsReplacedByTheOutputStream) {
+TEST_F(FixedFormatStream, FailedStreamIsReplacedByTheOutputStream) {
   for (auto state : {std::ios::failbit, std::ios::badbit}) {
     std::ostringstream stream;
     stream.setstate(state);
@@ -126,7 +126,7 @@ TEST_F(FixedFormatStream, FailedOneIsReplacedByTheOutputStream) {
   EXPECT_EQ(captured.out(), blanks(7) + "a\n" + blanks(7) + "a\n");
 }
 
-TEST_F(FixedFormatStream, GoodOneTakesTheLine) {
+TEST_F(FixedFormatStream, GoodStreamReceivesTheLine) {
   EXPECT_EQ(layOut("a"), blanks(7) + "a\n");
   EXPECT_EQ(captured.out(), "");
 }

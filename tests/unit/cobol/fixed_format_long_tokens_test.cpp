@@ -1,4 +1,4 @@
-// Tokens that are too long for a line, and line ends inside of tokens.
+// Tokens that are too long for a line, and line ends in tokens.
 
 #include <gtest/gtest.h>
 
@@ -38,13 +38,13 @@ TEST(LongToken, FillsEachLineToColumn72) {
                 kContinued + repeat(62, 'y') + kContinued + repeat(14, 'y') + "\n");
 }
 
-TEST(LongToken, KeepsTheMarginBehindTheHyphen) {
+TEST(LongToken, KeepsTheMarginAfterTheHyphen) {
   EXPECT_EQ(layOut(blanks(9) + "a " + repeat(72, 'y')), blanks(9) + "a \n" + blanks(12) +
                                                             repeat(60, 'y') + kContinued +
                                                             blanks(2) + repeat(12, 'y') + "\n");
 }
 
-TEST(LongToken, TextGoesOnBehindItsEnd) {
+TEST(LongToken, TextContinuesAfterItsEnd) {
   EXPECT_EQ(
       layOut(blanks(7) + "a " + repeat(72, 'y') + " b c"),
       blanks(7) + "a \n" + blanks(10) + repeat(62, 'y') + kContinued + repeat(10, 'y') + " b c\n");
@@ -68,13 +68,13 @@ TEST(LongLiteral, ReopensOnEachFurtherLine) {
                 repeat(61, 'y') + kContinued + "\"" + repeat(28, 'y') + "\"\n");
 }
 
-TEST(LongLiteral, ReopensBehindTheMargin) {
+TEST(LongLiteral, ReopensAfterTheMargin) {
   EXPECT_EQ(layOut(blanks(11) + "a \"" + repeat(100, 'y') + "\""),
             blanks(11) + "a \n" + blanks(14) + "\"" + repeat(57, 'y') + kContinued + blanks(4) +
                 "\"" + repeat(43, 'y') + "\"\n");
 }
 
-TEST(LongLiteral, ReopensInACommentAsWell) {
+TEST(LongLiteral, ReopensInACommentToo) {
   EXPECT_EQ(layOut(blanks(7) + "* \"" + repeat(100, 'y') + "\""),
             blanks(6) + "* \n      *   \"" + repeat(61, 'y') + "\n      *   \"" + repeat(39, 'y') +
                 "\"\n");
@@ -92,8 +92,8 @@ TEST(LongLiteral, BreakAtABlankIsAnOrdinaryMove) {
       blanks(7) + "value is \"" + repeat(40, 'y') + " \n" + blanks(10) + repeat(30, 'z') + "\".\n");
 }
 
-// 254 blanks are a token that is too long for a line: 62 on a line of its own,
-// three times 62 behind a hyphen, and 6 that reach column 16.
+// 254 blanks are one token that is too long for a line: 62 on a line of its own,
+// three times 62 after a hyphen, and 6 that reach column 16.
 std::string const kTokenOfBlanks = std::string("\n") + blanks(72) + kContinued + blanks(62) +
                                    kContinued + blanks(62) + kContinued + blanks(62) + kContinued +
                                    blanks(6);
@@ -106,7 +106,7 @@ TEST(ManyBlanks, BeyondThatAreFurtherTokens) {
   EXPECT_EQ(layOut(blanks(7) + "a" + blanks(255) + "b"), blanks(7) + "a" + kTokenOfBlanks + " b\n");
 }
 
-TEST(ManyBlanks, SecondTokenOfThemMovesDownByItself) {
+TEST(ManyBlanks, SecondTokenOfBlanksMovesDownAlone) {
   EXPECT_EQ(layOut(blanks(7) + "a" + blanks(254 + 60) + "b"),
             blanks(7) + "a" + kTokenOfBlanks + "\n" + blanks(70) + "b\n");
 }
@@ -132,8 +132,8 @@ TEST(LineEnd, WhereALongTokenIsCutDropsTheRest) {
             blanks(7) + "a \n" + blanks(10) + repeat(62, 'y') + "\n");
 }
 
-// Only the place where writing begins or goes on is looked at.
-TEST(LineEnd, InTheMiddleOfATokenIsWrittenAsItIs) {
+// A line end counts only where a piece of the token begins.
+TEST(LineEnd, InTheMiddleOfATokenIsWrittenUnchanged) {
   EXPECT_EQ(layOut(blanks(7) + "\"a\nb\" c"), blanks(7) + "\"a\nb\" c\n");
   EXPECT_EQ(layOut(blanks(7) + "\"a\rb\" c"), blanks(7) + "\"a\rb\" c\n");
 }

@@ -1,4 +1,4 @@
-// Margins so wide that hardly any room is left.
+// Margins that leave little room on a line.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@ TEST(WideMargin, Of60LeavesTwoColumnsOnAWrappedLine) {
                                                blanks(60) + "cd" + kContinued + blanks(60) + "e");
 }
 
-TEST(WideMargin, Of60LeavesOneColumnBehindAReopenedQuote) {
+TEST(WideMargin, Of60LeavesOneColumnAfterAReopenedQuote) {
   EXPECT_EQ(lay(60, {"01", " ", "\"abc\""}),
             blanks(67) + "01 \n" + blanks(70) + "\"a" + kContinued + blanks(60) + "\"b" +
                 kContinued + blanks(60) + "\"c" + kContinued + blanks(60) + "\"\"");
@@ -34,19 +34,19 @@ TEST(WideMargin, Of61LeavesOneColumnOnAWrappedLine) {
                                              blanks(61) + "b" + kContinued + blanks(61) + "c");
 }
 
-TEST(WideMargin, Of61IsTakenAs60WhereAQuoteIsReopened) {
+TEST(WideMargin, Of61Becomes60IfAQuoteIsReopened) {
   EXPECT_EQ(lay(61, {"01", " ", "\"ab\""}), blanks(68) + "01 \n" + blanks(71) + "\"" + kContinued +
                                                 blanks(60) + "\"a" + kContinued + blanks(60) +
                                                 "\"b" + kContinued + blanks(60) + "\"\"");
 }
 
-TEST(WideMargin, Of61IsItselfAgainBehindTheLiteral) {
+TEST(WideMargin, Of61AppliesAgainAfterTheLiteral) {
   std::string const literal = lay(61, {"01", " ", "\"ab\""});
   EXPECT_EQ(lay(61, {"01", " ", "\"ab\"", " ", "c"}),
             literal + "\n" + blanks(71) + " \n" + blanks(71) + "c");
 }
 
-TEST(WideMargin, Above61IsTakenAs60) {
+TEST(WideMargin, Above61Becomes60) {
   for (int margin : {62, 63, 65, 72, 100, 1000}) {
     EXPECT_EQ(lay(margin, {"01", " ", "abcde"}), lay(60, {"01", " ", "abcde"})) << margin;
     EXPECT_EQ(lay(margin, {"01", " ", "\"abc\""}), lay(60, {"01", " ", "\"abc\""})) << margin;
@@ -60,7 +60,7 @@ TEST(WideMargin, ComesFromTheIndentationOfTheLine) {
   EXPECT_EQ(layOut(blanks(200) + "01 abcde"), lay(60, {"01", " ", "abcde"}) + "\n");
 }
 
-TEST(WideMargin, OfACommentLeavesAsMuch) {
+TEST(WideMargin, OfACommentLeavesTheSameRoom) {
   EXPECT_EQ(lay(61, {"*", " ", "abcd"}, true), blanks(67) + "* \n      *   " + blanks(61) +
                                                    "a\n      *   " + blanks(61) + "b\n      *   " +
                                                    blanks(61) + "c\n      *   " + blanks(61) + "d");

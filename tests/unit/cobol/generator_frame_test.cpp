@@ -1,4 +1,4 @@
-// Where records go, and what a conversion as a whole reports.
+// The output of GenerateFile, and the reports of a whole conversion.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -33,19 +33,19 @@ TEST_F(GenerateFile, ReplacesWhatTheFileHeld) {
   EXPECT_EQ(generate(), kRecord);
 }
 
-TEST_F(GenerateFile, GivesTheOutputStreamItsBufferBack) {
+TEST_F(GenerateFile, RestoresTheBufferOfTheOutputStream) {
   generate();
   EXPECT_EQ(std::cout.rdbuf(), captured.outBuffer());
 }
 
-TEST_F(GenerateFile, EmptyNameIsNoticedAndMeansTheConsole) {
+TEST_F(GenerateFile, EmptyNameIsReportedAndWritesToTheConsole) {
   EXPECT_FALSE(generator->GenerateFile("", "", false, false));
   EXPECT_EQ(captured.out(),
             std::string("Invalid filename.  Outputting  to console:\n\n") + kRecord);
   EXPECT_EQ(captured.err(), kOneOfOne);
 }
 
-TEST_F(GenerateFile, FileThatCannotBeOpenedMeansTheConsoleSilently) {
+TEST_F(GenerateFile, FileThatCannotBeOpenedWritesToTheConsoleSilently) {
   EXPECT_FALSE(generator->GenerateFile(folder.path("missing/a.cpy"), "", false, false));
   EXPECT_EQ(captured.out(), kRecord);
   EXPECT_EQ(captured.err(), kOneOfOne);
@@ -73,7 +73,7 @@ TEST_F(GenerateFile, WithoutADocumentIsAnInternalError) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
-TEST_F(GenerateFile, NullDocumentIsNoDocument) {
+TEST_F(GenerateFile, NullDocumentIsAnInternalError) {
   CDMCOBOLGenerator empty(nullptr);
   EXPECT_FALSE(empty.GenerateFile("", "", false, false));
   EXPECT_EQ(captured.err(), "Internal Error : Error initializing schema document\n\n");
@@ -95,7 +95,7 @@ TEST_F(GenerateFile, WithoutAHeadElementTheFileStaysEmpty) {
             "\n");
 }
 
-TEST_F(GenerateFile, EachHeadElementGivesARecord) {
+TEST_F(GenerateFile, EachHeadElementBecomesARecord) {
   use(schema({element("a", {{"type", "xs:string"}}), element("b", {{"type", "xs:int"}})}));
   EXPECT_EQ(generate(), std::string(kRecord) + "       01 b PIC S9(18) identified by \"b\".\n\n");
   EXPECT_EQ(captured.err(),
@@ -146,7 +146,7 @@ TEST_F(GenerateFile, LevelsAndIndentationGrowByOne) {
   EXPECT_EQ(captured.err(), kOneOfOne);
 }
 
-TEST_F(GenerateFile, BannerIsTheFirstOfAFileInAQuietRun) {
+TEST_F(GenerateFile, BannerBeginsTheFileInAQuietRun) {
   beginQuietMode();
   console.headerShown = false;
   EXPECT_THAT(generate(), StartsWith("Tallmere FDMORPH Version 1.0\n"));

@@ -55,19 +55,19 @@ TEST_F(Heads, NoneIsAnError) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
-TEST_F(Heads, ReferencedElementIsNone) {
+TEST_F(Heads, ReferencedElementIsNotAHead) {
   use(schema({element("a", {}, {sequenceType({reference("b")})}), element("b")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(Heads, ElementsThatReferToEachOtherAreNone) {
+TEST_F(Heads, ElementsThatReferToEachOtherAreNotHeads) {
   use(schema({element("a", {}, {sequenceType({reference("b")})}),
               element("b", {}, {sequenceType({reference("a")})})}));
   EXPECT_THAT(heads(), IsEmpty());
   EXPECT_EQ(captured.err(), kNoHead);
 }
 
-TEST_F(Heads, ElementThatRefersToItselfIsNone) {
+TEST_F(Heads, ElementThatRefersToItselfIsNotAHead) {
   use(schema({element("a", {}, {sequenceType({reference("a")})}), element("b")}));
   EXPECT_THAT(heads(), ElementsAre("b"));
 }
@@ -77,33 +77,33 @@ TEST_F(Heads, ReferencesFromGlobalTypesCount) {
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(Heads, OnlyElementsRefer) {
+TEST_F(Heads, OnlyReferencesFromElementsCount) {
   use(schema({element("a"), {"xs:group", {{"ref", "a"}}}, {"xs:attribute", {{"ref", "a"}}}}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(Heads, LocalElementIsNeverOne) {
+TEST_F(Heads, LocalElementIsNotAHead) {
   use(schema({component("complexType", "T", {element("local")}), element("a")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(Heads, ElementWithoutANameIsNone) {
+TEST_F(Heads, ElementWithoutANameIsNotAHead) {
   use(schema({{"xs:element", {{"id", "x"}}}, element("a")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(Heads, MemberOfASubstitutionGroupIsNone) {
+TEST_F(Heads, MemberOfASubstitutionGroupIsNotAHead) {
   use(schema({element("m", {{"substitutionGroup", "a"}}), element("n", {{"substitutionGroup", ""}}),
               element("a")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(Heads, AbstractElementIsSteppedOver) {
+TEST_F(Heads, AbstractElementIsSkipped) {
   use(schema({element("b", {{"abstract", "true"}}), element("a")}));
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(Heads, OnlyTheWordTrueMakesAbstract) {
+TEST_F(Heads, OnlyTheValueTrueMakesAbstract) {
   use(schema({element("a", {{"abstract", "1"}}), element("b", {{"abstract", "false"}}),
               element("c", {{"abstract", "True"}})}));
   EXPECT_THAT(heads(), ElementsAre("a", "b", "c"));
@@ -121,7 +121,7 @@ TEST_F(Heads, ReferenceCountsInTheNamespaceOfTheReferringElement) {
   EXPECT_THAT(heads(), ElementsAre("a", "c", "d"));
 }
 
-TEST_F(Heads, ReferenceOfAnImportedSchemaToItsOwnCountsForALikeNamedElement) {
+TEST_F(Heads, ReferenceInAnImportedSchemaCountsForAnElementOfTheSameName) {
   Tree other = schemaOf("urn:o", {element("z", {}, {sequenceType({reference("o:b")})})});
   other.attributes.emplace_back("xmlns:o", "urn:o");
   loader.add("o.xsd", other);
@@ -129,19 +129,19 @@ TEST_F(Heads, ReferenceOfAnImportedSchemaToItsOwnCountsForALikeNamedElement) {
   EXPECT_THAT(heads(), ElementsAre("a"));
 }
 
-TEST_F(Heads, OfIncludedFilesAreAmongThem) {
+TEST_F(Heads, IncludeElementsOfIncludedFiles) {
   loader.add("/s/a.xsd", schema({element("included")}));
   use(schema({include("a.xsd"), element("m")}));
   EXPECT_THAT(heads(), ElementsAre("m", "included"));
 }
 
-TEST_F(Heads, OfImportedFilesAreNotWhileTheMainSchemaHasACandidate) {
+TEST_F(Heads, ExcludeImportedFilesIfTheMainSchemaHasACandidate) {
   loader.add("a.xsd", schema({element("imported")}));
   use(schema({import("urn:a", "a.xsd"), element("m")}));
   EXPECT_THAT(heads(), ElementsAre("m"));
 }
 
-TEST_F(Heads, OfImportedFilesAreAFallback) {
+TEST_F(Heads, ImportedFilesAreAFallback) {
   loader.add("a.xsd", schema({element("one"), element("skipped", {{"abstract", "true"}})}));
   loader.add("b.xsd", schema({element("two", {{"abstract", "1"}})}));
   use(schema(
@@ -149,14 +149,14 @@ TEST_F(Heads, OfImportedFilesAreAFallback) {
   EXPECT_THAT(heads(), ElementsAre("one", "two"));
 }
 
-// A candidate that is referenced later is a candidate all the same.
-TEST_F(Heads, ReferencedCandidateKeepsImportedFilesOut) {
+// The fallback depends on the candidates before references are considered.
+TEST_F(Heads, ReferencedCandidateExcludesImportedFiles) {
   loader.add("a.xsd", schema({element("imported")}));
   use(schema({import("urn:a", "a.xsd"), element("m", {}, {sequenceType({reference("m")})})}));
   EXPECT_THAT(heads(), IsEmpty());
 }
 
-TEST_F(Heads, ImportedFilesOfAbstractElementsAloneGiveNone) {
+TEST_F(Heads, ImportedFilesOfAbstractElementsOnlyHaveNone) {
   loader.add("a.xsd", schema({element("x", {{"abstract", "true"}})}));
   use(schema({import("urn:a", "a.xsd")}));
   EXPECT_THAT(heads(), IsEmpty());

@@ -1,4 +1,4 @@
-// What a prefix stands for, and where an element belongs.
+// The namespaces of prefixes and of elements.
 
 #include "cobol/namespace_lookup.h"
 
@@ -29,7 +29,7 @@ class Namespaces : public QueryTest {
   }
 };
 
-TEST_F(Namespaces, PrefixOnTheRootIsSeenFromBelow) {
+TEST_F(Namespaces, PrefixOnTheRootIsVisibleBelow) {
   use(schema({element("e", {}, {sequenceType({element("inner")})})}));
   EXPECT_EQ(typeNamespace("inner", "xs:string"), kSchemaUri);
 }
@@ -48,17 +48,17 @@ TEST_F(Namespaces, UndeclaredPrefixFails) {
   EXPECT_FALSE(isSupported("foo:string"));
 }
 
-TEST_F(Namespaces, PrefixMatchesWhole) {
+TEST_F(Namespaces, PrefixMatchesAsAWhole) {
   bind("xmlns:foobar", "urn:x");
   EXPECT_EQ(typeNamespace("e", "foo:T"), "undeclared");
 }
 
-TEST_F(Namespaces, NameWithoutAPrefixIsOfTheDefaultNamespace) {
+TEST_F(Namespaces, NameWithoutAPrefixHasTheDefaultNamespace) {
   bind("xmlns", "urn:default");
   EXPECT_EQ(typeNamespace("e", "T"), "urn:default");
 }
 
-TEST_F(Namespaces, ColonInFirstPlaceIsNoPrefix) {
+TEST_F(Namespaces, LeadingColonIsNotAPrefix) {
   bind("xmlns", "urn:default");
   EXPECT_EQ(typeNamespace("e", ":T"), "urn:default");
 }
@@ -108,13 +108,13 @@ TEST_F(Namespaces, IncludedComponentBelongsToItsOwnFile) {
   EXPECT_EQ(namespaces->getElementNamespace(at("inner")), "urn:a");
 }
 
-TEST_F(Namespaces, DeclarationIsSoughtUpwardOnly) {
+TEST_F(Namespaces, DeclarationIsSearchedUpwardOnly) {
   use(schema({element("e", {{"xmlns:p", "urn:p"}}, {element("inner")})}));
   EXPECT_EQ(namespaces->getNamespaceURI(at("inner"), "xmlns:p"), "urn:p");
   EXPECT_EQ(namespaces->getNamespaceURI(document->rootElement, "xmlns:p"), std::nullopt);
 }
 
-TEST_F(Namespaces, AttributeIsSoughtOnElementsWithoutDeclarationsToo) {
+TEST_F(Namespaces, AttributeIsSearchedOnElementsWithoutDeclarationsToo) {
   use(schema({element("e", {{"version", "near"}}, {element("inner")})}));
   EXPECT_EQ(namespaces->getNamespaceURI(at("inner"), "version"), "near");
 }
@@ -137,7 +137,7 @@ TEST_F(Namespaces, WithoutADocumentTheLastResortIsEmpty) {
   EXPECT_EQ(nothing.getNamespaceURI(nullptr, "xmlns"), "");
 }
 
-TEST_F(Namespaces, BuiltinTypesAreOfTheSchemaNamespace) {
+TEST_F(Namespaces, BuiltinTypesHaveTheSchemaNamespace) {
   bind("xmlns", kSchemaUri);
   EXPECT_TRUE(isSupported("string"));
   bind("xmlns", "urn:other");
@@ -152,7 +152,7 @@ TEST_F(Namespaces, OlderSchemaNamespacesAreAccepted) {
   }
 }
 
-TEST_F(Namespaces, OtherNamespacesWithTheWordAreNot) {
+TEST_F(Namespaces, OtherNamespacesWithTheWordAreRefused) {
   for (char const* uri : {"urn:XMLSchema", "XMLSchema http://www.w3.org/", "XMLSchema",
                           "http://www.w3.org/2001/xmlschema", "http://www.w3.org/TR", ""}) {
     bind("xmlns:p", uri);

@@ -1,4 +1,4 @@
-// Which hops would go round for ever.
+// Hops that would repeat themselves for ever.
 
 #include <gtest/gtest.h>
 
@@ -38,14 +38,14 @@ TEST_F(OpenDefinitionsTest, UnguardedHopsInBetweenChangeNothing) {
   EXPECT_TRUE(open.wouldRecurse(&type));
 }
 
-TEST_F(OpenDefinitionsTest, GuardedHopInBetweenMakesTheWayFree) {
+TEST_F(OpenDefinitionsTest, GuardedHopInBetweenAllowsAnotherHop) {
   Scope scope(open, &type, Hop::unguarded);
   Scope inner(open, &other, Hop::guarded);
   EXPECT_FALSE(open.wouldRecurse(&type));
   EXPECT_TRUE(open.wouldRecurse(&other));
 }
 
-TEST_F(OpenDefinitionsTest, WayIsClosedAgainWhenTheGuardedHopIsOver) {
+TEST_F(OpenDefinitionsTest, HopIsRefusedAgainAfterTheGuardedHop) {
   Scope scope(open, &type, Hop::unguarded);
   { Scope inner(open, &other, Hop::guarded); }
   EXPECT_TRUE(open.wouldRecurse(&type));
@@ -57,7 +57,7 @@ TEST_F(OpenDefinitionsTest, DefinitionIsClosedWhenItsScopeEnds) {
   EXPECT_FALSE(open.wouldRecurse(&type));
 }
 
-TEST_F(OpenDefinitionsTest, DefinitionOpenedAgainIsJudgedByItsLastOpening) {
+TEST_F(OpenDefinitionsTest, LastOpeningOfADefinitionCounts) {
   Scope scope(open, &type, Hop::unguarded);
   Scope between(open, &other, Hop::guarded);
   {
@@ -67,7 +67,7 @@ TEST_F(OpenDefinitionsTest, DefinitionOpenedAgainIsJudgedByItsLastOpening) {
   EXPECT_FALSE(open.wouldRecurse(&type));
 }
 
-TEST_F(OpenDefinitionsTest, GuardedHopIntoTheSameDefinitionCountsAsItsOpening) {
+TEST_F(OpenDefinitionsTest, GuardedHopIntoTheSameDefinitionOpensIt) {
   Scope scope(open, &type, Hop::unguarded);
   {
     Scope again(open, &type, Hop::guarded);
@@ -76,7 +76,7 @@ TEST_F(OpenDefinitionsTest, GuardedHopIntoTheSameDefinitionCountsAsItsOpening) {
   EXPECT_TRUE(open.wouldRecurse(&type));
 }
 
-TEST_F(OpenDefinitionsTest, SeenIsWhatWasOpenOrNotedInTheRecord) {
+TEST_F(OpenDefinitionsTest, OpenedAndNotedDefinitionsAreSeen) {
   EXPECT_FALSE(open.hasSeen(&type));
   { Scope scope(open, &type, Hop::unguarded); }
   EXPECT_TRUE(open.hasSeen(&type));
@@ -104,7 +104,7 @@ TEST_F(OpenDefinitionsTest, MemberIsOpenUntilItIsClosed) {
   EXPECT_TRUE(open.openMember(&type));
 }
 
-TEST_F(OpenDefinitionsTest, OpenMemberIsSeenButNoOpenDefinition) {
+TEST_F(OpenDefinitionsTest, OpenMemberIsSeenButIsNotAnOpenDefinition) {
   EXPECT_TRUE(open.openMember(&type));
   EXPECT_TRUE(open.hasSeen(&type));
   EXPECT_FALSE(open.wouldRecurse(&type));

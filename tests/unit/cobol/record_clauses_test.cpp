@@ -13,7 +13,7 @@ class Clauses : public RecordTest {
  protected:
   Clauses() { item->indent = 7; }
 
-  /// The line of the item without indentation and line end, when it fits.
+  /// The line of the item without indentation and line end, if it fits.
   std::string line(RecordOutput::Options const& options = {}) {
     std::string text = write(item, options);
     EXPECT_TRUE(isWritten);
@@ -40,7 +40,7 @@ TEST_F(Clauses, LevelHasTwoDigits) {
   EXPECT_EQ(line(), "49 a PIC X(80).");
 }
 
-TEST_F(Clauses, IndentationStandsInFront) {
+TEST_F(Clauses, IndentationComesFirst) {
   item->indent = 11;
   EXPECT_EQ(write(item), blanks(11) + "01 a PIC X(80).\n");
 }
@@ -72,7 +72,7 @@ TEST_F(Clauses, RedefinesOfAnItemWithoutANameIsReportedAndLeftOut) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
-TEST_F(Clauses, SizeIsTheCountOfAnyPicture) {
+TEST_F(Clauses, SizeIsTheRepeatCountOfAnyPicture) {
   setPicture("9", "18");
   EXPECT_EQ(line(), "01 a PIC 9(18).");
   setPicture("S9", "5");
@@ -81,7 +81,7 @@ TEST_F(Clauses, SizeIsTheCountOfAnyPicture) {
   EXPECT_EQ(line(), "01 a PIC X(abc).");
 }
 
-TEST_F(Clauses, TotalDigitsAreTheCountOfANumber) {
+TEST_F(Clauses, TotalDigitsAreTheRepeatCountOfANumber) {
   item->totalDigits = 5;
   setPicture("9", "18");
   EXPECT_EQ(line(), "01 a PIC 9(5).");
@@ -91,7 +91,7 @@ TEST_F(Clauses, TotalDigitsAreTheCountOfANumber) {
   EXPECT_EQ(line(), "01 a PIC S9(0).");
 }
 
-TEST_F(Clauses, TotalDigitsNeverCountForX) {
+TEST_F(Clauses, TotalDigitsAreIgnoredForX) {
   item->totalDigits = 5;
   EXPECT_EQ(line(), "01 a PIC X(80).");
 }
@@ -134,25 +134,25 @@ TEST_F(Clauses, CountBelowZeroIsPrintedAsComputed) {
   EXPECT_EQ(line(), "01 a PIC S9(-3)V9(5).");
 }
 
-TEST_F(Clauses, UsageTakesThePlaceOfThePicture) {
+TEST_F(Clauses, UsageReplacesThePicture) {
   setPicture({}, "18");
   item->usage = "COMP-1";
   EXPECT_EQ(line(), "01 a USAGE COMP-1.");
 }
 
-TEST_F(Clauses, UsageStandsBehindAPicture) {
+TEST_F(Clauses, UsageFollowsThePicture) {
   item->usage = "COMP-2";
   EXPECT_EQ(line(), "01 a PIC X(80) USAGE COMP-2.");
 }
 
-TEST_F(Clauses, OccursGivesTheUpperBound) {
+TEST_F(Clauses, OccursHasTheUpperBound) {
   item->maxOccurs = "5";
   EXPECT_EQ(line(), "01 a PIC X(80) occurs 5 times.");
   item->maxOccurs = "0";
   EXPECT_EQ(line(), "01 a PIC X(80) occurs 0 times.");
 }
 
-TEST_F(Clauses, BoundsOf1AndUnboundedGiveNoOccurs) {
+TEST_F(Clauses, BoundsOf1AndUnboundedHaveNoOccurs) {
   item->maxOccurs = "1";
   EXPECT_EQ(line(), "01 a PIC X(80).");
   item->maxOccurs = "unbounded";
@@ -169,17 +169,17 @@ TEST_F(Clauses, IdentifiedByQuotesTheXmlName) {
   EXPECT_EQ(line(), "01 a PIC X(80) identified by \"my_a\".");
 }
 
-TEST_F(Clauses, AttributeIsSaidSo) {
+TEST_F(Clauses, AttributeIsMarked) {
   item->isAttribute = true;
   EXPECT_EQ(line(), "01 a PIC X(80) is attribute.");
 }
 
-TEST_F(Clauses, RootWithANamespaceNamesIt) {
+TEST_F(Clauses, RootWithANamespaceHasTheClause) {
   item->xmlNamespace = "urn:a";
   EXPECT_EQ(line(), "01 a PIC X(80) namespace is \"urn:a\".");
 }
 
-TEST_F(Clauses, NamespaceOfAChildIsNamedWhereItDiffers) {
+TEST_F(Clauses, NamespaceOfAChildIsWrittenIfItDiffers) {
   CDMCOBOLRecordItem parent;
   parent.xmlNamespace = "urn:a";
   item->parent = &parent;
@@ -191,7 +191,7 @@ TEST_F(Clauses, NamespaceOfAChildIsNamedWhereItDiffers) {
   EXPECT_EQ(line(), "01 a PIC X(80).");
 }
 
-TEST_F(Clauses, CountInNeedsItsNameAndTheFlag) {
+TEST_F(Clauses, CountInNeedsANameAndTheFlag) {
   EXPECT_EQ(line(), "01 a PIC X(80).");
   item->countInName = "a-count";
   EXPECT_EQ(line(), "01 a PIC X(80) count in a-count.");
@@ -200,7 +200,7 @@ TEST_F(Clauses, CountInNeedsItsNameAndTheFlag) {
   EXPECT_EQ(line(options), "01 a PIC X(80).");
 }
 
-TEST_F(Clauses, PrefixStandsBeforeNameAndCountFieldOnly) {
+TEST_F(Clauses, PrefixPrecedesNameAndCountFieldOnly) {
   CDMCOBOLRecordItem other;
   other.dataName = "b";
   item->redefinedItem = &other;
@@ -213,7 +213,7 @@ TEST_F(Clauses, PrefixStandsBeforeNameAndCountFieldOnly) {
                 blanks(10) + "W-a-count.\n");
 }
 
-TEST_F(Clauses, AllOfThemStandInOneOrder) {
+TEST_F(Clauses, AllClausesHaveAFixedOrder) {
   CDMCOBOLRecordItem other;
   other.dataName = "b";
   item->redefinedItem = &other;

@@ -23,7 +23,7 @@ class Children : public testing::Test {
   CDMCOBOLRecordItem blue;
 };
 
-TEST_F(Children, AreAddedAtTheBackOrAtTheFront) {
+TEST_F(Children, CanBeAddedAtTheBackAndAtTheFront) {
   parent.addChild(&a);
   parent.addChild(&b);
   parent.addFirstChild(&c);
@@ -35,7 +35,7 @@ TEST_F(Children, AddingLeavesTheParentToTheCaller) {
   EXPECT_EQ(a.parent, nullptr);
 }
 
-TEST_F(Children, RemovalTakesEveryEntryOut) {
+TEST_F(Children, RemovalRemovesEveryEntry) {
   parent.addChild(&a);
   parent.addChild(&b);
   parent.addChild(&a);
@@ -56,7 +56,7 @@ TEST_F(Children, RemovalLeavesTheParentLink) {
   EXPECT_EQ(a.parent, &parent);
 }
 
-TEST_F(Children, RemovalOfAnItemThatIsNotThereChangesNothing) {
+TEST_F(Children, RemovalOfAMissingItemChangesNothing) {
   parent.addChild(&a);
   parent.removeChild(&b);
   EXPECT_THAT(parent.children, ElementsAre(&a));
@@ -78,13 +78,13 @@ TEST_F(Children, NullEntriesStayInPlace) {
   EXPECT_THAT(parent.removeConditions(), IsEmpty());
 }
 
-TEST_F(Children, ConditionsAreTakenOutInTheirOrder) {
+TEST_F(Children, ConditionsAreRemovedInOrder) {
   for (auto* child : {&a, &red, &b, &blue}) parent.addChild(child);
   EXPECT_THAT(parent.removeConditions(), ElementsAre(&red, &blue));
   EXPECT_THAT(parent.children, ElementsAre(&a, &b));
 }
 
-TEST_F(Children, WithoutConditionsNothingIsTakenOut) {
+TEST_F(Children, WithoutConditionsNothingIsRemoved) {
   parent.addChild(&a);
   EXPECT_THAT(parent.removeConditions(), IsEmpty());
   EXPECT_THAT(parent.children, ElementsAre(&a));

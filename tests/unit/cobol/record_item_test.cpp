@@ -39,7 +39,7 @@ TEST(NameRule, NamesAreNeverCut) {
   EXPECT_EQ(ruled(std::string(100, '_')), std::string(100, '-'));
 }
 
-TEST(NameRule, CharactersOfSeveralBytesStayWhole) {
+TEST(NameRule, MultibyteCharactersStayWhole) {
   EXPECT_EQ(ruled("gr\u00fc\u00df_e\u4e2d"), "gr\u00fc\u00df-e\u4e2d");
 }
 
@@ -94,7 +94,7 @@ TEST_F(Writable, ItemWithAPicture) {
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(Writable, NewItemIsNot) {
+TEST_F(Writable, NewItemIsUnwritable) {
   item = CDMCOBOLRecordItem();
   EXPECT_TRUE(isRefusedSilently());
 }
@@ -110,23 +110,23 @@ TEST_F(Writable, LevelsFrom1To49) {
   }
 }
 
-TEST_F(Writable, NothingOfALevelBeyond49IsSaidEvenIfItIsEmpty) {
+TEST_F(Writable, EmptyItemAboveLevel49IsSilent) {
   item.pictureSymbol = item.pictureSize = {};
   item.levelNumber = 50;
   EXPECT_TRUE(isRefusedSilently());
 }
 
-TEST_F(Writable, WithoutAMinimumOccurrenceIsNot) {
+TEST_F(Writable, ItemWithoutAMinimumOccurrenceIsUnwritable) {
   item.minOccurs = {};
   EXPECT_TRUE(isRefusedSilently());
 }
 
-TEST_F(Writable, WithoutANameIsNot) {
+TEST_F(Writable, ItemWithoutANameIsUnwritable) {
   item.dataName = {};
   EXPECT_TRUE(isRefusedSilently());
 }
 
-TEST_F(Writable, ConditionWithANameAndAValueWhateverElseItHas) {
+TEST_F(Writable, ConditionNeedsOnlyANameAndAValue) {
   item.levelNumber = kConditionLevel;
   item.itemValue = "RED";
   EXPECT_TRUE(isWritable());
@@ -136,14 +136,14 @@ TEST_F(Writable, ConditionWithANameAndAValueWhateverElseItHas) {
   EXPECT_TRUE(isWritable());
 }
 
-TEST_F(Writable, ConditionWithoutANameIsNot) {
+TEST_F(Writable, ConditionWithoutANameIsUnwritable) {
   item.levelNumber = kConditionLevel;
   item.itemValue = "RED";
   item.dataName = {};
   EXPECT_TRUE(isRefusedSilently());
 }
 
-TEST_F(Writable, ConditionWithoutAValueIsNot) {
+TEST_F(Writable, ConditionWithoutAValueIsUnwritable) {
   item.levelNumber = kConditionLevel;
   EXPECT_TRUE(isRefusedSilently());
 }
@@ -194,7 +194,7 @@ TEST_F(Writable, NeitherPictureNorUsageNorChildrenIsEmpty) {
   EXPECT_EQ(console.m_nWarningCount, 1);
 }
 
-TEST_F(Writable, EmptyItemWarnsEachTimeThatItIsAsked) {
+TEST_F(Writable, EmptyItemWarnsOnEachCall) {
   item.pictureSymbol = item.pictureSize = {};
   for (int i = 0; i < 3; ++i) EXPECT_FALSE(isWritable());
   EXPECT_EQ(countOf("(empty structure)\n", captured.err()), 3);

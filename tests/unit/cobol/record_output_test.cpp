@@ -27,7 +27,7 @@ TEST_F(Record, IsWrittenFromTheTopDown) {
   EXPECT_TRUE(isWritten);
 }
 
-TEST_F(Record, OfNothingIsNotWritten) {
+TEST_F(Record, NullRecordIsNotWritten) {
   EXPECT_EQ(write(nullptr), "");
   EXPECT_FALSE(isWritten);
 }
@@ -39,7 +39,7 @@ TEST_F(Record, WithAnEmptyRootIsNotWritten) {
             "Warning : Unable to convert schema element \"r\" to COBOL (empty structure)\n");
 }
 
-TEST_F(Record, LeavesAnItemThatCannotBeWrittenOutWithItsSubtree) {
+TEST_F(Record, LeavesOutAnUnwritableItemWithItsSubtree) {
   CDMCOBOLRecordItem* nameless = makeGroup(root, "");
   makeField(nameless, "a");
   makeField(root, "b");
@@ -50,7 +50,7 @@ TEST_F(Record, LeavesAnItemThatCannotBeWrittenOutWithItsSubtree) {
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(Record, CountsAsWrittenWhenItsRootWas) {
+TEST_F(Record, IsWrittenIfItsRootIs) {
   makeGroup(root, "empty");
   EXPECT_EQ(write(root), "       01 r.\n");
   EXPECT_TRUE(isWritten);
@@ -65,7 +65,7 @@ TEST_F(Record, SkipsNullEntries) {
             "        02 a PIC X(80).\n");
 }
 
-TEST_F(Record, WritesAnItemThatStandsTwiceTwice) {
+TEST_F(Record, WritesAnItemWithTwoPlacesTwice) {
   root->addChild(makeField(root, "a"));
   EXPECT_EQ(write(root),
             "       01 r.\n"

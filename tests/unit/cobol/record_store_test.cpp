@@ -9,8 +9,8 @@
 namespace fdmorph {
 namespace {
 
-/// Whether the store hands out so many items without giving one twice.
-bool givesDistinctItems(RecordStore& store, int count) {
+/// True if the store creates `count` items, all of them different.
+bool createsDistinctItems(RecordStore& store, int count) {
   std::set<CDMCOBOLRecordItem*> items;
   for (int i = 0; i < count; ++i) items.insert(store.create());
   return items.size() == static_cast<std::size_t>(count);
@@ -23,7 +23,7 @@ CDMCOBOLRecordItem* addChild(RecordStore& store, CDMCOBOLRecordItem* parent) {
   return child;
 }
 
-TEST(RecordStoreTest, ReleasedItemsServeAgainWithDefaultValues) {
+TEST(RecordStoreTest, ReleasedItemsAreReusedWithDefaultValues) {
   RecordStore store;
   CDMCOBOLRecordItem* item = store.create();
   item->dataName = "a";
@@ -38,7 +38,7 @@ TEST(RecordStoreTest, ReleasedItemsServeAgainWithDefaultValues) {
   EXPECT_TRUE(again->children.empty());
 }
 
-TEST(RecordStoreTest, ReleaseTakesTheWholeSubtree) {
+TEST(RecordStoreTest, ReleaseIncludesTheSubtree) {
   RecordStore store;
   CDMCOBOLRecordItem* root = store.create();
   CDMCOBOLRecordItem* group = addChild(store, root);
@@ -49,16 +49,16 @@ TEST(RecordStoreTest, ReleaseTakesTheWholeSubtree) {
   EXPECT_TRUE(released.empty());
 }
 
-TEST(RecordStoreTest, ItemThatStandsTwiceIsEndedOnce) {
+TEST(RecordStoreTest, ItemWithTwoPlacesIsReleasedOnce) {
   RecordStore store;
   CDMCOBOLRecordItem* root = store.create();
   root->addChild(addChild(store, root));
   addChild(store, root->children.front());
   store.release(root);
-  EXPECT_TRUE(givesDistinctItems(store, 10));
+  EXPECT_TRUE(createsDistinctItems(store, 10));
 }
 
-TEST(RecordStoreTest, ItemTakenOutOfItsParentSurvivesIt) {
+TEST(RecordStoreTest, ItemRemovedFromItsParentSurvivesIt) {
   RecordStore store;
   CDMCOBOLRecordItem* root = store.create();
   CDMCOBOLRecordItem* child = addChild(store, root);
@@ -66,7 +66,7 @@ TEST(RecordStoreTest, ItemTakenOutOfItsParentSurvivesIt) {
   root->removeChild(child);
   store.release(root);
   EXPECT_EQ(child->dataName, "kept");
-  EXPECT_TRUE(givesDistinctItems(store, 3));
+  EXPECT_TRUE(createsDistinctItems(store, 3));
   EXPECT_EQ(child->dataName, "kept");
 }
 
@@ -77,19 +77,19 @@ TEST(RecordStoreTest, RedefinedItemIsNotOwned) {
   CDMCOBOLRecordItem* second = addChild(store, root);
   second->redefinedItem = first;
   store.release(root);
-  EXPECT_TRUE(givesDistinctItems(store, 6));
+  EXPECT_TRUE(createsDistinctItems(store, 6));
 }
 
-TEST(RecordStoreTest, NullIsReleasedInPeace) {
+TEST(RecordStoreTest, ReleaseOfNullDoesNothing) {
   RecordStore store;
   store.release(nullptr);
   CDMCOBOLRecordItem* root = store.create();
   root->addChild(nullptr);
   store.release(root);
-  EXPECT_TRUE(givesDistinctItems(store, 3));
+  EXPECT_TRUE(createsDistinctItems(store, 3));
 }
 
-TEST(RecordStoreTest, DeepTreeIsReleasedWithoutADeepStack) {
+TEST(RecordStoreTest, ReleaseOfADeepTreeNeedsNoDeepStack) {
   RecordStore store;
   CDMCOBOLRecordItem* root = store.create();
   CDMCOBOLRecordItem* at = root;
@@ -98,12 +98,12 @@ TEST(RecordStoreTest, DeepTreeIsReleasedWithoutADeepStack) {
   EXPECT_EQ(store.create()->dataName, "");
 }
 
-TEST(RecordStoreTest, ClearEndsItemsAndTexts) {
+TEST(RecordStoreTest, ClearRemovesItemsAndTexts) {
   RecordStore store;
   store.create()->dataName = store.texts().keep("a");
   store.release(store.create());
   store.clear();
-  EXPECT_TRUE(givesDistinctItems(store, 300));
+  EXPECT_TRUE(createsDistinctItems(store, 300));
   EXPECT_EQ(store.texts().keep("a"), "a");
 }
 

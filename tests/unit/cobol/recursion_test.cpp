@@ -1,4 +1,4 @@
-// Whether following a type or a reference leads into what is open already.
+// Types and references that lead into a structure that is open already.
 
 #include "cobol/recursion.h"
 
@@ -35,19 +35,19 @@ TEST_F(Recursion, NeedsAnItemMadeFromAnElement) {
   EXPECT_FALSE(isRecursive(open(nullptr, nullptr)));
 }
 
-TEST_F(Recursion, TypeInsideItself) {
+TEST_F(Recursion, TypeInsideItselfIsRecursive) {
   use(schema(
       {element("head", {{"type", "T"}}), sequenceType({element("c", {{"type", "T"}})}, "T")}));
   CDMCOBOLRecordItem* head = open(nullptr, at("head"), type("T"));
   EXPECT_TRUE(isRecursive(open(head, at("c"))));
 }
 
-TEST_F(Recursion, FirstUseOfATypeIsNone) {
+TEST_F(Recursion, FirstUseOfATypeIsNotRecursive) {
   use(schema({element("head", {{"type", "T"}}), component("complexType", "T")}));
   EXPECT_FALSE(isRecursive(open(nullptr, at("head"))));
 }
 
-TEST_F(Recursion, ItemItselfIsNotLookedAt) {
+TEST_F(Recursion, ItemItselfIsNotCompared) {
   use(schema({element("head", {{"type", "T"}}), component("complexType", "T")}));
   EXPECT_FALSE(isRecursive(open(nullptr, at("head"), type("T"))));
 }
@@ -64,7 +64,7 @@ TEST_F(Recursion, LengthOfTheCircleDoesNotMatter) {
   EXPECT_TRUE(isRecursive(open(v, at("t"))));
 }
 
-TEST_F(Recursion, LikeNamedTypeElsewhereIsNone) {
+TEST_F(Recursion, OtherTypeOfTheSameNameIsNotRecursive) {
   use(schema({element("head", {{"type", "T"}}), component("complexType", "T"),
               component("complexType", "T"), element("c", {{"type", "T"}})}));
   CDMXMLElement* second = type("T")->getNextSibling();
@@ -82,7 +82,7 @@ TEST_F(Recursion, OnlyComplexTypesCanBeRecursive) {
   EXPECT_FALSE(isRecursive(open(head, at("unknown"))));
 }
 
-TEST_F(Recursion, ElementThatRefersToItself) {
+TEST_F(Recursion, ElementThatRefersToItselfIsRecursive) {
   use(schema({element("a", {}, {sequenceType({reference("a")})})}));
   CDMCOBOLRecordItem* a = open(nullptr, at("a"));
   CDMXMLElement* ref = at("a")->getFirstChildElem()->getFirstChildElem()->getFirstChildElem();
@@ -103,14 +103,14 @@ TEST_F(Recursion, TypeIsComparedWithTypesNotWithElements) {
   EXPECT_FALSE(isRecursive(open(open(nullptr, type("T")), at("c"))));
 }
 
-TEST_F(Recursion, ReferenceGoesBeforeAType) {
+TEST_F(Recursion, ReferenceTakesPrecedenceOverAType) {
   use(schema({element("a"), component("complexType", "T"),
               element("both", {{"ref", "a"}, {"type", "T"}})}));
   EXPECT_FALSE(isRecursive(open(open(nullptr, nullptr, type("T")), at("both"))));
   EXPECT_TRUE(isRecursive(open(open(nullptr, at("a")), at("both"))));
 }
 
-TEST_F(Recursion, MissingReferenceIsNone) {
+TEST_F(Recursion, MissingReferenceIsNotRecursive) {
   use(schema({reference("missing"), element("a")}));
   CDMXMLElement* ref = document->rootElement->getFirstChildElem();
   EXPECT_FALSE(isRecursive(open(open(nullptr, at("a")), ref)));
@@ -128,7 +128,7 @@ TEST_F(Recursion, WithinAWalkOnlyWhatWasSeenCanBeOpen) {
   EXPECT_FALSE(definitions.wouldContainItself(c->parent, *components));
 }
 
-TEST_F(Recursion, WithoutTypeAndReferenceThereIsNone) {
+TEST_F(Recursion, ElementWithoutTypeAndReferenceIsNotRecursive) {
   use(schema({element("a"), element("b")}));
   EXPECT_FALSE(isRecursive(open(open(nullptr, at("b")), at("b"))));
 }

@@ -1,4 +1,4 @@
-// Which elements may stand in for an item's.
+// The elements that can replace the element of an item.
 
 #include "cobol/substitution_groups.h"
 
@@ -35,20 +35,20 @@ TEST_F(Members, NameTheirHead) {
   EXPECT_THAT(membersOf("novel", "urn:a"), IsEmpty());
 }
 
-TEST_F(Members, NameItAsTheItemIsIdentified) {
+TEST_F(Members, SpellTheHeadAsTheItemDoes) {
   use(schemaOf("urn:a", {element("book"), member("novel", "t:book")}));
   EXPECT_THAT(membersOf("book", "urn:a"), IsEmpty());
   EXPECT_THAT(membersOf("t:book", "urn:a"), ElementsAre("novel"));
   EXPECT_THAT(membersOf("Book", "urn:a"), IsEmpty());
 }
 
-TEST_F(Members, AreOfTheItemsNamespace) {
+TEST_F(Members, HaveTheNamespaceOfTheItem) {
   use(schemaOf("urn:a", {element("book"), member("novel", "book")}));
   EXPECT_THAT(membersOf("book", "urn:b"), IsEmpty());
   EXPECT_THAT(membersOf("book", ""), IsEmpty());
 }
 
-TEST_F(Members, OfNoNamespaceSuitAnItemOfNone) {
+TEST_F(Members, WithoutANamespaceMatchAnItemWithoutOne) {
   use(schema({element("book"), member("novel", "book")}));
   EXPECT_THAT(membersOf("book", ""), ElementsAre("novel"));
 }
@@ -60,7 +60,7 @@ TEST_F(Members, OfIncludedFilesKeepTheirOwnNamespace) {
   EXPECT_THAT(membersOf("book", "urn:other"), ElementsAre("atlas"));
 }
 
-TEST_F(Members, OfImportedDocumentsAreNotSought) {
+TEST_F(Members, OfImportedDocumentsAreIgnored) {
   loader.add("a.xsd", schemaOf("urn:a", {member("atlas", "book")}));
   use(schemaOf("urn:a", {import("urn:a", "a.xsd"), element("book")}));
   EXPECT_THAT(membersOf("book", "urn:a"), IsEmpty());

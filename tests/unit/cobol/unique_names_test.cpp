@@ -32,12 +32,12 @@ class Unique : public RecordTest {
   std::string text;
 };
 
-TEST_F(Unique, LikeNamesAreNumberedFromTheSecondOn) {
+TEST_F(Unique, EqualNamesAreNumberedFromTheSecondOn) {
   for (int i = 0; i < 3; ++i) makeField(root, "A");
   EXPECT_THAT(names(), ElementsAre("R", "A", "A-1", "A-2"));
 }
 
-TEST_F(Unique, CountFieldsGoWithTheNames) {
+TEST_F(Unique, CountFieldsFollowTheNames) {
   for (int i = 0; i < 3; ++i) makeField(root, "A");
   names();
   EXPECT_EQ(text,
@@ -47,14 +47,14 @@ TEST_F(Unique, CountFieldsGoWithTheNames) {
             "        02 A-2 PIC X(80) count in A-2-count.\n");
 }
 
-TEST_F(Unique, CountFieldsAreNamedWithoutACollisionToo) {
+TEST_F(Unique, CountFieldsAreNamedEvenWithoutACollision) {
   CDMCOBOLRecordItem* a = makeField(root, "A");
   a->countInName = "other";
   names();
   EXPECT_EQ(a->countInName, "A-count");
 }
 
-TEST_F(Unique, CountFieldsStayAwayWithoutTheirFlag) {
+TEST_F(Unique, CountFieldsNeedTheirFlag) {
   options.countIn = false;
   makeField(root, "A");
   makeField(root, "A");
@@ -65,21 +65,21 @@ TEST_F(Unique, CountFieldsStayAwayWithoutTheirFlag) {
             "        02 A-1 PIC X(80).\n");
 }
 
-TEST_F(Unique, NumberThatIsTakenIsPassedOver) {
+TEST_F(Unique, TakenNumberIsSkipped) {
   makeField(root, "A-1");
   makeField(root, "A");
   makeField(root, "A");
   EXPECT_THAT(names(), ElementsAre("R", "A-1", "A", "A-2"));
 }
 
-TEST_F(Unique, LaterNameGivesWayToAMadeOne) {
+TEST_F(Unique, LaterNameYieldsToAMadeName) {
   makeField(root, "A");
   makeField(root, "A");
   makeField(root, "A-1");
   EXPECT_THAT(names(), ElementsAre("R", "A", "A-1", "A-1-1"));
 }
 
-TEST_F(Unique, CaseMakesADifference) {
+TEST_F(Unique, ComparisonIsCaseSensitive) {
   makeField(root, "A");
   makeField(root, "a");
   EXPECT_THAT(names(), ElementsAre("R", "A", "a"));
@@ -100,7 +100,7 @@ TEST_F(Unique, NamesAreComparedOverTheWholeRecord) {
   EXPECT_THAT(names(), ElementsAre("R", "G", "A", "A-1", "G-1", "G-1-1"));
 }
 
-TEST_F(Unique, ItemIsComparedWithTheGroupAroundIt) {
+TEST_F(Unique, ItemIsComparedWithItsGroup) {
   CDMCOBOLRecordItem* group = makeGroup(root, "A");
   makeField(group, "A");
   EXPECT_THAT(names(), ElementsAre("R", "A", "A-1"));
@@ -114,20 +114,20 @@ TEST_F(Unique, ConditionNamesTakePart) {
   EXPECT_THAT(names(), ElementsAre("R", "color", "enumerator-0", "size", "enumerator-0-1"));
 }
 
-TEST_F(Unique, PrefixIsNoPartOfTheComparison) {
+TEST_F(Unique, PrefixIsNotCompared) {
   options.prefix = "W-";
   makeField(root, "A");
   makeField(root, "W-A");
   EXPECT_THAT(names(), ElementsAre("R", "A", "W-A"));
 }
 
-TEST_F(Unique, ItemThatCannotBeWrittenHoldsNoName) {
+TEST_F(Unique, UnwritableItemHoldsNoName) {
   makeGroup(root, "A");
   makeField(root, "A");
   EXPECT_THAT(names(), ElementsAre("R", "A", "A"));
 }
 
-TEST_F(Unique, NothingBelowAnItemThatCannotBeWrittenHoldsAName) {
+TEST_F(Unique, NothingBelowAnUnwritableItemHoldsAName) {
   CDMCOBOLRecordItem* tooDeep = makeGroup(root, "G");
   makeField(tooDeep, "A");
   tooDeep->levelNumber = 50;
@@ -135,7 +135,7 @@ TEST_F(Unique, NothingBelowAnItemThatCannotBeWrittenHoldsAName) {
   EXPECT_THAT(names(), ElementsAre("R", "G", "A", "A"));
 }
 
-TEST_F(Unique, ItemThatStandsTwiceKeepsItsName) {
+TEST_F(Unique, ItemWithTwoPlacesKeepsItsName) {
   root->addChild(makeField(root, "A"));
   makeField(root, "A");
   EXPECT_THAT(names(), ElementsAre("R", "A", "A", "A-1"));
@@ -158,7 +158,7 @@ TEST_F(Unique, EachRecordHasItsOwnNames) {
   EXPECT_THAT(names(), ElementsAre("R", "A"));
 }
 
-TEST_F(Unique, ManyLikeNamesAreNumberedInOrder) {
+TEST_F(Unique, ManyEqualNamesAreNumberedInOrder) {
   constexpr int kMany = 3000;
   for (int i = 0; i <= kMany; ++i) makeField(root, "A");
   EXPECT_EQ(names().back(), "A-" + std::to_string(kMany));

@@ -1,4 +1,4 @@
-// Each item looks for its name in a walk over the record from the root, each
+// Each item searches its name in a walk over the record from the root, each
 // further try in a walk of its own, and each walk warns about the items
 // without content that it passes: up to the holder of the name, or else up to
 // the item itself. So does the attempt to write an item without content.
@@ -47,15 +47,15 @@ TEST_F(UniqueWarnings, WithoutTheFlagThereIsOneForEachItem) {
   EXPECT_THAT(warnings(), ElementsAre("E", "F"));
 }
 
-// Writing E; A looks for itself; the second A finds the first, and tries A-1.
-TEST_F(UniqueWarnings, EachTryPassesTheItemsInFront) {
+// Writing E; A searches itself; the second A finds the first, and tries A-1.
+TEST_F(UniqueWarnings, EachTryPassesThePrecedingItems) {
   makeGroup(root, "E");
   makeField(root, "A");
   makeField(root, "A");
   EXPECT_THAT(warnings(), ElementsAre("E", "E", "E", "E"));
 }
 
-// Writing E; the second A stops at the first, ahead of E; A-1 passes E.
+// Writing E; the second A stops at the first, before E; A-1 passes E.
 TEST_F(UniqueWarnings, WalkEndsAtTheHolderOfTheName) {
   makeField(root, "A");
   makeGroup(root, "E");
@@ -126,8 +126,8 @@ TEST_F(UniqueWarnings, GroupThatHoldsTheNameEndsTheWalkBeforeItsContent) {
   EXPECT_THAT(warnings(), ElementsAre("E", "E"));
 }
 
-// The size alone makes H unwritable; what lies below it is not looked at.
-TEST_F(UniqueWarnings, NothingBelowAnUnwritableItemIsLookedAt) {
+// The size alone makes H unwritable; what is below it is skipped.
+TEST_F(UniqueWarnings, WalkSkipsEverythingBelowAnUnwritableItem) {
   CDMCOBOLRecordItem* unwritable = makeGroup(root, "H");
   unwritable->pictureSize = "5";
   makeGroup(unwritable, "E");
@@ -144,13 +144,13 @@ TEST_F(UniqueWarnings, SilentlyUnwritableItemsStaySilent) {
   EXPECT_THAT(warnings(), IsEmpty());
 }
 
-TEST_F(UniqueWarnings, ItemThatStandsTwiceIsPassedTwice) {
+TEST_F(UniqueWarnings, ItemWithTwoPlacesIsPassedTwice) {
   root->addChild(makeGroup(root, "E"));
   makeField(root, "A");
   EXPECT_THAT(warnings(), ElementsAre("E", "E", "E", "E"));
 }
 
-// M's second writing looks for M where it stands first, ahead of E.
+// The second writing of M finds the first place of M, before E.
 TEST_F(UniqueWarnings, SecondWritingOfAnItemWalksToItsFirstPlace) {
   CDMCOBOLRecordItem* member = makeField(root, "M");
   makeGroup(root, "E");

@@ -46,7 +46,7 @@ TEST_F(Components, NamesAreComparedExactly) {
   EXPECT_NE(list.findByName("Order"), nullptr);
 }
 
-TEST_F(Components, OneWithoutANameIsNeverFound) {
+TEST_F(Components, WithoutANameAreNeverFound) {
   list.append(make({"xs:element", {{"ref", "a"}}}));
   EXPECT_EQ(list.findByName("a"), nullptr);
   EXPECT_EQ(list.findByName(""), nullptr);

@@ -76,11 +76,11 @@ TEST(GeneratorKind, EachNameHasItsNumber) {
   }
 }
 
-TEST(GeneratorKind, EnumerationIsNoKind) {
+TEST(GeneratorKind, EnumerationIsOther) {
   EXPECT_EQ(generatorKindOf("xs:enumeration"), 27);
 }
 
-TEST(GeneratorKind, AnnotationsAreNoKind) {
+TEST(GeneratorKind, AnnotationsAreOther) {
   EXPECT_EQ(generatorKindOf("xs:annotation"), 27);
   EXPECT_EQ(generatorKindOf("xs:documentation"), 27);
 }

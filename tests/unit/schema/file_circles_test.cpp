@@ -50,7 +50,7 @@ TEST(OutsideCircles, FileIsReadEachTimeThatItIsReached) {
   EXPECT_THAT(readings({{"main", {"a", "a"}}}), ElementsAre("main", "a", "a"));
 }
 
-TEST(OutsideCircles, DiamondReadsItsTipTwice) {
+TEST(OutsideCircles, DiamondReadsItsLastFileTwice) {
   EXPECT_THAT(readings({{"main", {"a", "b"}}, {"a", {"c"}}, {"b", {"c"}}}),
               ElementsAre("main", "a", "c", "b", "c"));
 }
@@ -60,12 +60,12 @@ TEST(OutsideCircles, ReadingAgainReadsWhatTheFileRefersToAgain) {
               ElementsAre("main", "a", "b", "c", "a", "b", "c"));
 }
 
-TEST(OutsideCircles, FilesGrowWithTheNumberOfWaysToThem) {
+TEST(OutsideCircles, ReadingsGrowWithTheNumberOfPaths) {
   EXPECT_THAT(readings({{"main", {"a", "b"}}, {"a", {"c", "d"}}, {"b", {"c", "d"}}, {"c", {"d"}}}),
               ElementsAre("main", "a", "c", "d", "d", "b", "c", "d", "d"));
 }
 
-TEST(InACircle, MainFileCountsAsRead) {
+TEST(InACircle, MainFileIsNotReadAgain) {
   EXPECT_THAT(readings({{"main", {"main"}}}), ElementsAre("main"));
   EXPECT_THAT(readings({{"main", {"a", "a"}}, {"a", {"main"}}}), ElementsAre("main", "a"));
 }
@@ -79,7 +79,7 @@ TEST(InACircle, TwoFilesAreReadOnceEach) {
               ElementsAre("main", "a", "b"));
 }
 
-TEST(InACircle, LongOneCanBeEnteredAnywhereLater) {
+TEST(InACircle, LongCircleCanBeEnteredAnywhere) {
   EXPECT_THAT(readings({{"main", {"a", "d", "b", "c", "e", "a"}},
                         {"a", {"b"}},
                         {"b", {"c"}},
@@ -89,45 +89,45 @@ TEST(InACircle, LongOneCanBeEnteredAnywhereLater) {
               ElementsAre("main", "a", "b", "c", "d", "e"));
 }
 
-TEST(InACircle, LongOneOfTheMainFileCanBeEnteredAnywhereLater) {
+TEST(InACircle, LongCircleOfTheMainFileCanBeEnteredAnywhere) {
   EXPECT_THAT(readings({{"main", {"a", "c", "b"}}, {"a", {"b"}}, {"b", {"c"}}, {"c", {"main"}}}),
               ElementsAre("main", "a", "b", "c"));
 }
 
-TEST(InACircle, OverlappingOnesAreOne) {
+TEST(InACircle, OverlappingCirclesAreOne) {
   EXPECT_THAT(readings({{"main", {"a", "c", "b"}}, {"a", {"b"}}, {"b", {"a", "c"}}, {"c", {"b"}}}),
               ElementsAre("main", "a", "b", "c"));
 }
 
-TEST(InACircle, BranchThatLeadsBackThroughAReadFileIsPartOfIt) {
+TEST(InACircle, BranchThatLeadsBackThroughAReadFileIsPartOfTheCircle) {
   EXPECT_THAT(readings({{"main", {"a", "c", "b"}}, {"a", {"b", "c"}}, {"b", {"a"}}, {"c", {"b"}}}),
               ElementsAre("main", "a", "b", "c"));
 }
 
-TEST(InACircle, SeparateOnesAreReadOnceEach) {
+TEST(InACircle, SeparateCirclesAreReadOnceEach) {
   EXPECT_THAT(
       readings(
           {{"main", {"a", "c", "a", "c"}}, {"a", {"b"}}, {"b", {"a"}}, {"c", {"d"}}, {"d", {"c"}}}),
       ElementsAre("main", "a", "b", "c", "d"));
 }
 
-TEST(BesideACircle, FilesOfADiamondAheadOfItAreReadEachTime) {
+TEST(OutsideACircle, FilesOfADiamondBeforeItAreReadEachTime) {
   EXPECT_THAT(
       readings({{"main", {"a", "b", "a"}}, {"a", {"c"}}, {"b", {"c"}}, {"c", {"d"}}, {"d", {"c"}}}),
       ElementsAre("main", "a", "c", "d", "b", "a"));
 }
 
-TEST(BesideACircle, FileBehindItIsReadEachTime) {
+TEST(OutsideACircle, FileAfterItIsReadEachTime) {
   EXPECT_THAT(readings({{"main", {"a", "x"}}, {"a", {"b", "x"}}, {"b", {"a", "x"}}}),
               ElementsAre("main", "a", "b", "x", "x", "x"));
 }
 
-TEST(BesideACircle, FileBehindTheMainFilesOwnIsReadEachTime) {
+TEST(OutsideACircle, FileAfterTheCircleOfTheMainFileIsReadEachTime) {
   EXPECT_THAT(readings({{"main", {"a"}}, {"a", {"b", "x"}}, {"b", {"main", "x"}}}),
               ElementsAre("main", "a", "b", "x", "x"));
 }
 
-TEST(BesideACircle, FileReadAgainPassesTheCircleBelowItOver) {
+TEST(OutsideACircle, FileReadAgainSkipsTheCircleBelowIt) {
   EXPECT_THAT(
       readings({{"main", {"a", "a"}}, {"a", {"x", "c", "y"}}, {"c", {"c"}}, {"y", {"c", "x"}}}),
       ElementsAre("main", "a", "x", "c", "y", "x", "a", "x", "y", "x"));
@@ -135,7 +135,7 @@ TEST(BesideACircle, FileReadAgainPassesTheCircleBelowItOver) {
 
 class FileNames : public testing::Test {
  protected:
-  /// Whether a reference from `main` to `other` is one of the file to itself.
+  /// True if a reference from `main` to `other` leads to the same file.
   static bool areOneFile(std::string const& main, std::string const& other) {
     FileCircles circles;
     circles.enter(main);
@@ -143,13 +143,13 @@ class FileNames : public testing::Test {
   }
 };
 
-TEST_F(FileNames, DotsAreWorkedOut) {
+TEST_F(FileNames, DotsAreResolved) {
   EXPECT_TRUE(areOneFile("/s/a.xsd", "/s/t/../a.xsd"));
   EXPECT_TRUE(areOneFile("/s/a.xsd", "/s/./a.xsd"));
   EXPECT_FALSE(areOneFile("/s/a.xsd", "/s/t/a.xsd"));
 }
 
-TEST_F(FileNames, RelativeOnesStartAtTheWorkingDirectory) {
+TEST_F(FileNames, RelativeNamesStartAtTheWorkingDirectory) {
   WorkingFolder folder;
   EXPECT_TRUE(areOneFile(folder.path("a.xsd"), "a.xsd"));
   EXPECT_TRUE(areOneFile("sub/a.xsd", folder.path("sub/a.xsd")));
@@ -174,7 +174,7 @@ TEST_F(FileNames, OtherUrlsAreTheirOwnNames) {
   EXPECT_FALSE(areOneFile("http://example.org/a.xsd", "http://example.org/b.xsd"));
 }
 
-TEST_F(FileNames, CaseCounts) {
+TEST_F(FileNames, AreCaseSensitive) {
   EXPECT_FALSE(areOneFile("/s/a.xsd", "/s/A.xsd"));
 }
 

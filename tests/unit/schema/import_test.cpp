@@ -40,7 +40,7 @@ TEST_F(Import, ImportedDocumentHasNoPath) {
   EXPECT_EQ(imported("urn:a")->schemaPath, "");
 }
 
-TEST_F(Import, LocationIsTakenAsItStands) {
+TEST_F(Import, LocationIsNotResolved) {
   load(schema({import("urn:a", "sub/a.xsd"), import("urn:b", "/abs/b.xsd"),
                import("urn:c", "http://example.org/c.xsd")}));
   EXPECT_THAT(loader.loads, ElementsAre("sub/a.xsd", "/abs/b.xsd", "http://example.org/c.xsd"));
@@ -59,13 +59,13 @@ TEST_F(Import, WithoutANamespaceIsIgnored) {
   EXPECT_THAT(document->importedSchemas, IsEmpty());
 }
 
-TEST_F(Import, FileThatCannotBeUsedGivesNoPair) {
+TEST_F(Import, UnusableFileAddsNoPair) {
   load(schema({import("urn:a", "missing.xsd")}));
   EXPECT_THAT(loader.loads, ElementsAre("missing.xsd"));
   EXPECT_THAT(document->importedSchemas, IsEmpty());
 }
 
-TEST_F(Import, TwoOfOneNamespaceGiveTwoPairsAndTheFirstIsFound) {
+TEST_F(Import, TwoOfOneNamespaceAddTwoPairsAndTheFirstIsFound) {
   loader.add("a.xsd", schema({component("element", "first")}));
   loader.add("b.xsd", schema({component("element", "second")}));
   load(schema({import("urn:x", "a.xsd"), import("urn:x", "b.xsd")}));
@@ -73,7 +73,7 @@ TEST_F(Import, TwoOfOneNamespaceGiveTwoPairsAndTheFirstIsFound) {
   EXPECT_THAT(namesOf(imported("urn:x")->elements), ElementsAre("first"));
 }
 
-TEST_F(Import, OfOneFileTwiceGivesTwoDocuments) {
+TEST_F(Import, OfOneFileTwiceAddsTwoDocuments) {
   loader.add("a.xsd", schema({component("element", "a")}));
   load(schema({import("urn:a", "a.xsd"), import("urn:a", "a.xsd")}));
   ASSERT_EQ(document->importedSchemas.size(), 2U);
@@ -96,7 +96,7 @@ TEST_F(Import, InsideAnImportedFileRegistersInTheMainDocument) {
   EXPECT_THAT(imported("urn:a")->importedSchemas, IsEmpty());
 }
 
-TEST_F(Import, InsideAnImportedFileIsRegisteredAheadOfIt) {
+TEST_F(Import, InsideAnImportedFileIsRegisteredBeforeIt) {
   loader.add("a.xsd", schema({import("urn:x", "b.xsd"), component("element", "outer")}));
   loader.add("b.xsd", schema({component("element", "inner")}));
   load(schema({import("urn:x", "a.xsd")}));

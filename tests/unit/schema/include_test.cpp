@@ -19,7 +19,7 @@ std::vector<std::string> attributeNames(CDMXMLElement const* element) {
 
 class Include : public SchemaTest {};
 
-TEST_F(Include, ComponentsFollowTheMainFilesOwnInTheOrderOfTheIncludes) {
+TEST_F(Include, ComponentsFollowThoseOfTheMainFileInTheOrderOfTheIncludes) {
   loader.add("/s/a.xsd", schema({component("element", "a1"), component("element", "a2")}));
   loader.add("/s/b.xsd", schema({component("element", "b1")}));
   load(schema({include("a.xsd"), component("element", "m"), include("b.xsd")}));
@@ -28,14 +28,14 @@ TEST_F(Include, ComponentsFollowTheMainFilesOwnInTheOrderOfTheIncludes) {
   EXPECT_THAT(loader.loads, ElementsAre("/s/a.xsd", "/s/b.xsd"));
 }
 
-TEST_F(Include, ComponentsOfANestedFileComeBeforeThoseOfTheFileAround) {
+TEST_F(Include, ComponentsOfANestedFileComeBeforeThoseOfTheIncludingFile) {
   loader.add("/s/a.xsd", schema({include("b.xsd"), component("element", "a")}));
   loader.add("/s/b.xsd", schema({component("element", "b")}));
   load(schema({include("a.xsd"), component("element", "m")}));
   EXPECT_THAT(namesOf(document->elements), ElementsAre("m", "b", "a"));
 }
 
-TEST_F(Include, FiveKindsTravelAndTheOthersStay) {
+TEST_F(Include, FiveKindsAreMovedAndTheOthersStay) {
   loader.add("/s/a.xsd", schema({{"xs:annotation"},
                                  component("element", "e"),
                                  component("attribute", "at"),
@@ -50,7 +50,7 @@ TEST_F(Include, FiveKindsTravelAndTheOthersStay) {
   EXPECT_THAT(namesOf(document->groups), ElementsAre("g"));
 }
 
-TEST_F(Include, ComponentCarriesItsFilesNamespacesBehindItsOwnAttributes) {
+TEST_F(Include, ComponentHasTheNamespacesOfItsFileAfterItsOwnAttributes) {
   loader.add("/s/a.xsd", {"xs:schema",
                           {{"xmlns:xs", "http://www.w3.org/2001/XMLSchema"},
                            {"version", "1"},
@@ -103,31 +103,31 @@ TEST_F(Include, AbsoluteLocationStays) {
   EXPECT_THAT(loader.loads, ElementsAre("/other/a.xsd", "/other/b.xsd"));
 }
 
-TEST_F(Include, LocationOfAUrlIsHandedOnAndIsNoBase) {
+TEST_F(Include, LocationOfAUrlIsPassedOnAndIsNotABase) {
   loader.add("http://example.org/x/a.xsd", schema({include("b.xsd")}));
   load(schema({include("http://example.org/x/a.xsd")}));
   EXPECT_THAT(loader.loads, ElementsAre("http://example.org/x/a.xsd", "/s/b.xsd"));
 }
 
-TEST_F(Include, WithoutALocationIsPassedOver) {
+TEST_F(Include, WithoutALocationIsSkipped) {
   load(schema({{"xs:include"}, component("element", "m")}));
   EXPECT_THAT(loader.loads, IsEmpty());
   EXPECT_THAT(namesOf(document->elements), ElementsAre("m"));
 }
 
-TEST_F(Include, FileThatCannotBeUsedOnlyLacksItsComponents) {
+TEST_F(Include, UnusableFileOnlyLacksItsComponents) {
   loader.add("/s/b.xsd", schema({component("element", "b")}));
   load(schema({include("missing.xsd"), include("b.xsd"), component("element", "m")}));
   EXPECT_THAT(namesOf(document->elements), ElementsAre("m", "b"));
 }
 
-TEST_F(Include, FileThatIsNoSchemaAddsNothing) {
+TEST_F(Include, FileOtherThanASchemaAddsNothing) {
   loader.add("/s/a.xsd", {"html", {}, {component("element", "a")}});
   load(schema({include("a.xsd"), component("element", "m")}));
   EXPECT_THAT(mainComponents(), ElementsAre("", "m"));
 }
 
-TEST_F(Include, FileReachedTwiceContributesTwiceAndTheFirstIsFound) {
+TEST_F(Include, FileReachedTwiceAddsItsComponentsTwiceAndTheFirstIsFound) {
   loader.add("/s/a.xsd", schema({component("complexType", "T")}));
   load(schema({include("a.xsd"), include("a.xsd")}));
   EXPECT_THAT(loader.loads, ElementsAre("/s/a.xsd", "/s/a.xsd"));
@@ -135,7 +135,7 @@ TEST_F(Include, FileReachedTwiceContributesTwiceAndTheFirstIsFound) {
   EXPECT_EQ(document->complexTypes.findByName("T"), *document->complexTypes.begin());
 }
 
-TEST_F(Include, AtAnyDepthOfTheFileCounts) {
+TEST_F(Include, AtAnyDepthOfTheFileIsRead) {
   loader.add("/s/a.xsd", schema({component("element", "a")}));
   load(schema({component("complexType", "T", {include("a.xsd")})}));
   EXPECT_THAT(namesOf(document->elements), ElementsAre("a"));

@@ -34,7 +34,7 @@ TEST_F(MatchRules, NamesAreComparedByTheirLocalParts) {
   EXPECT_FALSE(hasName(element, "grou"));
 }
 
-TEST_F(MatchRules, AttributeIsSoughtByTheLocalPartOfTheKey) {
+TEST_F(MatchRules, AttributeIsSearchedByTheLocalPartOfTheKey) {
   CDMXMLElement* element = make({"xs:element", {{"substitutionGroup", "a"}}});
   EXPECT_TRUE(hasAttribute(element, "substitutionGroup"));
   EXPECT_TRUE(hasAttribute(element, "xs:substitutionGroup"));

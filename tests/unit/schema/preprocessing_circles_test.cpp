@@ -1,4 +1,4 @@
-// Circles of files among a schema's references.
+// Circles among the files that a schema refers to.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -26,14 +26,14 @@ TEST_F(SchemaCircles, FileThatIncludesItselfIsLoadedOnce) {
   EXPECT_THAT(namesOf(document->elements), ElementsAre("m"));
 }
 
-TEST_F(SchemaCircles, TwoFilesThatIncludeEachOtherContributeOnce) {
+TEST_F(SchemaCircles, TwoFilesThatIncludeEachOtherAreLoadedOnce) {
   loader.add("/s/a.xsd", schema({include("main.xsd"), component("element", "a")}));
   load(schema({include("a.xsd"), include("a.xsd"), component("element", "m")}));
   EXPECT_THAT(loader.loads, ElementsAre("/s/a.xsd"));
   EXPECT_THAT(namesOf(document->elements), ElementsAre("m", "a"));
 }
 
-TEST_F(SchemaCircles, CircleBehindADiamondIsLoadedOnceAndTheDiamondEachTime) {
+TEST_F(SchemaCircles, CircleAfterADiamondIsLoadedOnceAndTheDiamondEachTime) {
   loader.add("/s/a.xsd", schema({include("c.xsd"), component("element", "a")}));
   loader.add("/s/b.xsd", schema({include("c.xsd"), component("element", "b")}));
   loader.add("/s/c.xsd", schema({include("d.xsd"), component("element", "c")}));
@@ -51,7 +51,7 @@ TEST_F(SchemaCircles, ImportsAreResolvedAgainstTheWorkingDirectory) {
   EXPECT_EQ(document->importedSchemas.size(), 1U);
 }
 
-TEST_F(SchemaCircles, ImportOfALikeNamedFileElsewhereIsNoCircle) {
+TEST_F(SchemaCircles, ImportOfAFileOfTheSameNameElsewhereIsNotACircle) {
   loader.add("main.xsd", schema({component("element", "other")}));
   load(schema({import("urn:m", "main.xsd")}), "/elsewhere/main.xsd");
   EXPECT_THAT(loader.loads, ElementsAre("main.xsd"));
@@ -68,14 +68,14 @@ TEST_F(SchemaCircles, AllKindsOfReferencesMakeOneCircle) {
   EXPECT_THAT(namesOf(document->elements), ElementsAre("m", "b"));
 }
 
-TEST_F(SchemaCircles, PassedOverRedefineStillReplacesWhatIsGathered) {
+TEST_F(SchemaCircles, SkippedRedefineStillReplacesPendingComponents) {
   loader.add("/s/a.xsd", schema({component("complexType", "T")}));
   load(schema({include("a.xsd"), redefine("main.xsd", {component("complexType", "T")})}));
   EXPECT_THAT(namesOf(document->redefinedElements), ElementsAre("T"));
   EXPECT_EQ(document->complexTypes.size(), 1U);
 }
 
-TEST_F(SchemaCircles, FileThatCannotBeUsedIsAskedForEachTime) {
+TEST_F(SchemaCircles, UnusableFileIsAskedForEachTime) {
   load(schema({include("gone.xsd"), include("gone.xsd")}));
   EXPECT_THAT(loader.loads, ElementsAre("/s/gone.xsd", "/s/gone.xsd"));
 }

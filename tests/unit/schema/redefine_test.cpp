@@ -18,7 +18,7 @@ class Redefine : public SchemaTest {
   }
 };
 
-TEST_F(Redefine, NewVersionTakesTheOldOnesPlaceInTheSchema) {
+TEST_F(Redefine, NewVersionReplacesTheOldOneInTheSchema) {
   loader.add("/s/a.xsd", schema({component("complexType", "T"), component("element", "a")}));
   load(schema({redefine("a.xsd", {component("complexType", "T")})}));
   EXPECT_THAT(mainComponents(), ElementsAre("", "a", "T"));
@@ -26,7 +26,7 @@ TEST_F(Redefine, NewVersionTakesTheOldOnesPlaceInTheSchema) {
   EXPECT_TRUE(standsInARedefine(document->complexTypes.findByName("T")));
 }
 
-TEST_F(Redefine, OldVersionIsKeptApart) {
+TEST_F(Redefine, OldVersionIsKeptInAListOfItsOwn) {
   loader.add("/s/a.xsd", schema({component("complexType", "T")}));
   load(schema({redefine("a.xsd", {component("complexType", "T")})}));
   ASSERT_THAT(namesOf(document->redefinedElements), ElementsAre("T"));
@@ -72,7 +72,7 @@ TEST_F(Redefine, OneVersionIsReplacedForEachChild) {
   EXPECT_EQ(document->redefinedElements.size(), 1U);
 }
 
-TEST_F(Redefine, EverythingGatheredSoFarCanBeReplaced) {
+TEST_F(Redefine, AllPendingComponentsCanBeReplaced) {
   loader.add("/s/a.xsd", schema({component("complexType", "T")}));
   loader.add("/s/b.xsd", schema({component("element", "b")}));
   load(schema({include("a.xsd"), redefine("b.xsd", {component("complexType", "T")})}));
@@ -80,7 +80,7 @@ TEST_F(Redefine, EverythingGatheredSoFarCanBeReplaced) {
   EXPECT_TRUE(standsInARedefine(document->complexTypes.findByName("T")));
 }
 
-TEST_F(Redefine, WhatComesLaterCannotBeReplaced) {
+TEST_F(Redefine, LaterComponentsCannotBeReplaced) {
   loader.add("/s/a.xsd", schema({component("complexType", "T")}));
   loader.add("/s/b.xsd", schema({component("element", "b")}));
   load(schema({redefine("b.xsd", {component("complexType", "T")}), include("a.xsd")}));
@@ -88,14 +88,14 @@ TEST_F(Redefine, WhatComesLaterCannotBeReplaced) {
   EXPECT_FALSE(standsInARedefine(document->complexTypes.findByName("T")));
 }
 
-TEST_F(Redefine, MainFilesOwnComponentsAreNotReplaced) {
+TEST_F(Redefine, ComponentsOfTheMainFileAreNotReplaced) {
   loader.add("/s/a.xsd", schema({component("element", "a")}));
   load(schema({component("complexType", "T"), redefine("a.xsd", {component("complexType", "T")})}));
   EXPECT_THAT(namesOf(document->redefinedElements), IsEmpty());
   EXPECT_EQ(document->complexTypes.size(), 1U);
 }
 
-TEST_F(Redefine, ComponentsOfANestedFileHaveLeftAlready) {
+TEST_F(Redefine, ComponentsOfANestedFileCannotBeReplaced) {
   loader.add("/s/a.xsd", schema({include("b.xsd")}));
   loader.add("/s/b.xsd", schema({component("complexType", "T")}));
   load(schema({redefine("a.xsd", {component("complexType", "T")})}));
@@ -112,7 +112,7 @@ TEST_F(Redefine, OldVersionsOfAnIncludedFileAreLost) {
   EXPECT_TRUE(standsInARedefine(document->complexTypes.findByName("T")));
 }
 
-TEST_F(Redefine, OfAFileThatCannotBeUsedChangesNothing) {
+TEST_F(Redefine, OfAnUnusableFileChangesNothing) {
   load(schema({component("element", "m"), redefine("gone.xsd", {component("complexType", "T")})}));
   EXPECT_THAT(mainComponents(), ElementsAre("m", ""));
   EXPECT_TRUE(document->complexTypes.empty());

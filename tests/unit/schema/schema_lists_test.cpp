@@ -1,4 +1,4 @@
-// What a schema document lists.
+// The lists of a schema document.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -29,7 +29,7 @@ TEST_F(SchemaLists, EmptyDocumentListsNothing) {
   EXPECT_FALSE(empty.InitializeElementLists());
 }
 
-TEST_F(SchemaLists, DocumentOfNoTreeIsEmpty) {
+TEST_F(SchemaLists, DocumentWithoutATreeIsEmpty) {
   SchemaSet const nothing = SchemaPreprocessing(loader).PreProcessSchema(nullptr, "/s/main.xsd");
   EXPECT_EQ(nothing.main.rootElement, nullptr);
   EXPECT_EQ(nothing.main.schemaPath, "/s/main.xsd");
@@ -56,19 +56,19 @@ TEST_F(SchemaLists, EachKindOfGlobalComponentHasItsList) {
   EXPECT_EQ(doc.rootElement->name, "xs:schema");
 }
 
-TEST_F(SchemaLists, DuplicatesStandInDocumentOrder) {
+TEST_F(SchemaLists, DuplicatesAreInDocumentOrder) {
   CDMXMLSchemaDoc& doc = load(schema({component("element", "a"), component("element", "a")}));
   EXPECT_THAT(namesOf(doc.elements), ElementsAre("a", "a"));
   EXPECT_EQ(doc.elements.findByName("a"), doc.rootElement->getFirstChildElem());
 }
 
-TEST_F(SchemaLists, LocalElementStandsInNoList) {
+TEST_F(SchemaLists, LocalElementIsInNoList) {
   CDMXMLSchemaDoc& doc =
       load(schema({component("complexType", "T", {component("element", "local")})}));
   EXPECT_TRUE(doc.elements.empty());
 }
 
-TEST_F(SchemaLists, MembersOfSubstitutionGroupsStandInBothLists) {
+TEST_F(SchemaLists, MembersOfSubstitutionGroupsAreInBothLists) {
   Tree member = component("element", "m");
   member.attributes.emplace_back("substitutionGroup", "h");
   CDMXMLSchemaDoc& doc = load(schema({component("element", "h"), member}));
@@ -86,7 +86,7 @@ TEST_F(SchemaLists, TargetNamespaceIsTheRootsAttribute) {
   EXPECT_EQ(load(schemaOf("urn:a", {component("element", "e")})).targetNamespace, "urn:a");
 }
 
-TEST_F(SchemaLists, SchemaOfDeclarationsAloneHasNoTargetNamespace) {
+TEST_F(SchemaLists, SchemaWithDeclarationsOnlyHasNoTargetNamespace) {
   CDMXMLSchemaDoc& doc = load({"xs:schema",
                                {{"xmlns:b", "urn:b"}, {"xmlns", "urn:d"}, {"xmlns:a", "urn:a"}},
                                {component("element", "e")}});
@@ -94,14 +94,14 @@ TEST_F(SchemaLists, SchemaOfDeclarationsAloneHasNoTargetNamespace) {
   EXPECT_THAT(attributeNames(doc.namespaceAttributes), ElementsAre("xmlns:b", "xmlns", "xmlns:a"));
 }
 
-TEST_F(SchemaLists, OnlyTheLocalPartTellsTheTargetNamespace) {
+TEST_F(SchemaLists, OnlyTheLocalPartOfTheTargetNamespaceIsCompared) {
   CDMXMLSchemaDoc& doc =
       load({"xs:schema", {{"xmlns:targetNamespace", "urn:t"}}, {component("element", "e")}});
   EXPECT_EQ(doc.targetNamespace, "urn:t");
   EXPECT_THAT(doc.namespaceAttributes, IsEmpty());
 }
 
-TEST_F(SchemaLists, DeclarationIsToldByItsQualifierOrItsLocalPart) {
+TEST_F(SchemaLists, DeclarationHasTheQualifierOrTheLocalPart) {
   CDMXMLSchemaDoc& doc = load({"xs:schema",
                                {{"xmlns:a", "urn:a"}, {"x:xmlns", "urn:x"}, {"x:a", "1"}},
                                {component("element", "e")}});
@@ -137,7 +137,7 @@ TEST_F(SchemaLists, LastSchemaElementOfAFileIsItsRoot) {
   EXPECT_THAT(namesOf(doc.elements), ElementsAre("in"));
 }
 
-TEST_F(SchemaLists, RootThatIsNoSchemaIsNoDocument) {
+TEST_F(SchemaLists, RootOtherThanASchemaIsIgnored) {
   CDMXMLSchemaDoc& doc = load({"html", {}, {component("element", "a")}});
   EXPECT_EQ(doc.rootElement, nullptr);
   EXPECT_TRUE(doc.elements.empty());

@@ -30,11 +30,11 @@ class FileLoader : public ConsoleTest {
 
   TemporaryFolder folder;
   CDMXMLNodeStore store;
-  CDMDOMParser platform{store};  // keeps the XML library up
+  CDMDOMParser platform{store};  // keeps the XML library initialized
   SchemaFileLoader loader{store};
 };
 
-TEST_F(FileLoader, GoodFileGivesItsTree) {
+TEST_F(FileLoader, GoodFileHasATree) {
   CDMXMLElement* tree = loader.load(folder.write("a.xsd", kGoodSchema));
   ASSERT_NE(tree, nullptr);
   EXPECT_EQ(tree->name, "");
@@ -43,7 +43,7 @@ TEST_F(FileLoader, GoodFileGivesItsTree) {
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(FileLoader, FileLoadedTwiceIsAnnouncedTwiceAndGivesTwoTrees) {
+TEST_F(FileLoader, FileLoadedTwiceIsAnnouncedTwiceAndHasTwoTrees) {
   std::string const file = folder.write("a.xsd", kGoodSchema);
   CDMXMLElement* first = loader.load(file);
   CDMXMLElement* second = loader.load(file);
@@ -86,7 +86,7 @@ TEST_F(FileLoader, MissingFileIsReportedEachTime) {
   EXPECT_EQ(console.m_nErrorCount + console.m_nWarningCount, 2 * count);
 }
 
-TEST_F(FileLoader, NothingIsUsableOnceSomethingWasCounted) {
+TEST_F(FileLoader, NoFileIsUsableAfterAReport) {
   std::string const bad = folder.write("bad.xsd", kBadSchema);
   std::string const good = folder.write("good.xsd", kGoodSchema);
   EXPECT_EQ(loader.load(bad), nullptr);
@@ -94,14 +94,14 @@ TEST_F(FileLoader, NothingIsUsableOnceSomethingWasCounted) {
   EXPECT_EQ(captured.out(), announced("bad.xsd") + announced("good.xsd"));
 }
 
-TEST_F(FileLoader, FileThatWasGoodIsNotUsableOnceSomethingWasCounted) {
+TEST_F(FileLoader, GoodFileIsUnusableAfterAReport) {
   std::string const good = folder.write("good.xsd", kGoodSchema);
   EXPECT_NE(loader.load(good), nullptr);
   out() << "Warning : x";
   EXPECT_EQ(loader.load(good), nullptr);
 }
 
-TEST_F(FileLoader, FileThatIsPartOfNoCircleContributesEachTime) {
+TEST_F(FileLoader, FileOutsideCirclesAddsItsComponentsEachTime) {
   folder.write("a.xsd", kGoodSchema);
   CDMXMLElement* main = buildDocument(store, {"xs:schema",
                                               {},
@@ -112,7 +112,7 @@ TEST_F(FileLoader, FileThatIsPartOfNoCircleContributesEachTime) {
   EXPECT_EQ(captured.out(), announced("a.xsd") + announced("a.xsd"));
 }
 
-TEST_F(FileLoader, CopyIsMadeOfTheFileNotOfItsUse) {
+TEST_F(FileLoader, CopyIsMadeOfTheTreeAsItWasRead) {
   folder.write("a.xsd",
                R"(<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema" targetNamespace="urn:a">
   <xs:element name="a" type="xs:int"/>

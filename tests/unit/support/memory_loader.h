@@ -1,4 +1,4 @@
-// Schemas from memory, and short forms to write them down.
+// Schemas from memory, and short forms of their components.
 #pragma once
 
 #include <map>
@@ -37,7 +37,7 @@ inline Tree redefine(std::string const& location, std::vector<Tree> children) {
   return {"xs:redefine", {{"schemaLocation", location}}, std::move(children)};
 }
 
-/// Knows the schemas that the test adds; any other location can't be used.
+/// Knows the schemas that the test adds; any other location is unusable.
 class MemoryLoader : public SchemaLoader {
  public:
   explicit MemoryLoader(CDMXMLNodeStore& store) : m_store(store) {}

@@ -33,7 +33,7 @@ class QueryTest : public SchemaTest {
   std::optional<SubstitutionGroups> substitutions;
 };
 
-/// An element, global or local, with a type or whatever else it needs.
+/// An element, global or local, with further attributes and children.
 inline Tree element(std::string const& name, Attributes more = {},
                     std::vector<Tree> children = {}) {
   Attributes attributes{{"name", name}};

@@ -1,4 +1,4 @@
-// Record items made by hand, and what comes of them.
+// Record items made by hand, and their output.
 #pragma once
 
 #include <sstream>
@@ -23,7 +23,7 @@ class RecordTest : public ConsoleTest {
   }
 
   /// An item without a picture below `parent`: a group, or without children an
-  /// item that can't be written.
+  /// item that cannot be written.
   CDMCOBOLRecordItem* makeGroup(CDMCOBOLRecordItem* parent, std::string_view name) {
     CDMCOBOLRecordItem* item = store.create();
     item->levelNumber = parent == nullptr ? 1 : parent->levelNumber + 1;

@@ -14,7 +14,7 @@ namespace fdmorph {
 /// The main file is /s/main.xsd, unless the test says otherwise.
 class SchemaTest : public testing::Test {
  protected:
-  // Path questions go to the XML library.
+  // Paths are resolved by the XML library.
   static void SetUpTestSuite() { CDMDOMParser::InitializePlatform(); }
 
   CDMXMLSchemaDoc& load(Tree const& main, std::string const& path = "/s/main.xsd") {
