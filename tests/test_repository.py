@@ -43,6 +43,28 @@ def test_only_the_xml_folder_knows_the_xml_library() -> None:
     assert names(users) == []
 
 
+def headers_with_the_library(name: str, seen: set[str]) -> list[str]:
+    """The headers of src/xml that the header `name` leads to, itself included,
+    and that include the XML library."""
+    if name in seen:
+        return []
+    seen.add(name)
+    text = (ROOT / "src" / name).read_text(encoding="utf-8")
+    found = [name] if "#include <xercesc/" in text else []
+    for included in re.findall(r'#include "(xml/[^"]+)"', text):
+        found += headers_with_the_library(included, seen)
+    return found
+
+
+def test_other_folders_reach_no_header_of_the_xml_library() -> None:
+    reached = []
+    for path in tracked("src/*.cpp", "src/*.h"):
+        if path.parent.name != "xml":
+            for name in re.findall(r'#include "(xml/[^"]+)"', path.read_text(encoding="utf-8")):
+                reached += headers_with_the_library(name, set())
+    assert reached == []
+
+
 def test_no_source_file_is_too_long() -> None:
     long = [
         path

@@ -7,7 +7,7 @@
 
 #include "semantics/item_rules.h"
 #include "semantics/values.h"
-#include "text/xml_text.h"
+#include "text/xml_writer.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -65,6 +65,7 @@ class Writer {
   }
 
   std::string write(DictionaryOrder order) {
+    m_xml.declaration();
     m_xml.begin("program");
     m_xml.attribute("name", m_data.programName);
     if (order == DictionaryOrder::filesFirst) writeFiles();
@@ -247,7 +248,7 @@ class Writer {
   DataDivision const& m_data;
   Diagnostics& m_diagnostics;
   std::unordered_map<DataItem const*, std::string_view> m_files;  // of records
-  XmlText m_xml;
+  XmlWriter<Utf8OrLatin1> m_xml;
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The mapping file in memory: what the user decided, item by item, about the
-// names and settings of the generated schema and copybook.
+// names and settings of the generated schema and copybook. And what it comes to:
+// the name of an item in XML.
 #pragma once
 
 #include <cstdint>
@@ -61,5 +62,25 @@ class CDMXMLCOBOLExternalMapping {
   mutable std::size_t m_indexed = 0;
   mutable std::unordered_map<CDMXMLElement const*, Hash> m_hashes;
 };
+
+/// The name and settings of an item, by its dictionary entry and, where there
+/// is one, its entry in the mapping. Texts are views of those two.
+struct ItemName {
+  std::string_view xmlName;  ///< empty: the item has no place in XML
+  std::string_view xmlType;
+  std::string_view xmlNamespace;
+  bool isAttribute = false;
+  bool countIn = true;
+};
+
+/// Lets the mapping's entry for `element`, if there is one, replace all of
+/// `name`; an empty text does so too. The count-in flag can only be switched
+/// off. True if an entry was found.
+bool ApplyExternalMappingFile(CDMXMLElement const* element,
+                              CDMXMLCOBOLExternalMapping const* mapping, ItemName& name);
+
+/// The dictionary's name as it stands, the type that goes with its picture,
+/// and no name for a filler.
+ItemName defaultNameOf(CDMXMLElement const* element, bool countIn);
 
 }  // namespace fdmorph

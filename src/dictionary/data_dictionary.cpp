@@ -41,7 +41,7 @@ constexpr std::string_view kFiller = "filler";
 constexpr std::string_view kComputational = "comp";
 
 bool beginsWith(std::string_view text, std::string_view head) {
-  // The terminator of a shorter text differs from the head's letter there.
+  // A shorter text ends in a terminator, which differs from every letter.
   return my_strnicmp(std::string(text.substr(0, head.size())).c_str(), head.data(),
                      static_cast<int>(head.size())) == 0;
 }
@@ -108,6 +108,18 @@ bool isFiller(std::string_view name) {
 
 bool isComputational(std::string_view usage) {
   return beginsWith(usage, kComputational);
+}
+
+std::string_view getXmlType(CDMXMLElement const* element) {
+  if (getDataDictElementType(element) != DD_NUMERIC) return "string";
+  std::string_view usage = attributeOf(element, "usage").value_or("display");
+  if (usage == "comp-1") return "float";
+  if (usage == "comp-2") return "double";
+  bool isFixedPoint =
+      usage == "display" || usage == "comp-3" || usage == "comp-4" || usage == "comp-5";
+  if (!isFixedPoint) return "string";
+  bool isInteger = attributeOf(element, "alignment").value_or("0") == "0";
+  return isInteger ? "integer" : "decimal";
 }
 
 std::string getQualifiedNameAttr(CDMXMLElement const* element) {

@@ -56,8 +56,8 @@ bool isCondition(DATADICT_ELEMENT_TYPE kind);
 /// The program and the lists of records in it.
 bool isContainer(DATADICT_ELEMENT_TYPE kind);
 
-/// The value of an attribute of `element`, which it belongs to; nothing if the
-/// element hasn't got it.
+/// The value of an attribute of `element`, a view of the element's own text;
+/// nothing if the element does not have it.
 std::optional<std::string_view> attributeOf(CDMXMLElement const* element, std::string_view name);
 
 /// Whether an attribute of `element` has exactly this value.
@@ -71,6 +71,11 @@ bool isFiller(std::string_view name);
 
 /// Whether a usage is one of the computational ones, in any case.
 bool isComputational(std::string_view usage);
+
+/// The local name of the built-in type (XML Schema: Datatypes) for an item, by
+/// its kind, usage and alignment alone: sizes become facets. Every item that is
+/// not numeric is a "string".
+std::string_view getXmlType(CDMXMLElement const* element);
 
 /// The key of an item: the names from the top of its record down to it, with
 /// dots between. The climb ends at the first ancestor without a name; an item

@@ -5,8 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "xml/DMDOMParser.h"
 #include "xml/node_store.h"
-#include "xml/parser_report.h"
 
 namespace fdmorph {
 

@@ -6,6 +6,7 @@
 #include <cstdlib>
 
 #include "text/console.h"
+#include "text/utf8.h"
 
 namespace fdmorph {
 namespace {
@@ -46,6 +47,15 @@ std::string my_wcstombs(wchar_t const* text) {
   std::string narrow(length, '\0');
   std::wcstombs(narrow.data(), text, length);
   return narrow;
+}
+
+std::string localeToUtf8(std::string_view text) {
+  std::string result(text);
+  if (isAscii(text)) return result;
+  std::wstring wide = my_mbstowcs(result.c_str());
+  result.clear();
+  for (wchar_t character : wide) appendUtf8(result, static_cast<unsigned>(character));
+  return result;
 }
 
 char const* my_strrchr(char const* text, char const* wanted) {

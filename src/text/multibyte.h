@@ -17,6 +17,11 @@ std::wstring my_mbstowcs(char const* text);
 /// multibyte" (counted, without a line end) and give an empty string.
 std::string my_wcstombs(wchar_t const* text);
 
+/// The UTF-8 form of `text`, which is in the locale's encoding up to a NUL.
+/// Text that is not valid there is reported as by my_mbstowcs and gives an
+/// empty string.
+std::string localeToUtf8(std::string_view text);
+
 /// Pointer to the last character of `text` that equals the start of `wanted`,
 /// blind to case, stepping by multibyte characters. Without a match, a pointer
 /// to an empty string, never null.

@@ -4,7 +4,6 @@
 #include <xercesc/sax/SAXParseException.hpp>
 
 #include "text/console.h"
-#include "xml/transcoding.h"
 
 namespace fdmorph {
 

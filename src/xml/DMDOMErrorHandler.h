@@ -1,12 +1,12 @@
 // The XML parser's reports: each becomes one line on the error stream and one
-// count.
+// count. For this folder only.
 #pragma once
 
 #include <vector>
 #include <xercesc/sax/ErrorHandler.hpp>
 
-#include "xml/parser_report.h"
-#include "xml/xerces_fwd.h"
+#include "xml/DMDOMParser.h"
+#include "xml/transcoding.h"
 
 namespace fdmorph {
 

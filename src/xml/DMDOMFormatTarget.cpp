@@ -6,18 +6,13 @@
 
 namespace fdmorph {
 
-CDMDOMFormatTarget::CDMDOMFormatTarget() : m_SavedBuffer(std::cout.rdbuf()) {}
-
-void CDMDOMFormatTarget::writeChars(XMLByte const* bytes, XMLSize_t count, xerces::XMLFormatter*) {
-  std::cout.write(reinterpret_cast<char const*>(bytes), static_cast<std::streamsize>(count));
+std::ostream& CDMDOMFormatTarget::stream() const {
+  return m_Target == nullptr ? std::cout : *m_Target;
 }
 
-void CDMDOMFormatTarget::setTarget(std::ofstream& file) {
-  redirectOutput(file.rdbuf());
-}
-
-void CDMDOMFormatTarget::restoreTarget() {
-  redirectOutput(m_SavedBuffer);
+void XmlFormatter::begin() {
+  std::ostream& stream = m_target.stream();
+  m_writer.setTarget(&stream, isLineByLine(stream.rdbuf()));
 }
 
 }  // namespace fdmorph

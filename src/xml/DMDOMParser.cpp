@@ -1,8 +1,8 @@
 #include "xml/DMDOMParser.h"
 
 #include <iostream>
+#include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMException.hpp>
-#include <xercesc/framework/XMLFormatter.hpp>
 #include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
@@ -13,9 +13,9 @@
 
 #include "text/console.h"
 #include "xml/DMDOMErrorHandler.h"
-#include "xml/DMDOMFormatTarget.h"
 #include "xml/entity_guard.h"
 #include "xml/transcoding.h"
+#include "xml/tree_building.h"
 
 namespace fdmorph {
 
@@ -27,37 +27,55 @@ using xerces::XMLUni;
 
 namespace {
 
-// A document that means well stays far below this many entity expansions.
+using Kind = ParserReport::Kind;
+
+// Ordinary documents stay far below this many entity expansions.
 constexpr XMLSize_t kEntityExpansionLimit = 50'000;
 
 }  // namespace
 
-void CDMDOMParser::InitializePlatform() {
-  try {
-    XMLPlatformUtils::Initialize();
-  } catch (XMLException const& e) {
-    std::cerr << "Error during Xerces-c Initialization. Exception message: "
-              << toLocalText(e.getMessage()) << std::endl;
-  }
-}
+/// The objects of the XML library that one parser uses.
+class CDMDOMParser::Library {
+ public:
+  /// The library's parser adopts `validator`, if there is one.
+  explicit Library(xerces::SchemaValidator* validator);
+  ~Library();
+  Library(Library const&) = delete;
+  Library& operator=(Library const&) = delete;
 
-CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store) : m_store(store) {
+  XercesDOMParser& parser() { return *m_pParser; }
+  CDMDOMErrorHandler& errorHandler() { return *m_pErrorHandler; }
+
+  /// Loads the grammar of a schema. False if anything at all has been counted
+  /// by then.
+  bool loadSchemaGrammar(std::string const& fileName);
+
+  /// Parses into the parser's document. False if the document cannot be used.
+  bool parse(std::string const& fileName);
+
+  /// Parses without a document.
+  void check(std::string const& fileName, bool validate);
+
+ private:
+  void InitializeParser();
+  void makeReader();
+  void report(Kind kind, std::string const& line) { m_pErrorHandler->emit({kind, line}); }
+
+  std::unique_ptr<xerces::SecurityManager> m_pSecurity;
+  std::unique_ptr<CDMDOMErrorHandler> m_pErrorHandler;
+  std::unique_ptr<EntityGuard> m_pGuard;
+  std::unique_ptr<XercesDOMParser> m_pParser;
+  std::unique_ptr<xerces::SAX2XMLReaderImpl> m_pReader;  // made by the first check
+};
+
+CDMDOMParser::Library::Library(xerces::SchemaValidator* validator) {
   InitializePlatform();
-  m_pParser = std::make_unique<XercesDOMParser>();
+  m_pParser = std::make_unique<XercesDOMParser>(validator);
   InitializeParser();
 }
 
-CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store, xerces::SchemaValidator& validator)
-    : m_store(store) {
-  InitializePlatform();
-  m_pParser = std::make_unique<XercesDOMParser>(&validator);
-  InitializeParser();
-}
-
-CDMDOMParser::~CDMDOMParser() {
+CDMDOMParser::Library::~Library() {
   try {
-    m_pFormatter.reset();
-    m_pFormatTarget.reset();
     m_pReader.reset();
     m_pParser.reset();
     m_pGuard.reset();
@@ -70,7 +88,7 @@ CDMDOMParser::~CDMDOMParser() {
   }
 }
 
-void CDMDOMParser::InitializeParser() {
+void CDMDOMParser::Library::InitializeParser() {
   m_pSecurity = std::make_unique<xerces::SecurityManager>();
   m_pSecurity->setEntityExpansionLimit(kEntityExpansionLimit);
   m_pParser->setSecurityManager(m_pSecurity.get());
@@ -83,8 +101,87 @@ void CDMDOMParser::InitializeParser() {
   m_pErrorHandler->setVerboseError(true);
   m_pGuard = std::make_unique<EntityGuard>(*m_pErrorHandler, *m_pSecurity);
   m_pParser->setXMLEntityResolver(m_pGuard.get());
-  m_bParsed = false;
 }
+
+// A schema must load without a single report, and counts of earlier parses
+// weigh as much as its own.
+bool CDMDOMParser::Library::loadSchemaGrammar(std::string const& fileName) {
+  m_pParser->setValidationScheme(XercesDOMParser::Val_Auto);
+  // Nothing of a schema survives a grammar that the library gave up on, so
+  // these exceptions count, unlike those of a parse.
+  try {
+    if (!m_pGuard->admits(fileName)) return false;
+    m_pParser->loadGrammar(toLibraryText(fileName).c_str(), xerces::Grammar::SchemaGrammarType,
+                           true);
+  } catch (XMLException const& e) {
+    report(Kind::error,
+           "Error : Unable to load schema " + fileName + ": " + toLocalText(e.getMessage()));
+  } catch (...) {
+    report(Kind::error, "Error : Unable to load schema " + fileName);
+  }
+  return nothingCounted();
+}
+
+bool CDMDOMParser::Library::parse(std::string const& fileName) {
+  try {
+    m_pParser->parse(fileName.c_str());
+    return m_pParser->getErrorCount() == 0;
+  } catch (XMLException const& e) {
+    report(Kind::uncounted,
+           "An error occured during parsing. Exception Message: " + toLocalText(e.getMessage()));
+    return true;
+  } catch (DOMException const& e) {
+    report(Kind::uncounted, "A DOM error occured during parsing. DOMException code: " +
+                                std::to_string(static_cast<int>(e.code)));
+    return false;
+  } catch (...) {
+    report(Kind::uncounted, "An error occured during parsing");
+    return false;
+  }
+}
+
+void CDMDOMParser::Library::makeReader() {
+  m_pReader = std::make_unique<xerces::SAX2XMLReaderImpl>();
+  m_pReader->setErrorHandler(m_pErrorHandler.get());
+  m_pReader->setXMLEntityResolver(m_pGuard.get());
+  m_pReader->setProperty(XMLUni::fgXercesSecurityManager, m_pSecurity.get());
+  m_pReader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
+  m_pReader->setFeature(XMLUni::fgXercesDynamic, false);
+}
+
+void CDMDOMParser::Library::check(std::string const& fileName, bool validate) {
+  if (m_pReader == nullptr) makeReader();
+  m_pReader->setFeature(XMLUni::fgXercesSchema, validate);
+  m_pReader->setFeature(XMLUni::fgSAX2CoreValidation, validate);
+  try {
+    m_pReader->parse(fileName.c_str());
+  } catch (XMLException const& e) {
+    report(Kind::uncounted,
+           "An error occured during parsing. Exception Message: " + toLocalText(e.getMessage()));
+  } catch (...) {
+    report(Kind::uncounted, "An error occured during parsing");
+  }
+}
+
+void CDMDOMParser::InitializePlatform() {
+  try {
+    XMLPlatformUtils::Initialize();
+  } catch (XMLException const& e) {
+    std::cerr << "Error during Xerces-c Initialization. Exception message: "
+              << toLocalText(e.getMessage()) << std::endl;
+  }
+}
+
+CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store)
+    : m_store(store), m_library(std::make_unique<Library>(nullptr)) {}
+
+template <typename Validator>
+CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store, Validator& validator)
+    : m_store(store), m_library(std::make_unique<Library>(&validator)) {}
+
+template CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store, xerces::SchemaValidator& validator);
+
+CDMDOMParser::~CDMDOMParser() = default;
 
 void CDMDOMParser::announceSchema(std::string const& fileName) {
   std::cout << "\nValidating " << fileName << " for well-formedness." << std::endl;
@@ -93,99 +190,66 @@ void CDMDOMParser::announceSchema(std::string const& fileName) {
 bool CDMDOMParser::ParseFile(std::string const& fileName, FILE_TYPE type, bool validate) {
   if (type == FILE_TYPE::XML_SCHEMA) {
     announceSchema(fileName);
-    if (!loadSchemaGrammar(fileName)) return false;
+    if (!m_library->loadSchemaGrammar(fileName)) return false;
   } else {
-    m_pParser->setDoSchema(validate);
-    m_pParser->setValidationScheme(validate ? XercesDOMParser::Val_Always
-                                            : XercesDOMParser::Val_Never);
+    XercesDOMParser& parser = m_library->parser();
+    parser.setDoSchema(validate);
+    parser.setValidationScheme(validate ? XercesDOMParser::Val_Always : XercesDOMParser::Val_Never);
   }
-  m_bParsed = parseGuarded(fileName);
+  m_bParsed = m_library->parse(fileName);
   return m_bParsed;
 }
 
-// False ends the parse before it begins: a schema must load without a single
-// report, and counts of earlier parses weigh as much as its own.
-bool CDMDOMParser::loadSchemaGrammar(std::string const& fileName) {
-  m_pParser->setValidationScheme(XercesDOMParser::Val_Auto);
-  try {
-    if (!m_pGuard->admits(fileName)) return false;
-    m_pParser->loadGrammar(toLibraryText(fileName).c_str(), xerces::Grammar::SchemaGrammarType,
-                           true);
-  } catch (XMLException const& e) {
-    reportException("Error : Unable to load schema " + fileName + ": " +
-                    toLocalText(e.getMessage()));
-  } catch (...) {
-    reportException("Error : Unable to load schema " + fileName);
-  }
-  return nothingCounted();
-}
-
-// Nothing of a schema survives a grammar that the library gave up on, so this
-// one counts, unlike an exception of the parse itself.
-void CDMDOMParser::reportException(std::string const& line) {
-  m_pErrorHandler->emit({ParserReport::Kind::error, line});
-}
-
-bool CDMDOMParser::parseGuarded(std::string const& fileName) {
-  using Kind = ParserReport::Kind;
-  try {
-    m_pParser->parse(fileName.c_str());
-    return m_pParser->getErrorCount() == 0;
-  } catch (XMLException const& e) {
-    m_pErrorHandler->emit({Kind::uncounted, "An error occured during parsing. Exception Message: " +
-                                                toLocalText(e.getMessage())});
-    return true;
-  } catch (DOMException const& e) {
-    m_pErrorHandler->emit(
-        {Kind::uncounted, "A DOM error occured during parsing. DOMException code: " +
-                              std::to_string(static_cast<int>(e.code))});
-    return false;
-  } catch (...) {
-    m_pErrorHandler->emit({Kind::uncounted, "An error occured during parsing"});
-    return false;
-  }
-}
-
 void CDMDOMParser::CheckDocument(std::string const& fileName, bool validate) {
-  if (m_pReader == nullptr) {
-    m_pReader = std::make_unique<xerces::SAX2XMLReaderImpl>();
-    m_pReader->setErrorHandler(m_pErrorHandler.get());
-    m_pReader->setXMLEntityResolver(m_pGuard.get());
-    m_pReader->setProperty(XMLUni::fgXercesSecurityManager, m_pSecurity.get());
-    m_pReader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
-    m_pReader->setFeature(XMLUni::fgXercesDynamic, false);
-  }
-  m_pReader->setFeature(XMLUni::fgXercesSchema, validate);
-  m_pReader->setFeature(XMLUni::fgSAX2CoreValidation, validate);
-  using Kind = ParserReport::Kind;
+  m_library->check(fileName, validate);
+}
+
+CDMXMLElement* CDMDOMParser::getXMLDocument() {
+  xerces::DOMDocument const* document = m_library->parser().getDocument();
+  if (!m_bParsed || document == nullptr) return nullptr;
   try {
-    m_pReader->parse(fileName.c_str());
+    return TreeBuilder(m_store).build(*document);
   } catch (XMLException const& e) {
-    m_pErrorHandler->emit({Kind::uncounted, "An error occured during parsing. Exception Message: " +
-                                                toLocalText(e.getMessage())});
-  } catch (...) {
-    m_pErrorHandler->emit({Kind::uncounted, "An error occured during parsing"});
+    std::cerr << "An error occurred during creation of output transcoder. Msg is: "
+              << toLocalText(e.getMessage()) << std::endl;
+    return nullptr;
   }
+}
+
+void CDMDOMParser::releaseDocument() {
+  m_library->parser().resetDocumentPool();
+  m_library->parser().resetCachedGrammarPool();
+  m_bParsed = false;
 }
 
 int CDMDOMParser::getErrorCount() const {
-  return m_pErrorHandler == nullptr ? 1 : console.m_nErrorCount;
+  return console.m_nErrorCount;
 }
 
 int CDMDOMParser::getWarningCount() const {
-  return m_pErrorHandler == nullptr ? 1 : console.m_nWarningCount;
+  return console.m_nWarningCount;
 }
 
 void CDMDOMParser::setVerboseError(bool verbose) {
-  m_pErrorHandler->setVerboseError(verbose);
+  m_library->errorHandler().setVerboseError(verbose);
 }
 
 void CDMDOMParser::DisplayErrorSummary() {
-  m_pErrorHandler->DisplayErrorMsgSummary();
+  m_library->errorHandler().DisplayErrorMsgSummary();
 }
 
 void CDMDOMParser::recordReports(std::vector<ParserReport>* record) {
-  m_pErrorHandler->recordReports(record);
+  m_library->errorHandler().recordReports(record);
+}
+
+void printReport(ParserReport const& report) {
+  std::cerr << report.line << std::endl;
+  if (report.kind == Kind::warning) ++console.m_nWarningCount;
+  if (report.kind == Kind::error) ++console.m_nErrorCount;
+}
+
+bool nothingCounted() {
+  return console.m_nErrorCount == 0 && console.m_nWarningCount == 0;
 }
 
 }  // namespace fdmorph

@@ -8,14 +8,23 @@
 #include <vector>
 
 #include "xml/node_store.h"
-#include "xml/xerces_fwd.h"
 
 namespace fdmorph {
 
-class CDMDOMErrorHandler;
-class CDMDOMFormatTarget;
-class EntityGuard;
-struct ParserReport;
+/// One printed report of the parser front end.
+struct ParserReport {
+  enum class Kind { warning, error, uncounted };
+
+  Kind kind;
+  std::string line;  ///< as it stands on the error stream, without the line end
+};
+
+/// Prints `report` on the error stream and counts it by its kind. It goes past
+/// the counting inserter, which would count it a second time.
+void printReport(ParserReport const& report);
+
+/// True while nothing, error or warning, has been counted in the process.
+[[nodiscard]] bool nothingCounted();
 
 /// One parser of the XML library with its error handler. Library exceptions
 /// never leave it: they become messages and false or null results.
@@ -33,8 +42,10 @@ class CDMDOMParser {
   /// every use of them.
   explicit CDMDOMParser(CDMXMLNodeStore& store);
 
-  /// The same with a validator of the caller's, which the parser adopts.
-  CDMDOMParser(CDMXMLNodeStore& store, xerces::SchemaValidator& validator);
+  /// The same with a validator, which the parser adopts. `Validator` is the
+  /// library's SchemaValidator, which only this folder can name.
+  template <typename Validator>
+  CDMDOMParser(CDMXMLNodeStore& store, Validator& validator);
 
   /// Ends the parser's use of the XML library. Trees stay.
   ~CDMDOMParser();
@@ -57,14 +68,15 @@ class CDMDOMParser {
 
   /// The tree of the last document, or null if it can't be used. The top node
   /// stands for the document: it has no name, and the root element is its
-  /// first child. Each call builds a new tree and a new formatter.
-  CDMXMLElement* getXMLDocument();
+  /// first child. Each call builds a new tree and a new formatter, which both
+  /// belong to the store.
+  [[nodiscard]] CDMXMLElement* getXMLDocument();
 
   /// Gives up the library's document and grammars, once its tree is built: they
   /// take more memory than the tree.
   void releaseDocument();
 
-  /// Counts of the process; 1 when there is no error handler.
+  /// Counts of the process.
   int getErrorCount() const;
   int getWarningCount() const;
 
@@ -75,26 +87,11 @@ class CDMDOMParser {
   /// null.
   void recordReports(std::vector<ParserReport>* record);
 
-  /// Made by getXMLDocument, null before; owned by this parser.
-  xerces::XMLFormatter* getFormatter() const { return m_pFormatter.get(); }
-  CDMDOMFormatTarget* getFormatTarget() const { return m_pFormatTarget.get(); }
-
  private:
-  void InitializeParser();
-  bool loadSchemaGrammar(std::string const& fileName);
-  bool parseGuarded(std::string const& fileName);
-  void reportException(std::string const& line);
-  void getXMLElement(xerces::DOMNode const& node, CDMXMLElement* parent);
-  void copyElement(xerces::DOMNode const& node, CDMXMLElement* parent);
+  class Library;
 
   CDMXMLNodeStore& m_store;
-  std::unique_ptr<xerces::SecurityManager> m_pSecurity;
-  std::unique_ptr<xerces::XercesDOMParser> m_pParser;
-  std::unique_ptr<xerces::SAX2XMLReaderImpl> m_pReader;
-  std::unique_ptr<CDMDOMErrorHandler> m_pErrorHandler;
-  std::unique_ptr<EntityGuard> m_pGuard;
-  std::unique_ptr<CDMDOMFormatTarget> m_pFormatTarget;
-  std::unique_ptr<xerces::XMLFormatter> m_pFormatter;
+  std::unique_ptr<Library> m_library;
   bool m_bParsed = false;
 };
 

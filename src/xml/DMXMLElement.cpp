@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "xml/DMDOMParser.h"
+#include "xml/DMDOMFormatTarget.h"
 
 namespace fdmorph {
 namespace {
@@ -96,12 +96,8 @@ void CDMXMLElement::findElement(void* key, Match match, std::vector<CDMXMLElemen
   }
 }
 
-xerces::XMLFormatter* CDMXMLElement::getXMLFormatter() const {
-  return parser == nullptr ? nullptr : parser->getFormatter();
-}
-
 CDMDOMFormatTarget* CDMXMLElement::getFormatTarget() const {
-  return parser == nullptr ? nullptr : parser->getFormatTarget();
+  return formatter == nullptr ? nullptr : &formatter->target();
 }
 
 CDMXMLElement const* CDMXMLElement::getNamespaceScope() const {

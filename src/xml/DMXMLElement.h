@@ -10,13 +10,11 @@
 #include <string_view>
 #include <vector>
 
-#include "xml/xerces_fwd.h"
-
 namespace fdmorph {
 
 class CDMDOMFormatTarget;
-class CDMDOMParser;
 class CDMXMLElement;
+class XmlFormatter;
 
 enum class NodeType { element = 1, attribute = 2 };
 
@@ -69,7 +67,7 @@ class CDMXMLElement : public CDMXMLNode {
   CDMXMLElement* getNextSibling() const { return nextSibling; }
   void setPrevSibling(CDMXMLElement* element) { prevSibling = element; }
   void setNextSibling(CDMXMLElement* element) { nextSibling = element; }
-  void setParser(CDMDOMParser* frontEnd) { parser = frontEnd; }
+  void setFormatter(XmlFormatter* treeFormatter) { formatter = treeFormatter; }
 
   /// True when this element has a parent (not: when it is one).
   bool isParent() const { return parent != nullptr; }
@@ -101,9 +99,9 @@ class CDMXMLElement : public CDMXMLNode {
   /// following siblings. A null `match` does nothing.
   void findElement(void* key, Match match, std::vector<CDMXMLElement*>& found, bool recurse);
 
-  /// The formatter and the format target of the parser that built the tree,
-  /// null without one. Good only while that parser lives.
-  xerces::XMLFormatter* getXMLFormatter() const;
+  /// The formatter and the format target of the tree that a parser built; null
+  /// in other trees. They live as long as the nodes, in the same store.
+  XmlFormatter* getXMLFormatter() const { return formatter; }
   CDMDOMFormatTarget* getFormatTarget() const;
 
   /// The nearest element, this one or above, that declares a namespace or a
@@ -117,7 +115,7 @@ class CDMXMLElement : public CDMXMLNode {
   CDMXMLElement* nextSibling = nullptr;
   std::vector<CDMXMLAttribute*> attributes;
   std::vector<CDMXMLElement*> childElements;
-  CDMDOMParser* parser = nullptr;
+  XmlFormatter* formatter = nullptr;
   mutable CDMXMLElement const* namespaceScope = nullptr;
   mutable bool namespaceScopeKnown = false;
 };

@@ -1,10 +1,12 @@
-// The bound on entity expansion, where the library itself doesn't keep it.
+// The limit on entity expansion, where the library does not keep it. For this
+// folder only.
 #pragma once
 
 #include <string>
+#include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLEntityResolver.hpp>
 
-#include "xml/xerces_fwd.h"
+#include "xml/transcoding.h"
 
 namespace fdmorph {
 
@@ -12,10 +14,10 @@ class CDMDOMErrorHandler;
 
 /// The library loads a grammar with a parser of its own that no
 /// SecurityManager reaches. So a schema file with a document type, where
-/// entities are declared, is first read once under the limit; files without,
-/// that is nearly all, are only searched for one. As an entity resolver the guard does this
-/// for the files that a grammar refers to, and otherwise leaves every location
-/// to the library.
+/// entities are declared, is first read once under the limit. Files without
+/// one, which are nearly all, are only searched for it. As an entity resolver
+/// the guard does this for the files that a grammar refers to, and leaves
+/// every other location to the library.
 class EntityGuard : public xerces::XMLEntityResolver {
  public:
   EntityGuard(CDMDOMErrorHandler& errorHandler, xerces::SecurityManager& limit)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "text/arena.h"
+#include "xml/DMDOMFormatTarget.h"
 #include "xml/DMXMLElement.h"
 
 namespace fdmorph {
@@ -18,9 +19,12 @@ class CDMXMLNodeStore {
   CDMXMLElement* newElement() { return m_elements.create(); }
   CDMXMLAttribute* newAttribute() { return m_attributes.create(); }
 
+  /// A formatter for the elements of one tree.
+  XmlFormatter* newFormatter() { return m_formatters.create(); }
+
   /// A second tree with the content that `top` was built with: attributes
   /// that were lent to its elements later are not copied. The copy has no
-  /// parent and no parser.
+  /// parent and no formatter.
   CDMXMLElement* copyTree(CDMXMLElement const& top);
 
  private:
@@ -28,6 +32,7 @@ class CDMXMLNodeStore {
 
   Arena<CDMXMLElement> m_elements;
   Arena<CDMXMLAttribute> m_attributes;
+  Arena<XmlFormatter> m_formatters;
 };
 
 }  // namespace fdmorph

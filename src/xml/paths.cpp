@@ -6,7 +6,6 @@
 #include <xercesc/util/XMLString.hpp>
 
 #include "xml/transcoding.h"
-#include "xml/xerces_fwd.h"
 
 namespace fdmorph {
 namespace {

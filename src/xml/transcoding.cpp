@@ -2,12 +2,10 @@
 
 #include <array>
 #include <cstdint>
-#include <string_view>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLString.hpp>
 
 #include "text/multibyte.h"
-#include "xml/xerces_fwd.h"
 
 namespace fdmorph {
 namespace {
@@ -54,22 +52,6 @@ std::string toMultibyte(XMLCh const* text) {
   }
   if (length < ascii.size() && text[length] == 0) return {ascii.data(), length};
   return my_wcstombs(toWide(text).c_str());
-}
-
-std::basic_string<XMLCh> fromMultibyte(char const* text) {
-  std::string_view const narrow = text;
-  if (isAscii(narrow)) return {narrow.begin(), narrow.end()};
-  std::basic_string<XMLCh> units;
-  for (wchar_t character : my_mbstowcs(text)) {
-    auto const code = static_cast<char32_t>(character);
-    if (code < kFirstSupplementary) {
-      units += static_cast<XMLCh>(code);
-    } else {
-      units += static_cast<XMLCh>(kFirstHighSurrogate + ((code - kFirstSupplementary) >> 10));
-      units += static_cast<XMLCh>(kFirstLowSurrogate + ((code - kFirstSupplementary) & 0x3FF));
-    }
-  }
-  return units;
 }
 
 std::string toLocalText(XMLCh const* text) {

@@ -1,5 +1,5 @@
-// Conversion between the XML library's UTF-16 text and the locale's multibyte
-// text. For the sources of this folder only.
+// The XML library's namespace, and conversion between its UTF-16 text and the
+// locale's multibyte text. For this folder only.
 #pragma once
 
 #include <string>
@@ -7,14 +7,12 @@
 
 namespace fdmorph {
 
+namespace xerces = XERCES_CPP_NAMESPACE;
+
 /// `text` in the locale's encoding; null gives an empty string. Characters
 /// that the locale lacks are reported as my_wcstombs does and give an empty
 /// string.
 std::string toMultibyte(XMLCh const* text);
-
-/// `text`, in the locale's encoding, as UTF-16. Text that is not valid there is
-/// reported as my_mbstowcs does and gives an empty string.
-std::basic_string<XMLCh> fromMultibyte(char const* text);
 
 /// `text` as the library's local code page transcoder gives it, for messages:
 /// what can't be represented is substituted, never reported.

@@ -1,52 +1,20 @@
-// CDMDOMParser: the copy of a finished document into the tool's own tree.
+#include "xml/tree_building.h"
 
 #include <iostream>
-#include <xercesc/dom/DOMDocument.hpp>
 #include <xercesc/dom/DOMNamedNodeMap.hpp>
-#include <xercesc/dom/DOMNode.hpp>
-#include <xercesc/framework/XMLFormatter.hpp>
-#include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
-#include <xercesc/parsers/XercesDOMParser.hpp>
-#include <xercesc/util/SecurityManager.hpp>
-#include <xercesc/util/XMLUni.hpp>
-
-#include "xml/DMDOMErrorHandler.h"
-#include "xml/DMDOMFormatTarget.h"
-#include "xml/DMDOMParser.h"
-#include "xml/entity_guard.h"
-#include "xml/transcoding.h"
 
 namespace fdmorph {
 
 using xerces::DOMNode;
-using xerces::XMLFormatter;
 
-CDMXMLElement* CDMDOMParser::getXMLDocument() {
-  if (!m_bParsed || m_pParser->getDocument() == nullptr) return nullptr;
-  m_pFormatter.reset();
-  m_pFormatTarget = std::make_unique<CDMDOMFormatTarget>();
-  try {
-    m_pFormatter =
-        std::make_unique<XMLFormatter>(xerces::XMLUni::fgUTF8EncodingString, m_pFormatTarget.get(),
-                                       XMLFormatter::NoEscapes, XMLFormatter::UnRep_CharRef);
-    CDMXMLElement* top = m_store.newElement();
-    top->setParser(this);
-    getXMLElement(*m_pParser->getDocument(), top);
-    return top;
-  } catch (xerces::XMLException const& e) {
-    std::cerr << "An error occurred during creation of output transcoder. Msg is: "
-              << toLocalText(e.getMessage()) << std::endl;
-    return nullptr;
-  }
+CDMXMLElement* TreeBuilder::build(DOMNode const& document) {
+  CDMXMLElement* top = m_store.newElement();
+  top->setFormatter(m_formatter);
+  getXMLElement(document, top);
+  return top;
 }
 
-void CDMDOMParser::releaseDocument() {
-  m_pParser->resetDocumentPool();
-  m_pParser->resetCachedGrammarPool();
-  m_bParsed = false;
-}
-
-void CDMDOMParser::getXMLElement(DOMNode const& node, CDMXMLElement* parent) {
+void TreeBuilder::getXMLElement(DOMNode const& node, CDMXMLElement* parent) {
   switch (node.getNodeType()) {
     case DOMNode::ELEMENT_NODE:
       copyElement(node, parent);
@@ -74,10 +42,10 @@ void CDMDOMParser::getXMLElement(DOMNode const& node, CDMXMLElement* parent) {
   }
 }
 
-void CDMDOMParser::copyElement(DOMNode const& node, CDMXMLElement* parent) {
+void TreeBuilder::copyElement(DOMNode const& node, CDMXMLElement* parent) {
   CDMXMLElement* element = m_store.newElement();
   element->setParent(parent);
-  element->setParser(this);
+  element->setFormatter(m_formatter);
   element->name = toMultibyte(node.getNodeName());
   parent->addChildElement(element);
   xerces::DOMNamedNodeMap const* map = node.getAttributes();

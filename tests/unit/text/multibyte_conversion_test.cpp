@@ -47,6 +47,18 @@ TEST_F(Conversion, InvalidMultibyteTextIsReportedWithoutALineEnd) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
+TEST_F(Conversion, TextOfTheLocaleBecomesUtf8) {
+  EXPECT_EQ(localeToUtf8("a-b"), "a-b");
+  EXPECT_EQ(localeToUtf8("gr\u00fc\u00df \U0001F600"), "gr\u00fc\u00df \U0001F600");
+  EXPECT_EQ(localeToUtf8(""), "");
+  EXPECT_EQ(captured.err(), "");
+}
+
+TEST_F(Conversion, InvalidTextHasNoUtf8AndIsReported) {
+  EXPECT_EQ(localeToUtf8("abc\xff"), "");
+  EXPECT_EQ(captured.err(), "Error : Unable to convert multibyte character to Unicode");
+}
+
 TEST_F(Conversion, CutCharacterIsInvalid) {
   EXPECT_EQ(my_mbstowcs("abc\xE4\xB8"), L"");
   EXPECT_EQ(console.m_nErrorCount, 1);

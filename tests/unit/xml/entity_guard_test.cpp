@@ -6,7 +6,6 @@
 
 #include "support/parser_fixture.h"
 #include "text/console.h"
-#include "xml/parser_report.h"
 
 namespace fdmorph {
 namespace {

@@ -74,7 +74,7 @@ TEST_F(CopyTree, KeepsChildrenThatWereMovedElsewhereMeanwhile) {
   EXPECT_EQ(root->getFirstChildElem()->getNextSibling(), named(root, "y"));
 }
 
-TEST_F(CopyTree, HasNeitherParentNorParser) {
+TEST_F(CopyTree, HasNeitherParentNorFormatter) {
   CDMXMLElement* top = buildDocument(store, {"r"});
   CDMXMLElement const* copy = store.copyTree(*top);
   EXPECT_EQ(copy->getParent(), nullptr);

@@ -6,7 +6,7 @@
 
 #include "support/parser_fixture.h"
 #include "text/console.h"
-#include "xml/parser_report.h"
+#include "xml/transcoding.h"
 
 namespace fdmorph {
 namespace {

@@ -1,11 +1,10 @@
 // Reports as values.
 
-#include "xml/parser_report.h"
-
 #include <gtest/gtest.h>
 
 #include "support/captured_console.h"
 #include "text/console.h"
+#include "xml/DMDOMParser.h"
 
 namespace fdmorph {
 namespace {

@@ -45,19 +45,6 @@ TEST_F(Transcoding, CharacterThatTheLocaleLacksIsReported) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
-TEST_F(Transcoding, LocalesTextBecomesUtf16) {
-  EXPECT_EQ(fromMultibyte("xs:element"), u"xs:element");
-  EXPECT_EQ(fromMultibyte("gr\u00fc\u00df \u4e2d"), u"gr\u00fc\u00df \u4e2d");
-  EXPECT_EQ(fromMultibyte("a\U0001F600b"), u"a\U0001F600b");
-  EXPECT_EQ(fromMultibyte(""), u"");
-}
-
-TEST_F(Transcoding, TextThatIsNotTheLocalesIsReported) {
-  EXPECT_EQ(fromMultibyte("a\xff"), u"");
-  EXPECT_EQ(captured.err(), "Error : Unable to convert multibyte character to Unicode");
-  EXPECT_EQ(console.m_nErrorCount, 1);
-}
-
 TEST_F(Transcoding, MessagesAreNeverReported) {
   EXPECT_EQ(toLocalText(u"text of the library"), "text of the library");
   EXPECT_EQ(captured.err(), "");

@@ -130,16 +130,18 @@ TEST_F(TreeBuilding, DeepDocumentIsCopiedWhole) {
   EXPECT_EQ(depth, kDepth);
 }
 
-TEST_F(TreeBuilding, NodesReachTheFormatterOfTheirParser) {
-  CDMXMLElement* a = root("<a><b/></a>");
-  EXPECT_NE(parser.getFormatter(), nullptr);
-  EXPECT_EQ(a->getXMLFormatter(), parser.getFormatter());
-  EXPECT_EQ(a->getFirstChildElem()->getFormatTarget(), parser.getFormatTarget());
+TEST_F(TreeBuilding, AllNodesOfATreeHaveOneFormatter) {
+  CDMXMLElement* document = top("<a><b/></a>");
+  CDMXMLElement* a = document->getFirstChildElem();
+  ASSERT_NE(document->getXMLFormatter(), nullptr);
+  EXPECT_EQ(a->getXMLFormatter(), document->getXMLFormatter());
+  EXPECT_EQ(a->getFirstChildElem()->getFormatTarget(), &document->getXMLFormatter()->target());
 }
 
-TEST_F(TreeBuilding, ThereIsNoFormatterBeforeTheFirstTree) {
-  EXPECT_EQ(parser.getFormatter(), nullptr);
-  EXPECT_EQ(parser.getFormatTarget(), nullptr);
+TEST_F(TreeBuilding, EachTreeHasAFormatterOfItsOwn) {
+  CDMXMLElement* first = top("<a/>");
+  CDMXMLElement* second = parser.getXMLDocument();
+  EXPECT_NE(first->getXMLFormatter(), second->getXMLFormatter());
 }
 
 TEST_F(TreeBuilding, SecondCallBuildsASecondTree) {
@@ -159,6 +161,10 @@ TEST_F(TreeBuilding, TreeOutlivesItsParser) {
   EXPECT_EQ(a->name, "a");
   EXPECT_EQ(a->value, "text");
   EXPECT_THAT(attributesOf(a), ElementsAre(Pair("b", "1")));
+  ASSERT_NE(a->getXMLFormatter(), nullptr);
+  a->getXMLFormatter()->begin();
+  writeElem(*a->getXMLFormatter(), a->name) << "/>\n";
+  EXPECT_EQ(captured.out(), "<a/>\n");
 }
 
 TEST_F(TreeBuilding, TreeOutlivesTheReleasedDocument) {

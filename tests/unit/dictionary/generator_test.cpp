@@ -17,7 +17,7 @@ TEST_F(DictionaryFrame, WithoutADictionaryNothingIsWritten) {
   EXPECT_EQ(captured.out(), "");
 }
 
-TEST_F(DictionaryFrame, TreeWithoutAParserHasNoTarget) {
+TEST_F(DictionaryFrame, TreeWithoutAFormatterHasNoTarget) {
   CDMXMLElement top;
   CDMXMLGenerator generator(&top, nullptr);
   EXPECT_FALSE(generator.GenerateFile("", "", "s.xsd", "", Type::FT_XML_SCHEMA, "", true));
@@ -39,7 +39,7 @@ TEST_F(DictionaryFrame, NullChangesNothing) {
   EXPECT_EQ(captured.err(), kConsoleNotice);
 }
 
-TEST_F(DictionaryFrame, UnknownTypeWritesTheDeclarationAndAComplaint) {
+TEST_F(DictionaryFrame, UnknownTypeWritesTheDeclarationAndAMessage) {
   constexpr auto kNoType = static_cast<Type>(4);
   EXPECT_EQ(generate(kNoType, dictionary("<program/>")), kDeclaration);
   EXPECT_EQ(captured.err(),
@@ -48,8 +48,7 @@ TEST_F(DictionaryFrame, UnknownTypeWritesTheDeclarationAndAComplaint) {
 
 TEST_F(DictionaryFrame, EmptyTreeGivesTheDeclarationAlone) {
   CDMXMLElement* top = store.newElement();
-  dictionary("<program/>");
-  top->setParser(&parser);
+  top->setFormatter(store.newFormatter());
   EXPECT_EQ(generate(Type::FT_XML_SCHEMA, top), kDeclaration);
 }
 
