@@ -3,10 +3,7 @@
 #include <clocale>
 
 #include "driver/command_line.h"
-#include "driver/runs.h"
-#include "driver/stack_guard.h"
-#include "driver/standard_streams.h"
-#include "driver/usage.h"
+#include "driver/process_setup.h"
 #include "text/console.h"
 
 namespace fdmorph {
@@ -15,20 +12,27 @@ namespace {
 int run(int argc, char** argv) {
   if (argc <= 1) {
     printUsage();
-    return 0;
+    return kStatusOk;
   }
-  Settings settings;
   openRequestedLog(argc, argv);
-  if (std::optional<int> status = scanArguments(argc, argv, settings)) return *status;
+  auto [settings, status] = scanArguments(argc, argv);
+  if (status) return *status;
   if (settings.givenName.empty()) {
     out() << "Error : Source filename not specified" << endLine;
-    RestoreStreams();
-    return 1;
+    return stopRun();
   }
   if (!console.quietMode) DisplayHeader();
-  if (settings.validationRun) return runValidation(settings);
-  if (settings.cobolRun) return runCobolToSchema(settings);
-  return runSchemaToCobol(settings);
+  switch (settings.run) {
+    case Run::cobolToSchema:
+      return runCobolToSchema(settings);
+    case Run::schemaToCobol:
+      return runSchemaToCobol(settings);
+    case Run::validation:
+      return runValidation(settings);
+    case Run::none:
+      break;
+  }
+  return stopRun(reportStatus());
 }
 
 }  // namespace
@@ -39,5 +43,5 @@ int main(int argc, char** argv) {
   fdmorph::secureStandardStreams();
   fdmorph::guardStack();
   int status = fdmorph::run(argc, argv);
-  return fdmorph::flushConsole() || status != 0 ? status : 1;
+  return fdmorph::flushConsole() || status != fdmorph::kStatusOk ? status : fdmorph::kStatusError;
 }

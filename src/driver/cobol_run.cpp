@@ -1,10 +1,10 @@
 #include <cstdio>
 
 #include "dictionary/DMXMLGenerator.h"
+#include "driver/command_line.h"
 #include "driver/compiler_process.h"
 #include "driver/file_helpers.h"
-#include "driver/runs.h"
-#include "driver/usage.h"
+#include "driver/settings.h"
 #include "text/console.h"
 #include "text/multibyte.h"
 #include "xml/DMDOMParser.h"
@@ -14,13 +14,7 @@ namespace {
 
 using OutputType = CDMXMLGenerator::FILE_TYPE;
 
-constexpr int kStopped = 1;
 constexpr std::size_t kExtensionLength = 4;  // only these characters of it are compared
-
-int stop() {
-  RestoreStreams();
-  return kStopped;
-}
 
 bool hasExtension(std::string const& extension, char const* wanted) {
   return my_strnicmp(extension.c_str(), wanted, static_cast<int>(kExtensionLength)) == 0;
@@ -31,12 +25,12 @@ struct RunFiles {
   std::string baseName;   // of the source, up to its last dot
   std::string extension;  // of the source, with its dot
   std::string dictionaryFile;
-  std::string tempSourceFile;  // empty if the source is compiled where it lies
+  std::string tempSourceFile;  // empty if the source itself is compiled
   std::string schemaFile;
   std::string copybookFile;
 };
 
-// A dot in the first place begins no extension.
+// A dot at the start does not begin an extension.
 RunFiles splitSourceName(std::string const& sourceFile) {
   RunFiles files;
   std::wstring wide = my_mbstowcs(sourceFile.c_str());
@@ -50,8 +44,8 @@ RunFiles splitSourceName(std::string const& sourceFile) {
   return files;
 }
 
-// Copybooks are compiled as a copy, and so are programs beside which the
-// dictionary would replace a file of the user's.
+// Copybooks are compiled as a copy, and so are programs whose dictionary would
+// replace a file of the user's.
 void chooseCompilerFiles(std::string const& sourceFile, RunFiles& files) {
   files.dictionaryFile = files.baseName + ".xml";
   bool isCopied = hasExtension(files.extension, ".CPY") || FileExists(files.dictionaryFile, false);
@@ -62,8 +56,8 @@ void chooseCompilerFiles(std::string const& sourceFile, RunFiles& files) {
   CopyFileToFile(sourceFile, files.tempSourceFile);
 }
 
-// Runs the compiler and reports why it can't go on. The same in the child that
-// didn't become the compiler.
+// Runs the compiler. False, with a report, if it failed; also in a child that
+// did not become the compiler.
 bool compile(Settings const& settings, RunFiles const& files) {
   std::string const& source =
       files.tempSourceFile.empty() ? settings.sourceFile : files.tempSourceFile;
@@ -87,8 +81,7 @@ bool compile(Settings const& settings, RunFiles const& files) {
   return true;
 }
 
-// The dictionary goes with the compiler's other by-products: the tree holds
-// all that is needed.
+// The dictionary is removed with the other by-products: its tree is in memory.
 void removeByProducts(RunFiles const& files) {
   if (!files.tempSourceFile.empty()) std::remove(files.tempSourceFile.c_str());
   std::string stem = files.tempSourceFile.empty() ? files.baseName + ".xml" : files.tempSourceFile;
@@ -160,7 +153,7 @@ int runCobolToSchema(Settings const& settings) {
   CDMDOMParser parser(store);
   if (settings.sourceFile.empty()) {
     out() << "Error : Failed to specify COBOL filename" << endLine;
-    return stop();
+    return stopRun();
   }
   RunFiles files = splitSourceName(settings.sourceFile);
   bool isProgram = hasExtension(files.extension, ".CBL");
@@ -168,10 +161,10 @@ int runCobolToSchema(Settings const& settings) {
     out() << "Error : Unrecognized file type \"" << settings.sourceFile << "\"" << endLine
           << endLine;
     printUsage();
-    return stop();
+    return stopRun();
   }
   chooseCompilerFiles(settings.sourceFile, files);
-  if (!compile(settings, files)) return stop();
+  if (!compile(settings, files)) return stopRun();
 
   files.schemaFile = settings.schemaFile.empty() ? files.baseName + ".xsd" : settings.schemaFile;
   files.copybookFile =
@@ -180,12 +173,12 @@ int runCobolToSchema(Settings const& settings) {
     out() << endLine;
     parser.DisplayErrorSummary();
     out() << "Failed to create " << files.schemaFile << endLine;
-    return stop();
+    return stopRun();
   }
   DictionaryOutputs outputs(settings, files, parser.getXMLDocument());
   parser.releaseDocument();
   removeByProducts(files);
-  if (!outputs.applyMappingFile(store)) return stop();
+  if (!outputs.applyMappingFile(store)) return stopRun();
   outputs.writeSchema();
   outputs.writeCopybook();
   out() << endLine;

@@ -1,86 +1,53 @@
 #include "driver/command_line.h"
 
 #include <algorithm>
-#include <array>
 #include <cstring>
+#include <utility>
 
-#include "driver/usage.h"
+#include "driver/options.h"
 #include "text/console.h"
+#include "text/letter_case.h"
 #include "text/multibyte.h"
 
 namespace fdmorph {
 namespace {
 
-constexpr int kStopped = 1;
 constexpr int kExtensionLength = 4;  // only these characters of it are compared
-constexpr char kLogOption[] = "-LOG";
-
-enum class OptionId {
-  question,
-  help,
-  copybook,
-  schema,
-  mapping,
-  prefix,
-  directives,
-  validate,
-  quiet,
-  log,
-  noPrompt,
-  noCountIn,
-  unique,
-  unknown,
-};
-
-struct Option {
-  char const* name;
-  bool isWhole;  // matched as a whole argument, otherwise as a prefix
-  OptionId id;
-};
-
-// In the order of the tests: the first that matches decides, so -Value is -V
-// with a value, -Xyz is -X, and -Quiet is -Q.
-constexpr std::array<Option, 13> kOptions{{
-    {"-?", true, OptionId::question},
-    {"-HELP", true, OptionId::help},
-    {"-C", false, OptionId::copybook},
-    {"-X", false, OptionId::schema},
-    {"-M", false, OptionId::mapping},
-    {"-P", false, OptionId::prefix},
-    {"-D", false, OptionId::directives},
-    {"-V", false, OptionId::validate},
-    {"-Q", false, OptionId::quiet},
-    {kLogOption, false, OptionId::log},
-    {"-NOPROMPT", false, OptionId::noPrompt},
-    {"-NOCOUNTIN", false, OptionId::noCountIn},
-    {"-UNIQUE", false, OptionId::unique},
-}};
-
-// Behind these an argument is a file name, even one that looks like -LOG.
-constexpr std::array kFileOptions{"-C", "-X", "-M", "-D"};
 
 bool startsWith(char const* argument, char const* name) {
   return my_strnicmp(argument, name, static_cast<int>(std::strlen(name))) == 0;
 }
 
 bool matches(char const* argument, Option const& option) {
-  return option.isWhole ? my_stricmp(argument, option.name) == 0
-                        : startsWith(argument, option.name);
+  return option.isWhole ? my_stricmp(argument, option.name.data()) == 0
+                        : startsWith(argument, option.name.data());
 }
 
-OptionId identify(char const* argument) {
+// Null for an argument that is no option.
+Option const* findOption(char const* argument) {
   auto option = std::find_if(kOptions.begin(), kOptions.end(),
                              [argument](Option const& each) { return matches(argument, each); });
-  return option == kOptions.end() ? OptionId::unknown : option->id;
+  return option == kOptions.end() ? nullptr : &*option;
+}
+
+constexpr Option const& logOption() {
+  return *std::find_if(kOptions.begin(), kOptions.end(), [](Option const& each) {
+    OptionAction const* action = std::get_if<OptionAction>(&each.effect);
+    return action != nullptr && *action == OptionAction::log;
+  });
+}
+
+// After such an option an argument is a file name, even one that looks like
+// -LOG.
+bool isFileNameOption(char const* argument) {
+  return std::any_of(kOptions.begin(), kOptions.end(), [argument](Option const& each) {
+    return std::holds_alternative<FileNameOption>(each.effect) &&
+           my_stricmp(argument, each.name.data()) == 0;
+  });
 }
 
 bool hasExtension(char const* name, char const* extension) {
   return my_strnicmp(my_strrchr(name, "."), extension, kExtensionLength) == 0;
-}
-
-int stop(int status) {
-  RestoreStreams();
-  return status;
 }
 
 void reportUnrecognizedType(std::string const& name) {
@@ -90,38 +57,38 @@ void reportUnrecognizedType(std::string const& name) {
 /// One scan of the arguments.
 class ArgumentScan {
  public:
-  ArgumentScan(int argc, char** argv, Settings& settings)
-      : m_argc(argc), m_argv(argv), m_settings(settings) {}
+  ArgumentScan(int argc, char** argv) : m_argc(argc), m_argv(argv) {}
 
-  std::optional<int> run() {
+  ScannedArguments run() {
     std::optional<int> status;
     for (m_index = 1; m_index < m_argc && !status && !m_isDone; ++m_index) {
       status = m_argv[m_index][0] == '-' ? takeOption() : takeFileName();
     }
-    return status;
+    return {std::move(m_settings), status};
   }
 
  private:
   std::optional<int> takeFileName();
   std::optional<int> takeOption();
-  std::optional<int> takeValidation();
+  std::optional<int> apply(Option const& option, OptionAction action);
+  std::optional<int> takeValidation(Option const& option);
 
-  void takeValue(char const* name, std::string& value) {
-    m_index = ProcessCmdLineNameValue(m_argc, m_argv, m_index, name, value);
+  void takeValue(Option const& option, std::string& value) {
+    m_index = ProcessCmdLineNameValue(m_argc, m_argv, m_index, option.name.data(), value);
   }
 
-  void chooseRun(bool& chosen, bool isOtherChosen) {
-    if (isOtherChosen) {
+  void chooseRun(Run run) {
+    if (m_settings.run == Run::none) {
+      m_settings.run = run;
+    } else {
       out() << "Error : Invalid command line option, ignoring \"" << m_settings.givenName << "\""
             << endLine;
-    } else {
-      chosen = true;
     }
   }
 
   int m_argc;
   char** m_argv;
-  Settings& m_settings;
+  Settings m_settings;
   int m_index = 1;
   bool m_isDone = false;
 };
@@ -136,68 +103,58 @@ std::optional<int> ArgumentScan::takeFileName() {
   m_settings.givenName = name;
   bool isXml = hasExtension(name, ".XML");
   if (isXml || hasExtension(name, ".CBL") || hasExtension(name, ".CPY")) {
-    chooseRun(m_settings.cobolRun, m_settings.schemaRun);
+    chooseRun(Run::cobolToSchema);
     m_settings.sourceFile = name;
     if (isXml) m_settings.xmlFile = name;
   } else if (hasExtension(name, ".XSD")) {
-    chooseRun(m_settings.schemaRun, m_settings.cobolRun);
+    chooseRun(Run::schemaToCobol);
     m_settings.schemaFile = name;
   } else {
     reportUnrecognizedType(m_settings.givenName);
     printUsage();
-    return stop(kStopped);
+    return stopRun();
   }
   return std::nullopt;
 }
 
 std::optional<int> ArgumentScan::takeOption() {
-  switch (identify(m_argv[m_index])) {
-    case OptionId::question:
-    case OptionId::help:
+  char const* argument = m_argv[m_index];
+  Option const* option = findOption(argument);
+  if (option == nullptr) {
+    out() << "Error : Invalid option \"" << argument << "\"" << endLine;
+    return stopRun();
+  }
+  if (auto const* file = std::get_if<FileNameOption>(&option->effect)) {
+    takeValue(*option, m_settings.*(file->field));
+  } else if (auto const* text = std::get_if<TextOption>(&option->effect)) {
+    takeValue(*option, m_settings.*(text->field));
+  } else if (auto const* flag = std::get_if<FlagOption>(&option->effect)) {
+    m_settings.*(flag->field) = flag->value;
+  } else {
+    return apply(*option, std::get<OptionAction>(option->effect));
+  }
+  return std::nullopt;
+}
+
+std::optional<int> ArgumentScan::apply(Option const& option, OptionAction action) {
+  switch (action) {
+    case OptionAction::help:
       printUsage();
-      return stop(0);
-    case OptionId::copybook:
-      takeValue("-C", m_settings.copybookFile);
-      break;
-    case OptionId::schema:
-      takeValue("-X", m_settings.schemaFile);
-      break;
-    case OptionId::mapping:
-      takeValue("-M", m_settings.mappingFile);
-      break;
-    case OptionId::prefix:
-      takeValue("-P", m_settings.dataPrefix);
-      break;
-    case OptionId::directives:
-      takeValue("-D", m_settings.directiveFile);
-      break;
-    case OptionId::validate:
-      return takeValidation();
-    case OptionId::quiet:
+      return stopRun(kStatusOk);
+    case OptionAction::validate:
+      return takeValidation(option);
+    case OptionAction::quiet:
       beginQuietMode();
       break;
-    case OptionId::log:
+    case OptionAction::log:
       break;  // opened before the scan
-    case OptionId::noPrompt:
-      m_settings.promptOverwrite = false;
-      break;
-    case OptionId::noCountIn:
-      m_settings.countIn = false;
-      break;
-    case OptionId::unique:
-      m_settings.uniqueNames = true;
-      break;
-    case OptionId::unknown:
-      out() << "Error : Invalid option \"" << static_cast<char const*>(m_argv[m_index]) << "\""
-            << endLine;
-      return stop(kStopped);
   }
   return std::nullopt;
 }
 
 // -V ends the scan: what follows is not looked at.
-std::optional<int> ArgumentScan::takeValidation() {
-  takeValue("-V", m_settings.givenName);
+std::optional<int> ArgumentScan::takeValidation(Option const& option) {
+  takeValue(option, m_settings.givenName);
   char const* name = m_settings.givenName.c_str();
   if (hasExtension(name, ".XML")) {
     m_settings.xmlFile = name;
@@ -205,30 +162,52 @@ std::optional<int> ArgumentScan::takeValidation() {
     m_settings.schemaFile = name;
   } else {
     reportUnrecognizedType(m_settings.givenName);
-    return stop(kStopped);
+    return stopRun();
   }
-  m_settings.validationRun = true;
+  m_settings.run = Run::validation;
   m_isDone = true;
   return std::nullopt;
 }
 
-bool isShieldedByFileOption(char const* before) {
-  return std::any_of(kFileOptions.begin(), kFileOptions.end(),
-                     [before](char const* option) { return my_stricmp(before, option) == 0; });
+// The names of the options of a run, as the usage text lists them.
+std::string optionNames(bool Option::*isOfRun) {
+  std::string names;
+  for (Option const& option : kOptions) {
+    if (!(option.*isOfRun)) continue;
+    names += names.empty() ? '[' : ' ';
+    for (char c : option.name) names += toLower(c);
+  }
+  return names + "]";
 }
 
 }  // namespace
 
+int stopRun(int status) {
+  RestoreStreams();
+  return status;
+}
+
 void openRequestedLog(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
-    if (!startsWith(argv[i], kLogOption) || isShieldedByFileOption(argv[i - 1])) continue;
+    if (!startsWith(argv[i], logOption().name.data()) || isFileNameOption(argv[i - 1])) continue;
     openLog();
     return;
   }
 }
 
-std::optional<int> scanArguments(int argc, char** argv, Settings& settings) {
-  return ArgumentScan(argc, argv, settings).run();
+ScannedArguments scanArguments(int argc, char** argv) {
+  return ArgumentScan(argc, argv).run();
+}
+
+void printUsage() {
+  out() << "Usage :" << endLine << "fdmorph [options] <filename>" << endLine << endLine;
+  out() << "fdmorph " << optionNames(&Option::isOfCobolRun) << " <COBOL filename>" << endLine;
+  out() << "fdmorph " << optionNames(&Option::isOfSchemaRun) << " <XML Schema filename>" << endLine;
+  out() << "fdmorph [-v] (<XML filename> | <XML Schema filename>)" << endLine << endLine;
+  out() << "Options:" << endLine << endLine;
+  for (Option const& option : kOptions) {
+    if (!option.help.empty()) out() << option.help.data() << endLine << endLine;
+  }
 }
 
 int ProcessCmdLineNameValue(int argc, char** argv, int index, char const* name,

@@ -8,18 +8,28 @@
 
 namespace fdmorph {
 
+/// The outcome of a scan.
+struct ScannedArguments {
+  Settings settings;
+  std::optional<int> status;  ///< exit status, if the scan ends the run
+};
+
 /// Opens the log if the command line asks for one. It must be in place before
 /// anything else is printed, so the arguments are searched for it first.
 void openRequestedLog(int argc, char** argv);
 
-/// Scans the arguments into `settings`. Returns the exit status if the scan
-/// ends the run; what there is to say has then been printed.
-std::optional<int> scanArguments(int argc, char** argv, Settings& settings);
+/// Scans the arguments. If that ends the run, everything that is to be said
+/// has been printed.
+[[nodiscard]] ScannedArguments scanArguments(int argc, char** argv);
 
 /// Reads the value of the option `name` at `index`: the rest of the argument,
 /// or else the next argument, whatever it looks like. Returns the index of the
 /// last argument consumed. Without a value, reports it and leaves `value` as
 /// it was.
-int ProcessCmdLineNameValue(int argc, char** argv, int index, char const* name, std::string& value);
+[[nodiscard]] int ProcessCmdLineNameValue(int argc, char** argv, int index, char const* name,
+                                          std::string& value);
+
+/// Prints the usage text on the standard output stream.
+void printUsage();
 
 }  // namespace fdmorph

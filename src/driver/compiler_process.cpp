@@ -7,8 +7,9 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstdlib>
+#include <optional>
 
-#include "driver/standard_streams.h"
+#include "driver/process_setup.h"
 #include "text/console.h"
 
 namespace fdmorph {
@@ -19,7 +20,7 @@ constexpr char kDictionaryDirective[] = "XMLGEN(WS)";
 constexpr char kSourceNameVariable[] = "ZBC_SOURCE_NAME";
 constexpr std::size_t kPipePiece = 128;  // bytes, terminator included
 
-// Returns only if the compiler can't be started.
+// Returns only if the compiler cannot be started.
 void replaceProcess(std::string const& compileFile, std::string const& directives) {
   if (directives.empty()) {
     execlp(kCompiler, kCompiler, "-C", "dbgi", "noobj", "-C", kDictionaryDirective,
@@ -44,12 +45,15 @@ void runThroughPipe(std::string const& compileFile, std::string const& directive
   pclose(pipe);
 }
 
-pid_t waitForChild(pid_t child, int& status) {
+// The status word of a child that ended; nothing if there is no such child.
+std::optional<int> waitForChild(pid_t child) {
+  int status = 0;
   pid_t ended = 0;
   do {
     ended = waitpid(child, &status, 0);
   } while (ended < 0 && errno == EINTR);
-  return ended;
+  if (ended < 0) return std::nullopt;
+  return status;
 }
 
 }  // namespace
@@ -57,7 +61,7 @@ pid_t waitForChild(pid_t child, int& status) {
 CompileOutcome runCompiler(std::string const& compileFile, std::string const& directiveFile,
                            std::string const& sourceName) {
   std::string directives = directiveFile.empty() ? std::string() : "@" + directiveFile;
-  // What stands in the buffers must not come out of both processes.
+  // Both processes would write what is still in the buffers.
   std::cout.flush();
   std::cerr.flush();
   pid_t child = fork();
@@ -71,9 +75,9 @@ CompileOutcome runCompiler(std::string const& compileFile, std::string const& di
       replaceProcess(compileFile, directives);
     }
   }
-  int status = 0;
-  if (waitForChild(child, status) < 0) return CompileOutcome::notReturned;
-  bool hasFailed = WIFEXITED(status) && WEXITSTATUS(status) > 0;
+  std::optional<int> status = waitForChild(child);
+  if (!status) return CompileOutcome::notReturned;
+  bool hasFailed = WIFEXITED(*status) && WEXITSTATUS(*status) > 0;
   return hasFailed ? CompileOutcome::failed : CompileOutcome::compiled;
 }
 

@@ -5,12 +5,12 @@
 
 namespace fdmorph {
 
-/// How the call of the compiler ended, for the process that asks.
+/// How a call of the compiler ended.
 enum class CompileOutcome {
   compiled,
   failed,       ///< exit code above zero
   notCreated,   ///< no child process
-  notReturned,  ///< nothing came back; also what the child itself sees
+  notReturned,  ///< the child cannot be waited for; also in the child itself
 };
 
 /// Runs the compiler `zbc` on `compileFile` with the directives that make it
@@ -18,10 +18,11 @@ enum class CompileOutcome {
 /// both names are quoted if they hold a blank. The compiler's messages call the
 /// source `sourceName`.
 ///
-/// The child has no exit of its own: if the compiler can't be started, or has
-/// been run through the log's pipe, the call returns in the child as well,
-/// with notReturned. A compiler that dies by a signal passes for success.
-CompileOutcome runCompiler(std::string const& compileFile, std::string const& directiveFile,
-                           std::string const& sourceName);
+/// The child has no exit of its own: if the compiler cannot be started, or was
+/// run through the pipe to the log, the call returns in the child as well,
+/// with notReturned. A compiler that is killed by a signal counts as compiled.
+[[nodiscard]] CompileOutcome runCompiler(std::string const& compileFile,
+                                         std::string const& directiveFile,
+                                         std::string const& sourceName);
 
 }  // namespace fdmorph

@@ -5,11 +5,13 @@
 #include <cstdlib>
 #include <fstream>
 #include <iostream>
+#include <optional>
 #include <random>
 #include <sstream>
 #include <string_view>
 #include <vector>
 
+#include "driver/settings.h"
 #include "text/console.h"
 #include "text/multibyte.h"
 
@@ -18,47 +20,48 @@ namespace {
 
 constexpr std::size_t kMaxAnswerLength = 1023;  // bytes of a line that are kept
 
-// False at the end of the input.
-bool readAnswer(std::string& answer) {
-  answer.clear();
+// A line of the standard input; nothing at its end.
+std::optional<std::string> readAnswer() {
+  std::string answer;
   for (int c = std::cin.get(); c != std::char_traits<char>::eof(); c = std::cin.get()) {
-    if (c == '\n') return true;
+    if (c == '\n') return answer;
     if (answer.size() < kMaxAnswerLength) answer += static_cast<char>(c);
   }
-  return !answer.empty();
+  if (answer.empty()) return std::nullopt;
+  return answer;
 }
 
 enum class Answer { yes, no, neither };
 
-Answer understand(std::string const& answer) {
+Answer meaningOf(std::string const& answer) {
   if (answer == "Y" || answer == "y") return Answer::yes;
   if (answer == "N" || answer == "n") return Answer::no;
   return Answer::neither;
 }
 
-// The first question must reach the user even with a log; further ones go to
-// the log, as the error stream is aimed back at it after the first answer.
+// The first question reaches the user even with a log. Further ones go to the
+// log, because the error stream is aimed at it again after the first answer.
 bool askToOverwrite(std::string const& name) {
   std::streambuf* logBuffer = console.logMode ? std::cerr.rdbuf() : nullptr;
   if (console.logMode) std::cerr.rdbuf(console.savedCerrBuffer);
   err() << endLine << "Warning : The file \"" << name << "\" already exists" << endLine;
-  std::string line;
   Answer answer = Answer::neither;
   while (answer == Answer::neither) {
     err() << "Would you like to overwrite " << name << "? (y/n) " << std::flush;
-    answer = readAnswer(line) ? understand(line) : Answer::no;
+    std::optional<std::string> line = readAnswer();
+    answer = line ? meaningOf(*line) : Answer::no;
     if (console.logMode) std::cerr.rdbuf(logBuffer);
   }
   return answer == Answer::yes;
 }
 
 std::string randomName() {
-  constexpr std::string_view kLetters = "abcdefghijklmnopqrstuvwxyz0123456789";
-  constexpr int kRandomLetters = 6;
+  constexpr std::string_view kCharacters = "abcdefghijklmnopqrstuvwxyz0123456789";
+  constexpr int kRandomCharacters = 6;
   static std::random_device device;
-  std::uniform_int_distribution<std::size_t> letter(0, kLetters.size() - 1);
+  std::uniform_int_distribution<std::size_t> position(0, kCharacters.size() - 1);
   std::string name = "./file";
-  for (int i = 0; i < kRandomLetters; ++i) name += kLetters[letter(device)];
+  for (int i = 0; i < kRandomCharacters; ++i) name += kCharacters[position(device)];
   return name;
 }
 
@@ -83,7 +86,7 @@ bool FileExists(std::string const& name, bool prompt) {
   if (file == nullptr) return false;
   if (std::fclose(file) != 0) {
     out() << "Error : Failed to close file \"" << name << "\" Ending FDMORPH process. " << endLine;
-    std::exit(1);
+    std::exit(kStatusError);
   }
   return !prompt || !askToOverwrite(name);
 }

@@ -1,6 +1,6 @@
 #include "cobol/DMCOBOLGenerator.h"
 #include "driver/file_helpers.h"
-#include "driver/runs.h"
+#include "driver/settings.h"
 #include "schema/schema_loader.h"
 #include "schema/schema_preprocessing.h"
 #include "text/console.h"
@@ -10,13 +10,6 @@
 
 namespace fdmorph {
 namespace {
-
-constexpr int kStopped = 1;
-
-int stop() {
-  RestoreStreams();
-  return kStopped;
-}
 
 std::string defaultCopybook(std::string const& schemaFile) {
   return schemaFile.substr(0, schemaFile.rfind('.')) + ".cpy";
@@ -41,7 +34,7 @@ int runSchemaToCobol(Settings const& settings) {
     if (settings.sourceFile.empty()) {
       out() << "Error : Failed to specify COBOL Copybook filename" << endLine;
     }
-    return stop();
+    return stopRun();
   }
   out() << "Checking " << schemaFile << " for errors" << endLine;
   std::string copybookFile =
@@ -50,7 +43,7 @@ int runSchemaToCobol(Settings const& settings) {
     out() << endLine;
     parser.DisplayErrorSummary();
     out() << "Failed to create " << copybookFile << endLine;
-    return stop();
+    return stopRun();
   }
   out() << "No schema errors found, processing XML schema " << schemaFile << endLine;
   SchemaFileLoader loader(store);

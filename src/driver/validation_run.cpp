@@ -1,4 +1,4 @@
-#include "driver/runs.h"
+#include "driver/settings.h"
 #include "text/console.h"
 #include "xml/DMDOMParser.h"
 
@@ -23,8 +23,7 @@ int runValidation(Settings const& settings) {
     parser.CheckDocument(settings.xmlFile, true);
   } else {
     out() << "Error : Failed to specify XML Schema filename" << endLine;
-    RestoreStreams();
-    return 1;
+    return stopRun();
   }
   parser.DisplayErrorSummary();
   RestoreStreams();

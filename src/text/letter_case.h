@@ -1,4 +1,4 @@
-// Letters blind to case. COBOL knows ASCII letters only, in every locale.
+// Letter case and digits. COBOL knows ASCII letters only, in every locale.
 #pragma once
 
 #include <string>
@@ -8,6 +8,9 @@ namespace fdmorph {
 
 constexpr char toUpper(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+constexpr char toLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 constexpr bool isDigit(char c) {
   return c >= '0' && c <= '9';

@@ -21,22 +21,22 @@ class CommandLine : public ConsoleTest {
   /// The status if the scan ends the run, otherwise nothing.
   std::optional<int> scan(std::initializer_list<std::string> list) {
     Arguments arguments(list);
-    settings = Settings();
-    return scanArguments(arguments.count(), arguments.values(), settings);
+    ScannedArguments scanned = scanArguments(arguments.count(), arguments.values());
+    settings = scanned.settings;
+    return scanned.status;
   }
 
   Settings settings;
 };
 
 class FileName : public CommandLine {};
-class Option : public CommandLine {};
+class OptionScan : public CommandLine {};
 class Validation : public CommandLine {};
 
 TEST_F(FileName, OfASchemaChoosesTheSchemaRun) {
   for (std::string name : {"a.xsd", "a.XSD", "a.b.xSd", "a.xsdfoo", ".xsd"}) {
     EXPECT_EQ(scan({name}), std::nullopt) << name;
-    EXPECT_TRUE(settings.schemaRun) << name;
-    EXPECT_FALSE(settings.cobolRun) << name;
+    EXPECT_EQ(settings.run, Run::schemaToCobol) << name;
     EXPECT_EQ(settings.schemaFile, name);
     EXPECT_EQ(settings.givenName, name);
     EXPECT_EQ(settings.sourceFile, "");
@@ -46,8 +46,7 @@ TEST_F(FileName, OfASchemaChoosesTheSchemaRun) {
 TEST_F(FileName, OfASourceChoosesTheCobolRun) {
   for (std::string name : {"a.cbl", "a.CPY", "a.cblx", ".CBL", "a.b.cpy"}) {
     EXPECT_EQ(scan({name}), std::nullopt) << name;
-    EXPECT_TRUE(settings.cobolRun) << name;
-    EXPECT_FALSE(settings.schemaRun) << name;
+    EXPECT_EQ(settings.run, Run::cobolToSchema) << name;
     EXPECT_EQ(settings.sourceFile, name);
     EXPECT_EQ(settings.xmlFile, "");
   }
@@ -55,7 +54,7 @@ TEST_F(FileName, OfASourceChoosesTheCobolRun) {
 
 TEST_F(FileName, OfADocumentChoosesTheCobolRunToo) {
   EXPECT_EQ(scan({"a.xml"}), std::nullopt);
-  EXPECT_TRUE(settings.cobolRun);
+  EXPECT_EQ(settings.run, Run::cobolToSchema);
   EXPECT_EQ(settings.sourceFile, "a.xml");
   EXPECT_EQ(settings.xmlFile, "a.xml");
 }
@@ -73,7 +72,7 @@ TEST_F(FileName, OfAnotherKindEndsTheRunWithTheUsage) {
 TEST_F(FileName, SecondOneIsIgnoredWithAWarning) {
   EXPECT_EQ(scan({"a.cbl", "b.xsd", "README"}), std::nullopt);
   EXPECT_EQ(settings.givenName, "a.cbl");
-  EXPECT_FALSE(settings.schemaRun);
+  EXPECT_EQ(settings.run, Run::cobolToSchema);
   EXPECT_EQ(settings.schemaFile, "");
   EXPECT_EQ(captured.out(),
             "Warning : Source filename \"a.cbl\" already specified.  Ignoring \"b.xsd\"\n"
@@ -88,16 +87,16 @@ TEST_F(FileName, MayStandBetweenOptions) {
   EXPECT_TRUE(settings.uniqueNames);
 }
 
-TEST_F(Option, DefaultsHoldWithoutAny) {
+TEST_F(OptionScan, DefaultsHoldWithoutAny) {
   EXPECT_EQ(scan({}), std::nullopt);
   EXPECT_EQ(settings.givenName, "");
   EXPECT_TRUE(settings.promptOverwrite);
   EXPECT_TRUE(settings.countIn);
   EXPECT_FALSE(settings.uniqueNames);
-  EXPECT_FALSE(settings.cobolRun || settings.schemaRun || settings.validationRun);
+  EXPECT_EQ(settings.run, Run::none);
 }
 
-TEST_F(Option, ValuesGoToTheirSettings) {
+TEST_F(OptionScan, ValuesGoToTheirSettings) {
   EXPECT_EQ(scan({"-c", "c", "-x", "x", "-m", "m", "-p", "p", "-d", "d"}), std::nullopt);
   EXPECT_EQ(settings.copybookFile, "c");
   EXPECT_EQ(settings.schemaFile, "x");
@@ -107,7 +106,7 @@ TEST_F(Option, ValuesGoToTheirSettings) {
   EXPECT_EQ(settings.givenName, "");
 }
 
-TEST_F(Option, IsBlindToCase) {
+TEST_F(OptionScan, IgnoresCase) {
   EXPECT_EQ(scan({"-C", "a", "-P", "b", "-NoPrompt", "-NOCOUNTIN", "-Unique"}), std::nullopt);
   EXPECT_EQ(settings.copybookFile, "a");
   EXPECT_EQ(settings.dataPrefix, "b");
@@ -116,7 +115,7 @@ TEST_F(Option, IsBlindToCase) {
   EXPECT_TRUE(settings.uniqueNames);
 }
 
-TEST_F(Option, OfTwoLettersMatchesOnItsPrefix) {
+TEST_F(OptionScan, OfTwoLettersMatchesOnItsPrefix) {
   EXPECT_EQ(scan({"-Xyz", "-Mapping", "-Prefix", "-Data", "-Copy"}), std::nullopt);
   EXPECT_EQ(settings.schemaFile, "yz");
   EXPECT_EQ(settings.mappingFile, "apping");
@@ -125,26 +124,26 @@ TEST_F(Option, OfTwoLettersMatchesOnItsPrefix) {
   EXPECT_EQ(settings.copybookFile, "opy");
 }
 
-TEST_F(Option, LongOnesMatchOnTheirPrefixToo) {
+TEST_F(OptionScan, LongOnesMatchOnTheirPrefixToo) {
   EXPECT_EQ(scan({"-nopromptly", "-nocountinside", "-uniqueness", "-logging"}), std::nullopt);
   EXPECT_FALSE(settings.promptOverwrite);
   EXPECT_FALSE(settings.countIn);
   EXPECT_TRUE(settings.uniqueNames);
 }
 
-TEST_F(Option, QuietTakesTheOutputAway) {
+TEST_F(OptionScan, QuietTakesTheOutputAway) {
   EXPECT_EQ(scan({"-Quiet"}), std::nullopt);
   EXPECT_TRUE(console.quietMode);
   EXPECT_EQ(std::cout.rdbuf(), nullptr);
 }
 
-TEST_F(Option, LogDoesNothingInTheScan) {
+TEST_F(OptionScan, LogDoesNothingInTheScan) {
   EXPECT_EQ(scan({"-log", "-LOGFILE"}), std::nullopt);
   EXPECT_FALSE(console.logMode);
   EXPECT_EQ(captured.out(), "");
 }
 
-TEST_F(Option, HelpShowsTheUsageAndEndsTheRunWell) {
+TEST_F(OptionScan, HelpShowsTheUsageAndEndsTheRunWell) {
   for (std::string help : {"-?", "-help", "-HELP"}) {
     CapturedConsole own;
     EXPECT_EQ(scan({"-noprompt", help, "-garbage", "-unique"}), 0) << help;
@@ -154,7 +153,7 @@ TEST_F(Option, HelpShowsTheUsageAndEndsTheRunWell) {
   }
 }
 
-TEST_F(Option, UnknownOneEndsTheRunWithoutTheUsage) {
+TEST_F(OptionScan, UnknownOneEndsTheRunWithoutTheUsage) {
   for (std::string bad : {"-", "-garbage", "-helpme", "-?x", "-noprom", "-nocounti", "-uniqu",
                           "-lo", "--x", "-no", "-hel"}) {
     CapturedConsole own;
@@ -165,14 +164,14 @@ TEST_F(Option, UnknownOneEndsTheRunWithoutTheUsage) {
   }
 }
 
-TEST_F(Option, UnknownOneInAQuietRunIsDroppedAndTheStreamRestored) {
+TEST_F(OptionScan, UnknownOneInAQuietRunIsDroppedAndTheStreamRestored) {
   EXPECT_EQ(scan({"-q", "-garbage"}), 1);
   EXPECT_EQ(captured.out(), "");
   EXPECT_EQ(console.m_nErrorCount, 0);
   EXPECT_EQ(std::cout.rdbuf(), captured.outBuffer());
 }
 
-TEST_F(Option, LaterAssignmentReplacesAnEarlierOne) {
+TEST_F(OptionScan, LaterAssignmentReplacesAnEarlierOne) {
   EXPECT_EQ(scan({"a.xsd", "-x", "b.xsd"}), std::nullopt);
   EXPECT_EQ(settings.schemaFile, "b.xsd");
   EXPECT_EQ(settings.givenName, "a.xsd");
@@ -182,14 +181,14 @@ TEST_F(Option, LaterAssignmentReplacesAnEarlierOne) {
   EXPECT_EQ(settings.dataPrefix, "two");
 }
 
-TEST_F(Option, ValueMayLookLikeAnOption) {
+TEST_F(OptionScan, ValueMayLookLikeAnOption) {
   EXPECT_EQ(scan({"-c", "-log", "-p", "-", "a.cbl"}), std::nullopt);
   EXPECT_EQ(settings.copybookFile, "-log");
   EXPECT_EQ(settings.dataPrefix, "-");
   EXPECT_EQ(settings.sourceFile, "a.cbl");
 }
 
-TEST_F(Option, IncompleteOneIsReportedAndTheRunGoesOn) {
+TEST_F(OptionScan, IncompleteOneIsReportedAndTheRunGoesOn) {
   EXPECT_EQ(scan({"-c"}), std::nullopt);
   EXPECT_EQ(captured.out(), "Error : Ignoring incomplete command-line option \"-c\"\n");
   EXPECT_EQ(console.m_nErrorCount, 1);
@@ -198,14 +197,13 @@ TEST_F(Option, IncompleteOneIsReportedAndTheRunGoesOn) {
 
 TEST_F(Validation, OfADocumentOrASchema) {
   EXPECT_EQ(scan({"-v", "a.xml"}), std::nullopt);
-  EXPECT_TRUE(settings.validationRun);
+  EXPECT_EQ(settings.run, Run::validation);
   EXPECT_EQ(settings.givenName, "a.xml");
   EXPECT_EQ(settings.xmlFile, "a.xml");
   EXPECT_EQ(settings.schemaFile, "");
-  EXPECT_FALSE(settings.cobolRun);
   EXPECT_EQ(scan({"-va.XSD"}), std::nullopt);
   EXPECT_EQ(settings.schemaFile, "a.XSD");
-  EXPECT_FALSE(settings.schemaRun);
+  EXPECT_EQ(settings.run, Run::validation);
 }
 
 TEST_F(Validation, EndsTheScan) {
@@ -220,8 +218,7 @@ TEST_F(Validation, LeavesWhatStoodBeforeInForce) {
   EXPECT_EQ(settings.givenName, "b.xml");
   EXPECT_EQ(settings.schemaFile, "a.xsd");
   EXPECT_EQ(settings.xmlFile, "b.xml");
-  EXPECT_TRUE(settings.schemaRun);
-  EXPECT_TRUE(settings.validationRun);
+  EXPECT_EQ(settings.run, Run::validation);
 }
 
 TEST_F(Validation, OfAnotherKindEndsTheRunWithoutTheUsage) {
@@ -229,7 +226,7 @@ TEST_F(Validation, OfAnotherKindEndsTheRunWithoutTheUsage) {
     CapturedConsole own;
     EXPECT_EQ(scan({argument}), 1);
     EXPECT_EQ(own.out(), "Error : Unrecognized file type \"" + argument.substr(2) + "\"\n");
-    EXPECT_FALSE(settings.validationRun);
+    EXPECT_EQ(settings.run, Run::none);
   }
 }
 
@@ -243,7 +240,7 @@ TEST_F(Validation, WithoutANameIsIncompleteAndOfNoKind) {
 TEST_F(Validation, WithoutANameFallsBackOnAnEarlierOne) {
   EXPECT_EQ(scan({"a.xsd", "-v"}), std::nullopt);
   EXPECT_EQ(captured.out(), "Error : Ignoring incomplete command-line option \"-v\"\n");
-  EXPECT_TRUE(settings.validationRun);
+  EXPECT_EQ(settings.run, Run::validation);
   EXPECT_EQ(settings.schemaFile, "a.xsd");
 }
 

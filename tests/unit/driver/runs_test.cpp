@@ -1,13 +1,12 @@
 // The validation run and the schema to COBOL run, below the command line.
 
-#include "driver/runs.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <iostream>
 #include <sstream>
 
+#include "driver/settings.h"
 #include "support/captured_console.h"
 #include "support/parser_fixture.h"
 #include "support/temporary_folder.h"
@@ -151,10 +150,10 @@ TEST_F(SchemaRun, CopybookIsNamedUpToTheLastDot) {
   EXPECT_TRUE(folder.has("a.b.cpy"));
 }
 
-TEST_F(SchemaRun, CopybookOfALongNameIsWrittenToo) {
+TEST_F(SchemaRun, CopybookOfATooLongNameIsNotWritten) {
   std::string const name = std::string(1500, 'n') + ".xsd";
   settings.schemaFile = name;
-  EXPECT_EQ(runSchemaToCobol(settings), 1) << "no file can have that name";
+  EXPECT_EQ(runSchemaToCobol(settings), 1) << "no file can have this name";
   EXPECT_THAT(captured.out(), EndsWith("\nFailed to create " + std::string(1500, 'n') + ".cpy\n"));
 }
 

@@ -1,6 +1,6 @@
 // What happens when the stack runs out.
 
-#include "driver/stack_guard.h"
+#include "driver/process_setup.h"
 
 #include <gtest/gtest.h>
 #include <sys/resource.h>

@@ -1,6 +1,6 @@
 // Standard streams that were closed when the process began.
 
-#include "driver/standard_streams.h"
+#include "driver/process_setup.h"
 
 #include <fcntl.h>
 #include <gtest/gtest.h>

@@ -1,9 +1,8 @@
 // The usage text.
 
-#include "driver/usage.h"
-
 #include <gtest/gtest.h>
 
+#include "driver/command_line.h"
 #include "support/captured_console.h"
 #include "text/console.h"
 

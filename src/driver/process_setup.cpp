@@ -1,4 +1,4 @@
-#include "driver/stack_guard.h"
+#include "driver/process_setup.h"
 
 #include <fcntl.h>
 #include <sigsegv.h>
@@ -6,8 +6,11 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <csignal>
 #include <cstring>
+#include <initializer_list>
 
+#include "driver/settings.h"
 #include "text/console.h"
 
 namespace fdmorph {
@@ -18,19 +21,18 @@ namespace {
 constexpr rlim_t kWantedStack = rlim_t{1} << 30;
 constexpr std::size_t kHandlerStack = std::size_t{64} << 10;
 constexpr char kMessage[] = "Internal Error : Input is nested too deeply\n";
-constexpr int kStopped = 1;
 
 void writeMessage(int descriptor) {
   // Nothing can be done about a failure here.
   [[maybe_unused]] ssize_t written = write(descriptor, kMessage, sizeof kMessage - 1);
 }
 
-// Runs on a stack of its own, amid whatever ran out of the other one, so only
-// calls that are safe in a signal handler may follow.
+// Runs on a stack of its own, at any point of the program, so only calls that
+// are safe in a signal handler may follow.
 void onStackOverflow(int /*emergency*/, stackoverflow_context_t /*context*/) {
   int log = console.logMode ? open(kLogFileName, O_WRONLY | O_APPEND | O_CLOEXEC) : -1;
   writeMessage(log >= 0 ? log : STDERR_FILENO);
-  _exit(kStopped);
+  _exit(kStatusError);
 }
 
 void raiseStackLimit() {
@@ -44,6 +46,20 @@ void raiseStackLimit() {
 }
 
 }  // namespace
+
+void secureStandardStreams() {
+  std::signal(SIGPIPE, SIG_IGN);
+  for (int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+    if (fcntl(descriptor, F_GETFD) != -1) continue;
+    // This is the lowest free number. It is not open for writing, because text
+    // that is written there is lost and must count as lost.
+    [[maybe_unused]] int opened = open("/dev/null", O_RDONLY);
+  }
+}
+
+void restoreSignals() {
+  std::signal(SIGPIPE, SIG_DFL);
+}
 
 void guardStack() {
   static char handlerStack[kHandlerStack];

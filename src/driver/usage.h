@@ -1,9 +1,0 @@
-// The usage text.
-#pragma once
-
-namespace fdmorph {
-
-/// Prints the usage text on the standard output stream.
-void printUsage();
-
-}  // namespace fdmorph
