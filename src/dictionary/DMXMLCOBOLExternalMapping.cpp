@@ -7,7 +7,7 @@
 namespace fdmorph {
 namespace {
 
-// FNV-1a: a hash that can be carried on with more text.
+// FNV-1a: a hash that can be continued with more text.
 constexpr std::uint64_t kHashStart = 14695981039346656037U;
 constexpr std::uint64_t kHashPrime = 1099511628211U;
 
@@ -16,7 +16,7 @@ std::uint64_t extendHash(std::uint64_t hash, std::string_view text) {
   return hash;
 }
 
-// Whether `name` is the qualified name of `item`, compared from its end.
+// Whether `name` is the qualified name of `item`. Compares from the end.
 bool isQualifiedName(std::string_view name, CDMXMLElement const* item) {
   for (bool isLast = true; item != nullptr; item = item->getParent(), isLast = false) {
     std::optional<std::string_view> part = attributeOf(item, "name");
@@ -45,8 +45,8 @@ bool CDMXMLCOBOLExternalMapping::Initialize(CDMXMLElement const* element,
   return true;
 }
 
-// False for a foreign element. Names are compared whole: a prefix makes an
-// element foreign.
+// False for an unknown element. Names are compared whole, so an element with a
+// prefix is unknown.
 bool CDMXMLCOBOLExternalMapping::readElement(CDMXMLElement const* element,
                                              CDMXMLCOBOLMapping*& current) {
   std::string const& name = element->name;

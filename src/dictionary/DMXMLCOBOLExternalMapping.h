@@ -1,6 +1,6 @@
 // The mapping file in memory: what the user decided, item by item, about the
-// names and settings of the generated schema and copybook. And what it comes to:
-// the name of an item in XML.
+// names and settings of the generated schema and copybook. And the names of
+// items in XML, which depend on it.
 #pragma once
 
 #include <cstdint>
@@ -26,9 +26,9 @@ struct CDMXMLCOBOLMapping {
 
 class CDMXMLCOBOLExternalMapping {
  public:
-  /// Reads the entries of a mapping file from the top node of its tree. A
-  /// foreign element discards every entry read before it, and what follows it
-  /// is kept; nothing is reported. False if `element` itself is foreign.
+  /// Reads the entries of a mapping file from the top node of its tree. An
+  /// unknown element discards every entry before it, and the entries after it
+  /// are kept; nothing is reported. False if `element` itself is unknown.
   bool Initialize(CDMXMLElement const* element, CDMXMLCOBOLMapping* current);
 
   /// The first entry whose name is the dictionary item's qualified name, case
@@ -51,36 +51,35 @@ class CDMXMLCOBOLExternalMapping {
   std::vector<CDMXMLCOBOLMapping const*> const& entriesOf(Hash hash) const;
   Hash qualifiedHash(CDMXMLElement const* item) const;
 
-  // Discarded entries stay allocated: what still stands below a foreign
-  // element's parent is read into one of them.
+  // Discarded entries stay allocated: the later siblings of an unknown element
+  // are still read into the entry around them.
   std::deque<CDMXMLCOBOLMapping> m_storage;
   std::vector<CDMXMLCOBOLMapping*> mappingList;
 
-  // By the hash of the name, so that an item's key needn't be spelled out for
-  // a look-up: an item's hash goes on from its parent's.
+  // By the hash of the name, so that a look-up does not build the key of an
+  // item: its hash continues that of its parent.
   mutable std::unordered_map<Hash, std::vector<CDMXMLCOBOLMapping const*>> m_byHash;
   mutable std::size_t m_indexed = 0;
   mutable std::unordered_map<CDMXMLElement const*, Hash> m_hashes;
 };
 
-/// The name and settings of an item, by its dictionary entry and, where there
-/// is one, its entry in the mapping. Texts are views of those two.
+/// The name and settings of an item by the dictionary and the mapping. The texts
+/// are views of these.
 struct ItemName {
-  std::string_view xmlName;  ///< empty: the item has no place in XML
+  std::string_view xmlName;  ///< empty: the item is left out of XML
   std::string_view xmlType;
   std::string_view xmlNamespace;
   bool isAttribute = false;
   bool countIn = true;
 };
 
-/// Lets the mapping's entry for `element`, if there is one, replace all of
-/// `name`; an empty text does so too. The count-in flag can only be switched
-/// off. True if an entry was found.
+/// Replaces all of `name` by the mapping's entry for `element`, if there is one,
+/// empty texts included. The count-in flag can only be switched off. True if an
+/// entry was found.
 bool ApplyExternalMappingFile(CDMXMLElement const* element,
                               CDMXMLCOBOLExternalMapping const* mapping, ItemName& name);
 
-/// The dictionary's name as it stands, the type that goes with its picture,
-/// and no name for a filler.
+/// The data name and the type by the dictionary alone. A filler has no name.
 ItemName defaultNameOf(CDMXMLElement const* element, bool countIn);
 
 }  // namespace fdmorph

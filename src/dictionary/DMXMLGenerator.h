@@ -41,7 +41,7 @@ class CDMXMLGenerator {
 
   /// Writes one output to the file that `type` chooses among the names, or to
   /// the console if it has none or cannot be opened, which is reported. While a
-  /// file is written, the standard output stream is aimed at it.
+  /// file is written, the standard output stream is redirected to it.
   /// `namePrefix` goes in front of data names, `countInClauses` allows "count
   /// in" clauses. True if the output went to a file.
   bool GenerateFile(std::string const& dataDictFilename, std::string const& mappingFilename,

@@ -26,7 +26,7 @@ void appendOccurs(CDMXMLElement const* element, std::string& line) {
   if (minOccurs && *minOccurs != *maxOccurs) (line += *minOccurs) += " to ";
   (line += *maxOccurs) += " times";
   std::string_view object = attributeOf(element, "odo").value_or(std::string_view());
-  // The name alone; without the prefix, though the object's own entry has it.
+  // The name alone, without the prefix, which the entry of the object has.
   object = object.substr(object.rfind('.') + 1);
   if (!object.empty()) (line += " depending on ") += object;
 }
@@ -38,7 +38,7 @@ void appendSign(CDMXMLElement const* element, std::string& line) {
   if (sign == "ls" || sign == "ts") line += " separate";
 }
 
-// A condition's values follow the item that the condition belongs to.
+// The values of a condition depend on the item that the condition belongs to.
 bool isQuoted(CDMXMLElement const* element) {
   DATADICT_ELEMENT_TYPE kind = getDataDictElementType(element);
   if (isConditionValue(kind)) {
@@ -59,7 +59,7 @@ void appendValues(CDMXMLElement const* element, std::string& line) {
   std::optional<std::string_view> from = attributeOf(element, "from");
   std::optional<std::string_view> to = attributeOf(element, "to");
   if (!from || !to) return;
-  // Quotes alone make a text that isn't empty.
+  // With quotes, no text is empty.
   if (quote.empty() && (from->empty() || to->empty())) return;
   line += " value is ";
   appendValue(*from);
@@ -80,7 +80,7 @@ void appendDataClauses(CDMXMLElement const* element, std::string& line) {
   appendValues(element, line);
 }
 
-constexpr unsigned kMargin = 7;  // blanks ahead of level 0
+constexpr unsigned kMargin = 7;  // blanks before level 0
 constexpr unsigned kRenamesLevel = 66;
 constexpr unsigned kMaxPaddedLevel = 8;
 

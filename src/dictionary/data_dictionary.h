@@ -1,6 +1,6 @@
 // The compiler's data dictionary: the kinds of its elements and what the
-// writers read from them. The format is the compiler's; elements that are not
-// named here are skipped with everything below them.
+// writers read from them. Elements that are not named here are skipped, with
+// everything below them.
 #pragma once
 
 #include <optional>
@@ -66,7 +66,7 @@ bool attributeIs(CDMXMLElement const* element, std::string_view name, std::strin
 /// The data name of `element`, empty without one.
 std::string_view dataNameOf(CDMXMLElement const* element);
 
-/// Whether a data name stands for no name, in any case of its letters.
+/// Whether a data name is "filler", in any case.
 bool isFiller(std::string_view name);
 
 /// Whether a usage is one of the computational ones, in any case.
@@ -78,8 +78,8 @@ bool isComputational(std::string_view usage);
 std::string_view getXmlType(CDMXMLElement const* element);
 
 /// The key of an item: the names from the top of its record down to it, with
-/// dots between. The climb ends at the first ancestor without a name; an item
-/// without one has the empty key.
+/// dots between. The path ends below the first ancestor without a name; an item
+/// without a name has an empty key.
 std::string getQualifiedNameAttr(CDMXMLElement const* element);
 
 }  // namespace fdmorph

@@ -3,8 +3,8 @@
 //
 // The walk calls a writer's enter for the program, the data items and the
 // values of conditions, and walks through the containers and the conditions
-// themselves. It prints nothing. Everything else in a dictionary is skipped
-// with what is below it.
+// themselves. It prints nothing. Everything else in a dictionary is skipped,
+// with everything below it.
 //
 // Only one record is written: below a container the walk stops after the first
 // child whose children were walked. A writer that leaves a record out therefore
@@ -23,13 +23,13 @@
 
 namespace fdmorph {
 
-/// How the walk goes on after it entered an element.
+/// What the walk does after it entered an element.
 struct Visit {
   bool descends = false;  ///< walk the children, `childDepth` deep
-  bool isLeft = false;    ///< call leave after that, whether there are any or not
+  bool isLeft = false;    ///< then call leave, also without children
   unsigned childDepth = 0;
 
-  /// Go on with the next element.
+  /// Continue with the next element.
   static Visit skip() { return {}; }
   /// Walk the children and do not come back.
   static Visit descend(unsigned childDepth) { return {true, false, childDepth}; }
@@ -42,12 +42,12 @@ class DictionaryWriter {
  public:
   virtual ~DictionaryWriter() = default;
 
-  /// Writes what stands ahead of the children. `depth` is what the writer chose
-  /// for the children of the element above: blanks of the indentation, or the
-  /// level. It is 0 at the top.
+  /// Writes what comes before the children. `depth` is the childDepth that the
+  /// writer chose for the element above, and 0 at the top. Its meaning is up to
+  /// the writer: blanks of indentation, or a level.
   virtual Visit enter(CDMXMLElement const& element, unsigned depth) = 0;
 
-  /// Writes what stands behind the children.
+  /// Writes what comes after the children.
   virtual void leave(CDMXMLElement const& /*element*/, unsigned /*depth*/) {}
 };
 
@@ -70,7 +70,7 @@ struct WriterContext {
 
 using WriterFactory = std::unique_ptr<DictionaryWriter>(WriterContext const& context);
 
-// Each output's factory stands in the source of its writer.
+// Each factory is defined in the source of its writer.
 #define FDMORPH_OUTPUT_FORMAT(type, number, name, isXml, factory) WriterFactory factory;
 #include "dictionary/output_formats.def"
 #undef FDMORPH_OUTPUT_FORMAT

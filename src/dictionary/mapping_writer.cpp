@@ -64,9 +64,9 @@ void MappingWriter::writeField(std::string_view name, std::string_view text) {
   writeIndent(m_xml, kFieldIndent) << "<" << name << ">" << text << "</" << name << ">\n";
 }
 
-// The end tag of the namespace is closed once for an item without a child, and
-// twice for an elementary item with conditions: the second ">" stands on a line
-// of its own.
+// An elementary item closes the last end tag here, and so does every item with
+// children. An elementary item with conditions does both, so a line with a
+// second ">" follows; a group without members does neither.
 void MappingWriter::writeEntry(CDMXMLElement const& element, std::string_view xmlName,
                                std::string_view xmlType) {
   writeIndent(m_xml, kEntryIndent) << "<xml-cobol-mapping>\n";

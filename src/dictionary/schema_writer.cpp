@@ -87,9 +87,8 @@ Visit SchemaWriter::enterProgram(CDMXMLElement const& element, unsigned depth) {
   return Visit::around(depth + kXmlStep);
 }
 
-// A filler group writes nothing of its own: its members stand in the content
-// of the group around it. The start tag of a group without members is never
-// closed.
+// A filler group writes nothing: its members become members of the group around
+// it. The start tag of a group without members is never closed.
 Visit SchemaWriter::enterGroup(CDMXMLElement const& element, unsigned depth) {
   if (isFiller(dataNameOf(&element))) return Visit::descend(depth);
   openGroup(element, depth);
@@ -130,9 +129,9 @@ void SchemaWriter::leaveGroup(CDMXMLElement const& element, unsigned depth) {
   writeIndent(xml(), depth) << "</element>\n";
 }
 
-// Attributes must stand after the elements, so the members are walked twice.
-// The flag is one variable for both passes: a member without an entry takes
-// that of the member before it.
+// Attributes must come after the elements, so the members are walked twice. The
+// flag is one variable for both passes: a member without an entry uses that of
+// the member before it.
 void SchemaWriter::writeMappedMembers(CDMXMLElement const& element, unsigned depth) {
   ItemName flag;
   bool hasSequence = false;

@@ -101,7 +101,7 @@ void ServiceWriter::openField(CDMXMLElement const& element, std::string_view nam
   if (isParameter(element)) writeAttr(xml(), "byType", "io");
 }
 
-// Leaves the last end tag open; a group without members never closes it.
+// Leaves the last end tag open. A group without members never closes it.
 void ServiceWriter::writeFieldMapping(CDMXMLElement const& element, unsigned depth) {
   writeIndent(xml(), depth + kXmlStep) << "<mappings>\n";
   writeIndent(xml(), depth + 2 * kXmlStep);

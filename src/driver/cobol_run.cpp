@@ -98,7 +98,7 @@ class DictionaryOutputs {
     m_generator.setCOBOLDataDictionary(dictionary);
   }
 
-  // The mapping file on disk is read back, whether it was just written or kept.
+  // Reads the mapping file on disk, whether it was just written or kept.
   bool applyMappingFile(CDMXMLNodeStore& store) {
     std::string const& mappingFile = m_settings.mappingFile;
     if (mappingFile.empty()) return true;

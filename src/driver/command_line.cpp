@@ -218,7 +218,7 @@ int ProcessCmdLineNameValue(int argc, char** argv, int index, char const* name,
     value = my_wcstombs(argument.substr(nameLength).c_str());
     return index;
   }
-  if (argument.size() < nameLength) return index;  // no text of the locale, and reported so
+  if (argument.size() < nameLength) return index;  // not valid in the locale, and reported
   if (index + 1 < argc) {
     value = argv[index + 1];
   } else {

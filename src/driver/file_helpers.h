@@ -20,11 +20,11 @@ bool CopyFileToFile(std::string const& source, std::string const& target);
 
 /// A name in the current directory, without an extension, such that no file
 /// of that name with any of `extensions` exists. They are separated by blanks,
-/// with or without their dots.
+/// with or without leading dots.
 [[nodiscard]] std::string GetTemporaryFilename(std::string const& extensions);
 
-/// `name` as it can stand on a command line: without double quotes of its own,
-/// and in double quotes if it holds a blank.
+/// `name` for use on a command line: without its double quotes, and in double
+/// quotes if it contains a blank.
 [[nodiscard]] std::string ProcessSpaceyFilename(std::string const& name);
 
 }  // namespace fdmorph

@@ -17,7 +17,7 @@ namespace fdmorph {
 namespace {
 
 // The kernel keeps at least this much address space free below the stack of a
-// program, whatever the limit was at its start.
+// program, independent of the limit at its start.
 constexpr rlim_t kWantedStack = rlim_t{1} << 30;
 constexpr std::size_t kHandlerStack = std::size_t{64} << 10;
 constexpr char kMessage[] = "Internal Error : Input is nested too deeply\n";

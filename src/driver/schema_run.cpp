@@ -15,8 +15,8 @@ std::string defaultCopybook(std::string const& schemaFile) {
   return schemaFile.substr(0, schemaFile.rfind('.')) + ".cpy";
 }
 
-// The base of the locations in the schema. A name that is no text of the
-// locale is reported on the way.
+// The base of the locations in the schema. A name that is not valid in the
+// locale is reported.
 std::string absoluteName(std::string const& schemaFile) {
   if (my_mbstowcs(schemaFile.c_str()).empty()) return getFullPath(schemaFile);
   return isRelativePath(schemaFile) ? getFullPath(schemaFile) : schemaFile;

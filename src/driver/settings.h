@@ -12,8 +12,8 @@ inline constexpr int kStatusError = 1;  ///< of a run that stopped early
 /// What a call does.
 enum class Run { none, cobolToSchema, schemaToCobol, validation };
 
-/// The settings of one call. Every option is stored whatever the run; a run
-/// does not read what it has no use for.
+/// The settings of one call. Every option is stored, whether the run uses it or
+/// not.
 struct Settings {
   Run run = Run::none;
   std::string givenName;        ///< file name as typed, or the value of -V

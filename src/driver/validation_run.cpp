@@ -10,11 +10,11 @@ int runValidation(Settings const& settings) {
   CDMDOMParser parser(store);
   out() << "Performing validation of \"" << settings.givenName << "\", ignoring other options"
         << endLine;
-  // A schema named before -V is what gets validated.
+  // A schema that was named before -V is validated instead.
   if (!settings.schemaFile.empty()) {
     parser.ParseFile(settings.schemaFile, CDMDOMParser::FILE_TYPE::XML_SCHEMA, true);
   } else if (!settings.xmlFile.empty()) {
-    // In spite of its text, the first pass tests for well-formedness only.
+    // Despite its message, the first pass checks well-formedness only.
     out() << endLine << "Validating \"" << settings.xmlFile
           << "\" for well-formedness and schema conformity." << endLine;
     parser.CheckDocument(settings.xmlFile, false);

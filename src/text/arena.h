@@ -1,4 +1,4 @@
-// Objects that live and die together.
+// Objects with one common lifetime.
 #pragma once
 
 #include <algorithm>
@@ -8,9 +8,9 @@
 
 namespace fdmorph {
 
-/// Hands out default-constructed objects whose addresses stay the same until
-/// clear, which ends all of them. Objects are made in blocks
-/// that grow with their number.
+/// Makes objects by their default constructors. Their addresses stay the same
+/// until clear, which destroys all of them. Objects are made in blocks that
+/// grow with their number.
 template <typename Object>
 class Arena {
  public:
@@ -34,7 +34,7 @@ class Arena {
 
   std::vector<std::unique_ptr<Object[]>> m_blocks;
   std::size_t m_size = 0;  // objects of the last block
-  std::size_t m_used = 0;  // objects handed out of it
+  std::size_t m_used = 0;  // objects of it in use
 };
 
 }  // namespace fdmorph

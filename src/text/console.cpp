@@ -25,8 +25,8 @@ void countByHead(char const* text) {
   }
 }
 
-// A stream without a buffer is silenced on purpose; any other bad stream has
-// lost something.
+// A stream without a buffer is silent on purpose. Any other bad stream lost
+// text.
 bool hasLostOutput(std::ostream const& stream) {
   return stream.rdbuf() != nullptr && stream.bad();
 }
@@ -34,14 +34,14 @@ bool hasLostOutput(std::ostream const& stream) {
 }  // namespace
 
 Console::Console() {
-  // Gives the streams buffers of their own, so it comes before a look at them.
+  // This gives the streams new buffers, so it comes first.
   std::ios::sync_with_stdio(false);
   consoleOut = std::cout.rdbuf();
   consoleErr = std::cerr.rdbuf();
 }
 
 Console::~Console() {
-  // The standard streams outlive the log, and are flushed once more after it.
+  // The standard streams outlive the log and are flushed again after its end.
   std::cout.rdbuf(consoleOut);
   std::cerr.rdbuf(consoleErr);
 }
@@ -102,7 +102,7 @@ void beginQuietMode() {
 }
 
 std::streambuf* redirectOutput(std::streambuf* buffer) {
-  // A new buffer clears the stream's state, and with it what it knew of losses.
+  // A new buffer clears the state of the stream, which shows a loss.
   if (std::cout.rdbuf() == console.consoleOut && hasLostOutput(std::cout)) {
     console.outputLost = true;
   }

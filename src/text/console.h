@@ -1,7 +1,6 @@
 // The console: every message of the tool passes through here, is counted, and
-// is preceded by the banner. The output stream, the error stream, the log and
-// the quiet mode differ only in the stream buffers that stand behind
-// std::cout and std::cerr at the moment.
+// is preceded by the banner. With a log or in quiet mode, std::cout and
+// std::cerr have other stream buffers; nothing else differs.
 #pragma once
 
 #include <fstream>
@@ -24,7 +23,7 @@ struct Console {
   bool quietMode = false;                     ///< -Q: the output stream has no buffer
   bool logMode = false;                       ///< -LOG: both streams write to `logStream`
   bool headerShown = false;                   ///< the banner is out
-  std::streambuf* savedCoutBuffer = nullptr;  ///< what RestoreStreams gives back
+  std::streambuf* savedCoutBuffer = nullptr;  ///< what RestoreStreams restores
   std::streambuf* savedCerrBuffer = nullptr;
   std::ofstream logStream;
 
@@ -32,7 +31,7 @@ struct Console {
   int m_nErrorCount = 0;
   int m_nWarningCount = 0;
 
-  /// The process's own buffers, whatever stands in their place now.
+  /// The buffers that the streams had when the process began.
   std::streambuf* consoleOut;
   std::streambuf* consoleErr;
   bool outputLost = false;  ///< the output stream's device refused text
@@ -43,18 +42,17 @@ extern Console console;
 /// Prints the banner on the output stream, once in a process.
 void DisplayHeader();
 
-/// Inserts one piece of a message. Dropped on a stream without a buffer;
-/// counted by its head ("Error :", "Internal Error :", "Warning :", blind to
-/// case) on the two standard streams, where it also brings the banner out.
-/// Only the head of a piece is looked at, so a message's first piece must
-/// carry it.
+/// Inserts one piece of a message. A stream without a buffer drops it. On the
+/// two standard streams it is counted by its head ("Error :", "Internal Error
+/// :", "Warning :", in any case), and the banner is printed before it. Only the
+/// head of a piece counts, so it must be in the first piece of a message.
 void insertCounted(std::ostream& stream, char const* text);
 
-/// Brings the banner out ahead of text on a standard stream, for text that
-/// goes there past insertCounted.
+/// Prints the banner if `stream` is a standard stream, ahead of text that does
+/// not go through insertCounted.
 void beginOutput(std::ostream const& stream);
 
-/// Gives the standard streams the buffers that -Q and -LOG replaced, and
+/// Restores the buffers of the standard streams that -Q and -LOG replaced, and
 /// closes the log.
 void RestoreStreams();
 
@@ -65,13 +63,13 @@ void openLog();
 /// Silences the output stream.
 void beginQuietMode();
 
-/// Aims the standard output stream at `buffer` (null silences it) and returns
-/// the buffer that it had.
+/// Makes the standard output stream write to `buffer` (null silences it) and
+/// returns the buffer that it had.
 std::streambuf* redirectOutput(std::streambuf* buffer);
 
-/// True when a person or a pipe may be reading `buffer` line by line; false
-/// for an output file, which is written in blocks.
-bool isLineByLine(std::streambuf const* buffer);
+/// True for the console and the log, which are read line by line; false for an
+/// output file, which is written in blocks.
+[[nodiscard]] bool isLineByLine(std::streambuf const* buffer);
 
 /// Ends a line: on a console or a log at once, in a file with its block.
 std::ostream& endLine(std::ostream& stream);
@@ -80,16 +78,16 @@ std::ostream& endLine(std::ostream& stream);
 /// stream.
 void reportWriteFailure(std::string_view fileName);
 
-/// Flushes the output stream and reports, once, text that its device refused
-/// during the run. Returns false if there was any.
-bool flushConsole();
+/// Flushes the output stream and reports, once, that its device refused text
+/// during the run. False if it did.
+[[nodiscard]] bool flushConsole();
 
 /// Exit status of a run that reached its end: errors plus warnings, at most
-/// 255, so that many reports never look like none.
-int reportStatus();
+/// 255. A larger number would wrap around, perhaps to 0.
+[[nodiscard]] int reportStatus();
 
 /// One message on a standard stream. C strings are counted pieces; numbers,
-/// strings and line ends are inserted the plain way.
+/// strings and line ends are inserted as usual.
 class Message {
  public:
   explicit Message(std::ostream& stream) : m_stream(stream) {}

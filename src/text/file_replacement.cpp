@@ -14,7 +14,7 @@ namespace fdmorph {
 namespace {
 
 constexpr int kMaxTries = 100;
-constexpr mode_t kMode = 0666;  // less what the user masks
+constexpr mode_t kMode = 0666;  // the umask applies
 
 bool writeAll(int file, std::string const& content) {
   std::size_t done = 0;
@@ -29,7 +29,7 @@ bool writeAll(int file, std::string const& content) {
 
 int createBeside(std::string const& path, std::string& name) {
   for (int i = 0; i < kMaxTries; ++i) {
-    // The file's own name may be as long as a name can be.
+    // Not made from the file's name, which may have the maximum length.
     name = folderOf(path) + ".zbc-" + std::to_string(::getpid()) + "-" + std::to_string(i) + ".tmp";
     int file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kMode);
     if (file >= 0 || errno != EEXIST) return file;

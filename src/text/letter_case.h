@@ -44,7 +44,7 @@ constexpr bool isAllDigits(std::string_view text) {
   return !text.empty();
 }
 
-/// Hash and equality of names, for unordered containers.
+/// Hash and equality of names in any case, for unordered containers.
 struct CaseInsensitiveHash {
   using is_transparent = void;
   std::size_t operator()(std::string_view text) const {

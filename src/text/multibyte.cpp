@@ -18,7 +18,7 @@ int lower(char c) {
   return std::tolower(static_cast<unsigned char>(c));
 }
 
-// A byte that starts no valid character is stepped over by itself.
+// A byte that does not start a valid character counts as a character.
 int characterLength(char const* text) {
   return std::max(1, std::mblen(text, static_cast<std::size_t>(MB_CUR_MAX)));
 }

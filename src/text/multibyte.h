@@ -1,5 +1,5 @@
-// Text in the locale's multibyte encoding: conversion at the edges, and the
-// comparisons blind to case that the command line uses.
+// Text in the locale's multibyte encoding: conversions, and comparisons that
+// ignore case.
 #pragma once
 
 #include <string>
@@ -22,24 +22,25 @@ std::string my_wcstombs(wchar_t const* text);
 /// empty string.
 std::string localeToUtf8(std::string_view text);
 
-/// Pointer to the last character of `text` that equals the start of `wanted`,
-/// blind to case, stepping by multibyte characters. Without a match, a pointer
-/// to an empty string, never null.
+/// Pointer to the last multibyte character of `text` that equals the start of
+/// `wanted`, ignoring case. Without a match, a pointer to an empty string, never
+/// null.
 char const* my_strrchr(char const* text, char const* wanted);
 
 /// Difference of the lower-case forms at the first place where two strings
-/// differ, 0 when they are equal but for case.
+/// differ, 0 if they are equal but for case.
 int my_stricmp(char const* left, char const* right);
 
-/// The same over at most `n` bytes. A string that ends earlier differs from
-/// one that goes on.
+/// The same over at most `n` bytes. A string that ends earlier differs from a
+/// longer one.
 int my_strnicmp(char const* left, char const* right, int n);
 
-/// Writes `value` into `buffer`: radix 10 as decimal, radix 16 as upper-case
-/// hexadecimal; any other radix leaves the buffer as it is. 12 bytes suffice.
+/// Writes `value` into `buffer`, which has at least 12 bytes: in decimal for
+/// radix 10, in upper-case hexadecimal for radix 16. Any other radix leaves the
+/// buffer as it is.
 void itoa(int value, char* buffer, int radix);
 
-/// True when every byte of `text` is ASCII, which all locales share.
-bool isAscii(std::string_view text);
+/// True if every byte of `text` is ASCII, which all locales share.
+[[nodiscard]] bool isAscii(std::string_view text);
 
 }  // namespace fdmorph

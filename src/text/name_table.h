@@ -1,4 +1,4 @@
-// Tables of names that are sorted in the source and searched by bisection.
+// Tables of names, sorted in the source, for binary search.
 #pragma once
 
 #include <algorithm>
@@ -15,8 +15,8 @@ struct NameEntry {
   Value value;
 };
 
-/// A constant table of names, each of them once, in ascending byte order. A
-/// table out of order does not compile where it is declared `constexpr`:
+/// A constant table of distinct names in ascending byte order. A static_assert
+/// beside the table checks the order:
 ///
 ///     constexpr NameTable<int, 2> kTable{{{{"one", 1}, {"two", 2}}}};
 ///     static_assert(kTable.isSorted());

@@ -24,7 +24,7 @@ bool OutputFile::open(std::string const& name) {
   return m_file.is_open();
 }
 
-// Text must pass through one stream, whose state then tells of every loss.
+// All text passes through one stream, so that its state shows every loss.
 std::ostream& OutputFile::stream() {
   return m_file.is_open() && !m_isAimed ? m_file : std::cout;
 }

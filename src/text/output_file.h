@@ -11,8 +11,8 @@
 namespace fdmorph {
 
 /// A text output that goes to a file, or to the standard output stream if no
-/// file is open. The destructor closes the file and gives the standard output
-/// stream its buffer back; only close() reports a failed write.
+/// file is open. The destructor closes the file and restores the buffer of the
+/// standard output stream; only close() reports a failed write.
 class OutputFile {
  public:
   OutputFile() = default;
@@ -30,12 +30,12 @@ class OutputFile {
   /// The stream to write to.
   std::ostream& stream();
 
-  /// Sends everything that is printed on the standard output stream to the
-  /// file, from now until the file is closed. Does nothing if no file is open.
-  /// Of several files, the last one aimed at must be closed first.
+  /// Redirects the standard output stream to the file until the file is closed.
+  /// Does nothing if no file is open. Redirections nest: the last one must end
+  /// first.
   void aimStandardOutput();
 
-  /// Completes the file and gives the standard output stream its buffer back.
+  /// Completes the file and restores the buffer of the standard output stream.
   /// Text that did not reach the file is reported by reportWriteFailure.
   /// False in that case, and if no file is open.
   bool close();
@@ -44,7 +44,7 @@ class OutputFile {
   bool finish();
 
   std::string m_name;
-  std::unique_ptr<char[]> m_block;  // outlives the stream that writes from it
+  std::unique_ptr<char[]> m_block;  // must outlive m_file, which writes from it
   std::ofstream m_file;
   bool m_isAimed = false;
   std::streambuf* m_savedBuffer = nullptr;  // of the standard output stream

@@ -9,14 +9,15 @@
 
 namespace fdmorph {
 
-/// Keeps one copy of each text that it is given; the views that it returns
-/// stay good until clear. Records repeat few names very often.
+/// Keeps one copy of each text, because records repeat a few names very often.
+/// The views that it returns are valid until clear.
 class TextPool {
  public:
+  /// A view of the pool's copy of `text`.
   std::string_view keep(std::string_view text);
 
-  /// The same for a text that is new for sure: it isn't looked up, and not
-  /// found again.
+  /// Keeps a text that is known to be new, without looking it up. keep does not
+  /// find it later.
   std::string_view append(std::string_view text);
 
   void clear();

@@ -3,8 +3,8 @@
 namespace fdmorph {
 namespace {
 
-// The length of the UTF-8 character that `text` begins with; 0 if there is
-// none.
+// The length in bytes of the UTF-8 character at the start of `text`; 0 if there
+// is none.
 std::size_t utf8Length(std::string_view text) {
   auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   unsigned char first = byte(0);

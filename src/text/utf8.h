@@ -11,9 +11,9 @@ constexpr bool isUtf8Continuation(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }
 
-/// Whether a text is UTF-8, of characters that XML 1.0 allows or control
-/// characters.
-bool isUtf8(std::string_view text);
+/// Whether a text is valid UTF-8 and consists of characters that XML 1.0 allows
+/// and control characters.
+[[nodiscard]] bool isUtf8(std::string_view text);
 
 /// Appends the UTF-8 form of a code point.
 void appendUtf8(std::string& out, unsigned code);

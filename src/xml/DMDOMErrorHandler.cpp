@@ -15,7 +15,7 @@ void CDMDOMErrorHandler::error(xerces::SAXParseException const& e) {
   DisplayErrorMsg("Error", ParserReport::Kind::error, e);
 }
 
-// Returning lets the parser decide how it goes on.
+// Does not throw, so the parser decides whether to continue.
 void CDMDOMErrorHandler::fatalError(xerces::SAXParseException const& e) {
   DisplayErrorMsg("Fatal Error", ParserReport::Kind::error, e);
 }

@@ -17,14 +17,14 @@ class CDMDOMErrorHandler : public xerces::ErrorHandler {
   void error(xerces::SAXParseException const& e) override;
   void fatalError(xerces::SAXParseException const& e) override;
 
-  /// The library calls this ahead of some parses. The counts are those of the
-  /// whole process, over all parsers and parses, so nothing happens.
+  /// The library calls this before some parses. It does nothing, because the
+  /// counts are those of the whole process.
   void resetErrors() override {}
 
   /// Prints the two counts of the process, "E error(s), W warning(s)".
   void DisplayErrorMsgSummary();
 
-  /// Whether reports carry the parser's message after the position.
+  /// Whether reports include the parser's message, after the position.
   void setVerboseError(bool verbose) { m_bVerbose = verbose; }
 
   /// Prints and counts `report`, and keeps it if reports are being recorded.

@@ -103,12 +103,12 @@ void CDMDOMParser::Library::InitializeParser() {
   m_pParser->setXMLEntityResolver(m_pGuard.get());
 }
 
-// A schema must load without a single report, and counts of earlier parses
-// weigh as much as its own.
+// A schema must load without a single report. The counts of earlier parses
+// matter as much as its own.
 bool CDMDOMParser::Library::loadSchemaGrammar(std::string const& fileName) {
   m_pParser->setValidationScheme(XercesDOMParser::Val_Auto);
-  // Nothing of a schema survives a grammar that the library gave up on, so
-  // these exceptions count, unlike those of a parse.
+  // After an exception there is no grammar, so the exception counts as an error,
+  // unlike one of a parse.
   try {
     if (!m_pGuard->admits(fileName)) return false;
     m_pParser->loadGrammar(toLibraryText(fileName).c_str(), xerces::Grammar::SchemaGrammarType,

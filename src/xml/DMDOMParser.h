@@ -1,6 +1,5 @@
 // The front end of the validating XML parser: it sets the library up, parses a
-// file under one of two regimes, and turns the finished document into the
-// tool's own tree.
+// document or a schema, and copies the document into the tool's own tree.
 #pragma once
 
 #include <memory>
@@ -19,7 +18,7 @@ struct ParserReport {
   std::string line;  ///< as it stands on the error stream, without the line end
 };
 
-/// Prints `report` on the error stream and counts it by its kind. It goes past
+/// Prints `report` on the error stream and counts it by its kind. It does not use
 /// the counting inserter, which would count it a second time.
 void printReport(ParserReport const& report);
 
@@ -56,24 +55,24 @@ class CDMDOMParser {
   /// stops if anything at all has been counted in the process by then, a
   /// warning included; `validate` is not looked at. For a document, `validate`
   /// switches schema support and validation on or off, also for later parses.
-  /// False if the document can't be used; the reports have been printed.
+  /// False if the document cannot be used; the reports have been printed.
   bool ParseFile(std::string const& fileName, FILE_TYPE type, bool validate);
 
-  /// Reports what ParseFile would report for a document, in memory that
-  /// doesn't grow with the document. No tree comes of it.
+  /// Reports what ParseFile would report for a document, in memory that does not
+  /// grow with the document. Builds no tree.
   void CheckDocument(std::string const& fileName, bool validate);
 
-  /// Prints what ParseFile prints ahead of a schema.
+  /// Prints the line that ParseFile prints before it loads a schema.
   static void announceSchema(std::string const& fileName);
 
-  /// The tree of the last document, or null if it can't be used. The top node
+  /// The tree of the last document, or null if it cannot be used. The top node
   /// stands for the document: it has no name, and the root element is its
   /// first child. Each call builds a new tree and a new formatter, which both
   /// belong to the store.
   [[nodiscard]] CDMXMLElement* getXMLDocument();
 
-  /// Gives up the library's document and grammars, once its tree is built: they
-  /// take more memory than the tree.
+  /// Frees the library's document and grammars once the tree is built. They need
+  /// more memory than the tree.
   void releaseDocument();
 
   /// Counts of the process.
@@ -83,7 +82,7 @@ class CDMDOMParser {
   void setVerboseError(bool verbose);
   void DisplayErrorSummary();
 
-  /// Keeps each report that ParseFile prints in `record`, until called with
+  /// Appends each report that ParseFile prints to `record`, until called with
   /// null.
   void recordReports(std::vector<ParserReport>* record);
 

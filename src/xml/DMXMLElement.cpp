@@ -101,8 +101,9 @@ CDMDOMFormatTarget* CDMXMLElement::getFormatTarget() const {
 }
 
 CDMXMLElement const* CDMXMLElement::getNamespaceScope() const {
-  // The climb ends at an element that knows, or is, the answer; everything
-  // passed on the way learns it, so that deep documents stay linear.
+  // The climb ends at an element that declares a namespace or has the result
+  // cached. All elements below it cache the result, too, so that the cost stays
+  // linear in deep documents.
   CDMXMLElement const* at = this;
   CDMXMLElement const* scope = nullptr;
   for (; at != nullptr; at = at->parent) {

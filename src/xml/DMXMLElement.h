@@ -1,9 +1,9 @@
-// The tool's own document tree. Every XML document that is read becomes one
-// such tree right after the parse, and all generators work on it alone. An
-// element knows its attributes and child elements, both as a list and through
-// sibling links; comments and the like don't exist here.
+// The tool's own document tree. Every XML document that is read is copied into
+// such a tree after the parse, and the generators work on the tree. An element
+// has its attributes and child elements as lists and through sibling links.
+// There are no comments and processing instructions.
 //
-// Nodes belong to a CDMXMLNodeStore; all pointers between them only look.
+// Nodes belong to a CDMXMLNodeStore; no pointer between them owns.
 #pragma once
 
 #include <string>
@@ -69,15 +69,15 @@ class CDMXMLElement : public CDMXMLNode {
   void setNextSibling(CDMXMLElement* element) { nextSibling = element; }
   void setFormatter(XmlFormatter* treeFormatter) { formatter = treeFormatter; }
 
-  /// True when this element has a parent (not: when it is one).
+  /// True if this element has a parent. Whether it has children does not matter.
   bool isParent() const { return parent != nullptr; }
 
-  /// Appends an attribute and links it to the one before. An attribute may
-  /// stand in the lists of several elements; its links are those of the last.
+  /// Appends an attribute and links it to the one before. An attribute may be
+  /// in the lists of several elements; its links are those of the last list.
   void addAttribute(CDMXMLAttribute* attribute);
 
-  /// Appends a child and links it to the one before; it becomes the last of
-  /// the chain wherever it came from. Its parent is the caller's business.
+  /// Appends a child and links it to the one before. It becomes the last of the
+  /// chain, even if it was in another one. The caller sets its parent.
   void addChildElement(CDMXMLElement* child);
 
   CDMXMLAttribute* getFirstAttr() const;
@@ -96,7 +96,7 @@ class CDMXMLElement : public CDMXMLNode {
 
   /// Appends to `found` what `match` returns for this element and, with
   /// `recurse`, for everything below it (parents first), otherwise for its
-  /// following siblings. A null `match` does nothing.
+  /// following siblings. Does nothing if `match` is null.
   void findElement(void* key, Match match, std::vector<CDMXMLElement*>& found, bool recurse);
 
   /// The formatter and the format target of the tree that a parser built; null
@@ -104,9 +104,9 @@ class CDMXMLElement : public CDMXMLNode {
   XmlFormatter* getXMLFormatter() const { return formatter; }
   CDMDOMFormatTarget* getFormatTarget() const;
 
-  /// The nearest element, this one or above, that declares a namespace or a
-  /// target namespace; null if none does. The answer is kept, so it may be
-  /// asked for only once the document is complete.
+  /// The nearest element, from this one up, that declares a namespace or a
+  /// target namespace; null if none does. The result is cached, so the document
+  /// must be complete.
   CDMXMLElement const* getNamespaceScope() const;
 
  private:

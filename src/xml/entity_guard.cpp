@@ -27,7 +27,7 @@ using namespace std::string_view_literals;
 constexpr std::size_t kBlockSize = std::size_t{64} << 10;
 constexpr std::string_view kEmptySchema = R"(<schema xmlns="http://www.w3.org/2001/XMLSchema"/>)";
 
-// As bytes of UTF-8 and its kin, and of UTF-16 in either order.
+// The bytes in UTF-8 and similar encodings, and in UTF-16 of either order.
 constexpr std::array kDocumentTypes{
     "<!DOCTYPE"sv,
     "<\0!\0D\0O\0C\0T\0Y\0P\0E\0"sv,
@@ -42,8 +42,8 @@ bool holdsDocumentType(std::string_view bytes) {
   return false;
 }
 
-// Without a document type there are no entities of the document's own. What
-// isn't a regular file can be read once only, and that is the library's.
+// Without a document type a document declares no entities. A file that is not
+// regular can be read only once, and the library must read it.
 bool hasDocumentType(std::string const& location) {
   std::error_code error;
   std::string path = location;
@@ -66,7 +66,7 @@ bool hasDocumentType(std::string const& location) {
   return false;
 }
 
-/// Passes on the error that ends a document and nothing else.
+/// Passes on fatal errors and nothing else.
 class FatalErrors : public xerces::DefaultHandler {
  public:
   explicit FatalErrors(CDMDOMErrorHandler& errorHandler) : m_errorHandler(errorHandler) {}

@@ -23,11 +23,11 @@ class EntityGuard : public xerces::XMLEntityResolver {
   EntityGuard(CDMDOMErrorHandler& errorHandler, xerces::SecurityManager& limit)
       : m_errorHandler(errorHandler), m_limit(limit) {}
 
-  /// True if the library may load the schema file `path`. False if its
-  /// entities exceed the limit, or it isn't well-formed; that is then reported.
+  /// True if the library may load the schema file `path`. False, with a report,
+  /// if its entities exceed the limit or it is not well-formed.
   bool admits(std::string const& path);
 
-  /// An empty schema in place of a file that isn't admitted, otherwise null.
+  /// An empty schema in place of a file that is not admitted, otherwise null.
   xerces::InputSource* resolveEntity(xerces::XMLResourceIdentifier* resource) override;
 
  private:

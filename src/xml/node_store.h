@@ -7,9 +7,9 @@
 
 namespace fdmorph {
 
-/// Owns the nodes of any number of trees. Flattening a schema hangs one node
-/// under several parents, so nodes live and die together with the store and
-/// never one by one.
+/// Owns the nodes of any number of trees, and their formatters. Flattening a
+/// schema puts one node under several parents, so nodes are not destroyed one by
+/// one, but all together with the store.
 class CDMXMLNodeStore {
  public:
   CDMXMLNodeStore() = default;
@@ -22,9 +22,9 @@ class CDMXMLNodeStore {
   /// A formatter for the elements of one tree.
   XmlFormatter* newFormatter() { return m_formatters.create(); }
 
-  /// A second tree with the content that `top` was built with: attributes
-  /// that were lent to its elements later are not copied. The copy has no
-  /// parent and no formatter.
+  /// A second tree with the content that `top` was built with. Attributes of
+  /// other elements in its lists are not copied. The copy has no parent and no
+  /// formatter.
   CDMXMLElement* copyTree(CDMXMLElement const& top);
 
  private:

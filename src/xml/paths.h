@@ -1,5 +1,4 @@
-// Path questions that have to be answered the way the XML library resolves
-// locations.
+// Paths, as the XML library resolves locations.
 #pragma once
 
 #include <string>
@@ -7,10 +6,10 @@
 namespace fdmorph {
 
 /// True if `path` is relative.
-bool isRelativePath(std::string const& path);
+[[nodiscard]] bool isRelativePath(std::string const& path);
 
-/// The absolute form of `path`; `path` joined to the working directory where
-/// the file doesn't exist.
+/// The absolute form of `path`. If the file does not exist, the working
+/// directory and `path`.
 std::string getFullPath(std::string const& path);
 
 /// `relative` resolved against the folder of the file `base`. An empty base,

@@ -43,7 +43,7 @@ std::wstring toWide(XMLCh const* text) {
 
 std::string toMultibyte(XMLCh const* text) {
   if (text == nullptr) return {};
-  // Nearly all text is short and ASCII, which every locale has.
+  // Nearly all text is short and ASCII, which all locales share.
   std::array<char, kShortText> ascii;
   std::size_t length = 0;
   while (length < ascii.size() && text[length] != 0 && text[length] < kFirstNonAscii) {

@@ -14,8 +14,8 @@ namespace xerces = XERCES_CPP_NAMESPACE;
 /// string.
 std::string toMultibyte(XMLCh const* text);
 
-/// `text` as the library's local code page transcoder gives it, for messages:
-/// what can't be represented is substituted, never reported.
+/// `text` in the library's local code page, for messages: characters that it
+/// lacks are substituted, never reported.
 std::string toLocalText(XMLCh const* text);
 
 /// `text`, in the locale's encoding, as a terminated UTF-16 string.

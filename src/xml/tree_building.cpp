@@ -20,7 +20,7 @@ void TreeBuilder::getXMLElement(DOMNode const& node, CDMXMLElement* parent) {
       copyElement(node, parent);
       break;
     case DOMNode::TEXT_NODE:
-      // Assigned, not appended: of several texts the last one stands.
+      // Assigned, not appended: the last of several texts is kept.
       if (parent != nullptr) parent->value = toMultibyte(node.getNodeValue());
       break;
     case DOMNode::DOCUMENT_NODE:

@@ -78,7 +78,7 @@ TEST_F(ValidationRun, SchemaWithOneErrorGivesStatus1) {
   EXPECT_THAT(captured.err(), EndsWith("\n1 error(s), 0 warning(s)\n"));
 }
 
-TEST_F(ValidationRun, MistakeThatBothPassesHitCountsTwice) {
+TEST_F(ValidationRun, ErrorThatBothPassesFindCountsTwice) {
   folder.write("a.xml", kMalformedDocument);
   settings.givenName = settings.xmlFile = "a.xml";
   int const status = runValidation(settings);

@@ -19,7 +19,7 @@ rlimit stackLimit() {
   return limit;
 }
 
-/// Gives the process a limit that is soon reached, and can't be raised far.
+/// Sets a limit that is soon reached and cannot be raised far.
 void setStackLimit(rlim_t now, rlim_t highest) {
   rlimit limit{now, highest};
   setrlimit(RLIMIT_STACK, &limit);

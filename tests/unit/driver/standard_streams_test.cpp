@@ -14,7 +14,7 @@
 namespace fdmorph {
 namespace {
 
-/// Writes to a pipe that nobody reads; true if the process outlives it.
+/// Writes to a pipe without a reader; true if the process survives.
 bool outlivesALostReader() {
   std::array<int, 2> ends{};
   if (pipe(ends.data()) != 0) return false;

@@ -6,7 +6,7 @@
 
 namespace fdmorph {
 
-/// The arguments behind the program's own name.
+/// The arguments after the program's own name.
 class Arguments {
  public:
   Arguments(std::initializer_list<std::string> arguments) : m_texts{"fdmorph"} {

@@ -41,7 +41,7 @@ inline constexpr std::string_view kBadSchema =
 /// Well-formed, but not what its document type says.
 inline constexpr std::string_view kInvalidDocument = "<!DOCTYPE a [<!ELEMENT a EMPTY>]><a>text</a>";
 
-/// The mistake is the end tag on line 3.
+/// The error is the end tag on line 3.
 inline constexpr std::string_view kMalformedDocument = "<a>\n<b/>\n</c>\n";
 
 }  // namespace fdmorph

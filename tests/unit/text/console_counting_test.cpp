@@ -45,7 +45,7 @@ TEST_F(Counting, WarningCountsAsAWarning) {
   EXPECT_EQ(warnings(), 1);
 }
 
-TEST_F(Counting, HeadsAreBlindToCase) {
+TEST_F(Counting, HeadsCountInAnyCase) {
   out() << "ERROR : x";
   out() << "internal error : x";
   out() << "wARNING : x";

@@ -11,7 +11,7 @@
 namespace fdmorph {
 namespace {
 
-/// Counts how often it is told to hand its text on.
+/// Counts how often it is flushed.
 class FlushCounter : public std::stringbuf {
  public:
   int flushes = 0;

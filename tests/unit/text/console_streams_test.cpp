@@ -1,4 +1,4 @@
-// What stands behind the standard streams in a quiet or a logged run.
+// The buffers of the standard streams in a quiet or a logged run.
 
 #include <gtest/gtest.h>
 
@@ -84,7 +84,7 @@ TEST_F(Streams, TextOfBothStreamsIsCountedInALog) {
   EXPECT_EQ(console.m_nWarningCount, 1);
 }
 
-// The field width is the stream's, so it tells which of the two has written.
+// The field width belongs to a stream, so it shows which of the two has written.
 TEST_F(Streams, OutputStreamWritesWhatBothShare) {
   openLog();
   std::cout << std::setw(4);

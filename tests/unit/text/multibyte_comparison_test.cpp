@@ -1,4 +1,4 @@
-// Comparisons blind to case, and the search for a last character.
+// Comparisons that ignore case, and the search for a last character.
 
 #include <gtest/gtest.h>
 
@@ -27,7 +27,7 @@ TEST(Strrchr, FindsTheFirstAndTheLastCharacter) {
   EXPECT_STREQ(my_strrchr("a.", "."), ".");
 }
 
-TEST(Strrchr, IsBlindToCase) {
+TEST(Strrchr, IgnoresCase) {
   EXPECT_STREQ(my_strrchr("aXbxc", "X"), "xc");
 }
 

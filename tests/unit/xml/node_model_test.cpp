@@ -75,8 +75,8 @@ TEST(Element, ChildFromAnotherElementCanBeTheOnlyOne) {
   CDMXMLElement former;
   CDMXMLElement before;
   CDMXMLElement moved;
-  CDMXMLElement behind;
-  for (CDMXMLElement* child : {&before, &moved, &behind}) former.addChildElement(child);
+  CDMXMLElement after;
+  for (CDMXMLElement* child : {&before, &moved, &after}) former.addChildElement(child);
   CDMXMLElement parent;
   parent.addChildElement(&moved);
   EXPECT_EQ(moved.getPrevSibling(), nullptr);

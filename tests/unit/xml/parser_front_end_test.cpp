@@ -19,7 +19,7 @@ class ParseSchema : public ParserTest {};
 class ParseDocument : public ParserTest {};
 class Counts : public ParserTest {};
 
-TEST_F(ParseSchema, GoodOneIsAnnouncedBehindAnEmptyLine) {
+TEST_F(ParseSchema, GoodOneIsAnnouncedAfterAnEmptyLine) {
   EXPECT_TRUE(parseSchema(kGoodSchema));
   EXPECT_EQ(captured.out(), "\nValidating " + folder.path("a.xsd") + " for well-formedness.\n");
   EXPECT_EQ(captured.err(), "");
@@ -95,7 +95,7 @@ TEST_F(ParseDocument, EarlierCountsDoNotStopIt) {
   EXPECT_TRUE(parseDocument("<a/>"));
 }
 
-TEST_F(ParseDocument, MistakeIsReportedWithItsPlace) {
+TEST_F(ParseDocument, ErrorIsReportedWithItsPlace) {
   EXPECT_FALSE(parseDocument(kMalformedDocument));
   EXPECT_THAT(captured.err(),
               StartsWith("Fatal Error : " + folder.path("a.xml") + "(Line 3, Col "));
@@ -113,7 +113,7 @@ TEST_F(ParseDocument, FileMayHaveAMultibyteName) {
   EXPECT_THAT(captured.err(), StartsWith("Fatal Error : " + bad + "(Line 3, Col "));
 }
 
-TEST_F(ParseDocument, ReportEndsBehindTheBracketWhenNotVerbose) {
+TEST_F(ParseDocument, ReportEndsAfterTheBracketWhenNotVerbose) {
   parser.setVerboseError(false);
   EXPECT_FALSE(parseDocument(kMalformedDocument));
   EXPECT_THAT(captured.err(), EndsWith(")\n"));

@@ -120,7 +120,7 @@ TEST_F(CheckDocument, SchemaThatCannotBeFoundIsReportedByTheSecondPassAlone) {
   EXPECT_NE(console.m_nErrorCount + console.m_nWarningCount, 0);
 }
 
-TEST_F(CheckDocument, MistakeThatBothPassesHitCountsTwice) {
+TEST_F(CheckDocument, ErrorThatBothPassesFindCountsTwice) {
   check(kMalformedDocument, false);
   check(kMalformedDocument, true);
   EXPECT_EQ(countOf("Fatal Error : ", captured.err()), 2);

@@ -93,7 +93,7 @@ TEST_F(TreeBuilding, LastOfSeveralTextsStands) {
   EXPECT_EQ(root("<a>one<b/></a>")->value, "one");
 }
 
-TEST_F(TreeBuilding, TextOfAPrettyPrintedElementIsTheWhiteSpaceBehindItsLastChild) {
+TEST_F(TreeBuilding, TextOfAPrettyPrintedElementIsTheWhiteSpaceAfterItsLastChild) {
   EXPECT_EQ(root("<a>one\n  <b/>\n</a>")->value, "\n");
 }
 
