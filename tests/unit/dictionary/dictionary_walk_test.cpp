@@ -88,7 +88,7 @@ TEST_F(DictionaryWalk, SkippedRecordLetsTheNextOneIn) {
             "A0(B0(B0)");
 }
 
-// A list of records counts as walked, whatever its records are.
+// A list of records counts as walked even if its records are skipped.
 TEST_F(DictionaryWalk, OnlyTheFirstListOfRecordsIsWalked) {
   recorder.skipped = {"A"};
   EXPECT_EQ(walk(item("program", "P",

@@ -61,7 +61,7 @@ TEST_F(DictionaryFrame, UnusableNameGivesTwoMessagesAndTheConsole) {
   EXPECT_EQ(captured.out().substr(0, sizeof kDeclaration - 1), kDeclaration);
 }
 
-TEST_F(DictionaryFrame, FileTakesTheOutputAndTheStreamComesBack) {
+TEST_F(DictionaryFrame, FileReceivesTheOutputAndTheStreamIsRestored) {
   CDMXMLGenerator generator(dictionary("<program/>"), nullptr);
   EXPECT_TRUE(
       generator.GenerateFile("", "", folder.path("s.xsd"), "", Type::FT_XML_SCHEMA, "", true));

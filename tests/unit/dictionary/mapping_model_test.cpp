@@ -52,25 +52,25 @@ TEST_F(MappingModel, EntryWithoutANameNeverMatchesAnItem) {
   EXPECT_EQ(mapping.findMapping(item), nullptr);
 }
 
-TEST_F(MappingModel, ForeignElementDiscardsWhatCameBefore) {
+TEST_F(MappingModel, UnknownElementDiscardsEarlierEntries) {
   read(entry("A") + "<other/>" + entry("B"));
   EXPECT_EQ(mapping.findMapping("A"), nullptr);
   EXPECT_NE(mapping.findMapping("B"), nullptr);
   EXPECT_EQ(mapping.entries().size(), 1U);
 }
 
-TEST_F(MappingModel, ForeignElementInAnEntryDiscardsThatEntryToo) {
+TEST_F(MappingModel, UnknownElementInAnEntryDiscardsThatEntryToo) {
   read(entry("A", "<other/><xml-name>late</xml-name>") + entry("B"));
   EXPECT_EQ(mapping.findMapping("A"), nullptr);
   EXPECT_NE(mapping.findMapping("B"), nullptr);
 }
 
-TEST_F(MappingModel, ChildrenOfAForeignElementAreNotRead) {
+TEST_F(MappingModel, ChildrenOfAnUnknownElementAreNotRead) {
   read("<other>" + entry("A") + "</other>");
   EXPECT_TRUE(mapping.entries().empty());
 }
 
-TEST_F(MappingModel, PrefixMakesAnElementForeign) {
+TEST_F(MappingModel, PrefixMakesAnElementUnknown) {
   read(entry("A") + "<m:xml-cobol-mapping xmlns:m='urn:m'/>");
   EXPECT_TRUE(mapping.entries().empty());
 }
@@ -87,7 +87,7 @@ TEST_F(MappingModel, ItemIsFoundByItsWholePath) {
   EXPECT_EQ(mapping.findMapping(record), nullptr);
 }
 
-// The count-in option of the run overrides the file, never the other way.
+// The count-in option of the run overrides the file, but not vice versa.
 TEST_F(MappingModel, CountInCanOnlyBeSwitchedOff) {
   read(entry("A", "<cobol-count-in>true</cobol-count-in>") +
        entry("B", "<cobol-count-in>false</cobol-count-in>"));

@@ -24,7 +24,7 @@ class ServiceOutput : public DictionaryTest {
   }
 };
 
-TEST_F(ServiceOutput, AlwaysGoesToTheConsoleAndSaysSo) {
+TEST_F(ServiceOutput, AlwaysGoesToTheConsoleWithAMessage) {
   CDMXMLGenerator generator(dictionary("<program/>"), nullptr);
   EXPECT_FALSE(generator.GenerateFile("d.xml", "m.xml", "s.xsd", "c.cpy", Type::FT_INTERNAL_MAPPING,
                                       "", true));
@@ -53,7 +53,7 @@ TEST_F(ServiceOutput, RedefiningItemsAreWrittenLikeOthers) {
   EXPECT_NE(text.find("<parameter name=\"R\" byType=\"io\""), std::string::npos);
 }
 
-TEST_F(ServiceOutput, FillerGroupWritesNothingOfItsOwn) {
+TEST_F(ServiceOutput, FillerGroupWritesOnlyItsMembers) {
   std::string text =
       service("<group name='REC'><group name='Filler'><alphanumeric name='A'/></group></group>");
   EXPECT_NE(text.find("         <field name=\"A\" dataType=\"string\""), std::string::npos);

@@ -131,7 +131,7 @@ TEST_F(OptionScan, LongOnesMatchOnTheirPrefixToo) {
   EXPECT_TRUE(settings.uniqueNames);
 }
 
-TEST_F(OptionScan, QuietTakesTheOutputAway) {
+TEST_F(OptionScan, QuietSilencesTheOutput) {
   EXPECT_EQ(scan({"-Quiet"}), std::nullopt);
   EXPECT_TRUE(console.quietMode);
   EXPECT_EQ(std::cout.rdbuf(), nullptr);
@@ -143,7 +143,7 @@ TEST_F(OptionScan, LogDoesNothingInTheScan) {
   EXPECT_EQ(captured.out(), "");
 }
 
-TEST_F(OptionScan, HelpShowsTheUsageAndEndsTheRunWell) {
+TEST_F(OptionScan, HelpPrintsTheUsageAndEndsTheRun) {
   for (std::string help : {"-?", "-help", "-HELP"}) {
     CapturedConsole own;
     EXPECT_EQ(scan({"-noprompt", help, "-garbage", "-unique"}), 0) << help;
@@ -212,7 +212,7 @@ TEST_F(Validation, EndsTheScan) {
   EXPECT_TRUE(settings.promptOverwrite);
 }
 
-TEST_F(Validation, LeavesWhatStoodBeforeInForce) {
+TEST_F(Validation, KeepsTheEffectOfEarlierArguments) {
   EXPECT_EQ(scan({"-noprompt", "a.xsd", "-v", "b.xml"}), std::nullopt);
   EXPECT_FALSE(settings.promptOverwrite);
   EXPECT_EQ(settings.givenName, "b.xml");
@@ -230,7 +230,7 @@ TEST_F(Validation, OfAnotherKindEndsTheRunWithoutTheUsage) {
   }
 }
 
-TEST_F(Validation, WithoutANameIsIncompleteAndOfNoKind) {
+TEST_F(Validation, WithoutANameIsIncompleteAndUnrecognized) {
   EXPECT_EQ(scan({"-v"}), 1);
   EXPECT_EQ(captured.out(),
             "Error : Ignoring incomplete command-line option \"-v\"\n"

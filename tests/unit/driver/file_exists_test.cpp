@@ -37,7 +37,7 @@ class Overwrite : public ConsoleTest {
   std::streambuf* m_input;
 };
 
-TEST_F(Overwrite, AbsentFileIsNoMatter) {
+TEST_F(Overwrite, AbsentFileMayBeWritten) {
   EXPECT_FALSE(FileExists("missing.cpy", true));
   EXPECT_FALSE(FileExists("missing.cpy", false));
   EXPECT_EQ(captured.out() + captured.err(), "");
@@ -65,7 +65,7 @@ TEST_F(Overwrite, QuestionFollowsAWarningOnTheErrorStream) {
   EXPECT_EQ(console.m_nWarningCount, 1);
 }
 
-TEST_F(Overwrite, YesAndNoAreOneLetter) {
+TEST_F(Overwrite, AnswersAreOneLetter) {
   EXPECT_FALSE(isLeftAlone("y\n"));
   EXPECT_FALSE(isLeftAlone("Y\n"));
   EXPECT_TRUE(isLeftAlone("n\n"));
@@ -79,7 +79,7 @@ TEST_F(Overwrite, AnythingElseIsAskedAgain) {
   EXPECT_EQ(console.m_nWarningCount, 1) << "the warning comes once";
 }
 
-TEST_F(Overwrite, EndOfInputIsANo) {
+TEST_F(Overwrite, EndOfInputMeansNo) {
   EXPECT_TRUE(isLeftAlone(""));
   EXPECT_EQ(questions(), 1);
   EXPECT_TRUE(isLeftAlone("yes\n"));
@@ -95,7 +95,7 @@ TEST_F(Overwrite, LongAnswerIsOneAnswer) {
   EXPECT_EQ(questions(), 2);
 }
 
-TEST_F(Overwrite, FileStaysAsItIsWhateverTheAnswer) {
+TEST_F(Overwrite, FileIsNotChangedByTheAnswer) {
   isLeftAlone("y\n");
   EXPECT_EQ(folder.read("a.cpy"), "text");
 }
@@ -109,7 +109,7 @@ TEST_F(Overwrite, QuestionReachesTheUserInALoggedRun) {
   EXPECT_EQ(folder.read("fdmorph.log"), "");
 }
 
-TEST_F(Overwrite, FurtherQuestionsLandInTheLog) {
+TEST_F(Overwrite, FurtherQuestionsGoToTheLog) {
   openLog();
   EXPECT_TRUE(isLeftAlone("what\nwhat\nn\n"));
   RestoreStreams();

@@ -82,7 +82,7 @@ class TemporaryName : public ConsoleTest {
   WorkingFolder folder;
 };
 
-TEST_F(TemporaryName, LiesInTheCurrentDirectoryAndHasNoExtension) {
+TEST_F(TemporaryName, IsInTheCurrentDirectoryAndHasNoExtension) {
   std::string const name = GetTemporaryFilename(".xml .cbl");
   EXPECT_EQ(name.substr(0, 2), "./");
   EXPECT_GT(name.size(), 2U);
@@ -113,13 +113,13 @@ TEST(SpaceyFilename, InQuotesWithABlankStaysAsItIs) {
   EXPECT_EQ(ProcessSpaceyFilename("\"my file.cbl\""), "\"my file.cbl\"");
 }
 
-TEST(SpaceyFilename, QuotesOfItsOwnAreErased) {
+TEST(SpaceyFilename, QuotesAreRemoved) {
   EXPECT_EQ(ProcessSpaceyFilename("\"a.cbl\""), "a.cbl");
   EXPECT_EQ(ProcessSpaceyFilename("a\"b\".cbl"), "ab.cbl");
   EXPECT_EQ(ProcessSpaceyFilename("a\" b.cbl"), "\"a b.cbl\"");
 }
 
-TEST(SpaceyFilename, OtherWhiteSpaceIsNoBlank) {
+TEST(SpaceyFilename, OtherWhiteSpaceIsNotABlank) {
   EXPECT_EQ(ProcessSpaceyFilename("a\tb.cbl"), "a\tb.cbl");
 }
 

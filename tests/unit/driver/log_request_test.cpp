@@ -41,19 +41,19 @@ TEST_F(LogRequest, IsNothingElse) {
   EXPECT_FALSE(opensLog({"-lo", "log", "--log", "a.log", "-q"}));
 }
 
-TEST_F(LogRequest, BehindAFileOptionIsAFileName) {
+TEST_F(LogRequest, AfterAFileOptionIsAFileName) {
   for (std::string option : {"-C", "-c", "-X", "-x", "-M", "-m", "-D", "-d"}) {
     EXPECT_FALSE(opensLog({option, "-log", "a.cbl"})) << option;
   }
 }
 
-TEST_F(LogRequest, BehindOtherOptionsCounts) {
+TEST_F(LogRequest, AfterOtherOptionsCounts) {
   EXPECT_TRUE(opensLog({"-p", "-log", "a.cbl"}));
   EXPECT_TRUE(opensLog({"-v", "-log"}));
   EXPECT_TRUE(opensLog({"-noprompt", "-log"}));
 }
 
-TEST_F(LogRequest, BehindAFileOptionWithItsValueCounts) {
+TEST_F(LogRequest, AfterAFileOptionWithItsValueCounts) {
   EXPECT_TRUE(opensLog({"-cout.cpy", "-log"}));
   EXPECT_TRUE(opensLog({"-cx", "-log"}));
 }

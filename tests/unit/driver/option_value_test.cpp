@@ -1,4 +1,4 @@
-// Where an option's value stands.
+// Where the value of an option is found.
 
 #include <gtest/gtest.h>
 
@@ -45,7 +45,7 @@ TEST_F(OptionValue, MayBeEmpty) {
   EXPECT_EQ(value, "");
 }
 
-TEST_F(OptionValue, IsCutBehindTheNameInCharacters) {
+TEST_F(OptionValue, IsCutAfterTheNameInCharacters) {
   EXPECT_EQ(read({"-c\u00fcber.cpy"}), 1);
   EXPECT_EQ(value, "\u00fcber.cpy");
 }

@@ -62,7 +62,7 @@ TEST_F(ValidationRun, OfAGoodDocument) {
   EXPECT_EQ(captured.err(), "0 error(s), 0 warning(s)\n");
 }
 
-TEST_F(ValidationRun, SecondPassAloneTestsConformity) {
+TEST_F(ValidationRun, OnlyTheSecondPassChecksConformity) {
   folder.write("a.xml", kInvalidDocument);
   settings.givenName = settings.xmlFile = "a.xml";
   EXPECT_NE(runValidation(settings), 0);
@@ -86,7 +86,7 @@ TEST_F(ValidationRun, ErrorThatBothPassesFindCountsTwice) {
   EXPECT_EQ(status, console.m_nErrorCount + console.m_nWarningCount);
 }
 
-TEST_F(ValidationRun, SchemaIsTestedFirst) {
+TEST_F(ValidationRun, SchemaIsCheckedFirst) {
   folder.write("a.xsd", kGoodSchema);
   settings.schemaFile = "a.xsd";
   settings.givenName = settings.xmlFile = "b.xml";
@@ -231,7 +231,7 @@ TEST_F(SchemaRun, WithoutANameStops) {
             "Error : Failed to specify COBOL Copybook filename\n");
 }
 
-TEST_F(SchemaRun, QuietOneShowsReportsOnly) {
+TEST_F(SchemaRun, QuietRunPrintsReportsOnly) {
   folder.write("a.xsd", kGoodSchema);
   settings.schemaFile = "a.xsd";
   beginQuietMode();

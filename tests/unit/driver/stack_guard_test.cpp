@@ -50,7 +50,7 @@ TEST(StackGuard, NeverLowersTheLimit) {
       testing::ExitedWithCode(0), "");
 }
 
-TEST(StackGuard, OverflowEndsWithAnInternalErrorAndNoSignal) {
+TEST(StackGuard, OverflowEndsWithAnInternalErrorInsteadOfASignal) {
 #ifdef __SANITIZE_ADDRESS__
   GTEST_SKIP() << "AddressSanitizer handles the overflow itself";
 #else

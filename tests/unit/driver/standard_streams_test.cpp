@@ -22,7 +22,7 @@ bool outlivesALostReader() {
   return write(ends[1], "x", 1) == -1;
 }
 
-TEST(StandardStreams, NoLaterFileTakesTheirPlace) {
+TEST(StandardStreams, NoLaterFileBecomesOne) {
   EXPECT_EXIT(
       {
         for (int descriptor : {0, 1, 2}) close(descriptor);
@@ -32,7 +32,7 @@ TEST(StandardStreams, NoLaterFileTakesTheirPlace) {
       testing::ExitedWithCode(0), "");
 }
 
-TEST(StandardStreams, ClosedOneTakesNothing) {
+TEST(StandardStreams, ClosedStreamAcceptsNothing) {
   EXPECT_EXIT(
       {
         close(STDOUT_FILENO);
@@ -42,7 +42,7 @@ TEST(StandardStreams, ClosedOneTakesNothing) {
       testing::ExitedWithCode(0), "");
 }
 
-TEST(StandardStreams, OpenOneStaysAsItIs) {
+TEST(StandardStreams, OpenStreamIsUnchanged) {
   EXPECT_EXIT(
       {
         secureStandardStreams();
@@ -51,7 +51,7 @@ TEST(StandardStreams, OpenOneStaysAsItIs) {
       testing::ExitedWithCode(0), "still here");
 }
 
-TEST(StandardStreams, ReaderThatGoesAwayMakesWritingFail) {
+TEST(StandardStreams, PipeWithoutAReaderMakesWritingFail) {
   EXPECT_EXIT(
       {
         secureStandardStreams();
@@ -60,7 +60,7 @@ TEST(StandardStreams, ReaderThatGoesAwayMakesWritingFail) {
       testing::ExitedWithCode(0), "");
 }
 
-TEST(StandardStreams, ChildGetsTheUsualSignalsBack) {
+TEST(StandardStreams, ChildHasTheUsualSignals) {
   EXPECT_EXIT(
       {
         secureStandardStreams();

@@ -1,4 +1,4 @@
-// A console of the test's own.
+// A console for one test.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-// Document trees written down in the test.
+// Document trees, written as values.
 #pragma once
 
 #include <string>

@@ -23,14 +23,14 @@ TEST(Arena, ObjectsBeginWithTheirDefaultValues) {
   EXPECT_EQ(arena.create()->value, 7);
 }
 
-TEST(Arena, EachObjectHasAPlaceOfItsOwn) {
+TEST(Arena, EachObjectHasItsOwnAddress) {
   Arena<Counted> arena;
   std::set<Counted*> places;
   for (int i = 0; i < kManyObjects; ++i) places.insert(arena.create());
   EXPECT_EQ(places.size(), static_cast<std::size_t>(kManyObjects));
 }
 
-TEST(Arena, ObjectsStayWhereTheyAreWhenMoreFollow) {
+TEST(Arena, AddressesStayTheSameWhenMoreObjectsFollow) {
   Arena<Counted> arena;
   std::vector<Counted*> objects;
   for (int i = 0; i < kManyObjects; ++i) {
@@ -40,14 +40,14 @@ TEST(Arena, ObjectsStayWhereTheyAreWhenMoreFollow) {
   for (int i = 0; i < kManyObjects; ++i) EXPECT_EQ(objects[static_cast<std::size_t>(i)]->value, i);
 }
 
-TEST(Arena, ClearEndsAllObjects) {
+TEST(Arena, ClearDestroysAllObjects) {
   Arena<Counted> arena;
   for (int i = 0; i < kManyObjects; ++i) arena.create();
   arena.clear();
   EXPECT_EQ(Counted::living, 0);
 }
 
-TEST(Arena, ObjectsEndWithTheArena) {
+TEST(Arena, ObjectsAreDestroyedWithTheArena) {
   {
     Arena<Counted> arena;
     arena.create();
@@ -55,7 +55,7 @@ TEST(Arena, ObjectsEndWithTheArena) {
   EXPECT_EQ(Counted::living, 0);
 }
 
-TEST(Arena, ServesAgainAfterClear) {
+TEST(Arena, CanBeUsedAgainAfterClear) {
   Arena<Counted> arena;
   arena.create()->value = 1;
   arena.clear();

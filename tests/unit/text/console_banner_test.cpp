@@ -1,4 +1,4 @@
-// When the banner comes out, and where.
+// When the banner is printed, and where.
 
 #include <gtest/gtest.h>
 
@@ -47,24 +47,24 @@ TEST_F(Banner, GoesToTheOutputStreamWhenTheFirstTextIsOnTheErrorStream) {
   EXPECT_EQ(captured.err(), "x");
 }
 
-TEST_F(Banner, ComesForAnEmptyText) {
+TEST_F(Banner, IsPrintedForAnEmptyText) {
   out() << "";
   EXPECT_EQ(captured.out(), kBanner);
 }
 
-TEST_F(Banner, IsNotBroughtOutByStringsNumbersAndLineEnds) {
+TEST_F(Banner, IsNotPrintedForStringsNumbersAndLineEnds) {
   out() << "x"sv << 1LL << endLine;
   EXPECT_EQ(captured.out(), "x1\n");
 }
 
-TEST_F(Banner, IsNotBroughtOutByOtherStreams) {
+TEST_F(Banner, IsNotPrintedForOtherStreams) {
   std::ostringstream other;
   insertCounted(other, "x");
   EXPECT_EQ(captured.out(), "");
   EXPECT_EQ(other.str(), "x");
 }
 
-TEST_F(Banner, CanBeBroughtOutAheadOfTextThatIsNotInserted) {
+TEST_F(Banner, CanBePrintedBeforeTextThatIsNotInserted) {
   std::ostringstream other;
   beginOutput(other);
   EXPECT_EQ(captured.out(), "");
@@ -74,13 +74,13 @@ TEST_F(Banner, CanBeBroughtOutAheadOfTextThatIsNotInserted) {
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(Banner, StaysBackWhenTextThatIsNotInsertedGoesNowhere) {
+TEST_F(Banner, IsNotPrintedBeforeTextThatIsDropped) {
   beginQuietMode();
   beginOutput(std::cout);
   EXPECT_FALSE(console.headerShown);
 }
 
-TEST_F(Banner, IsNotBroughtOutByTextForASilencedStream) {
+TEST_F(Banner, IsNotPrintedForASilencedStream) {
   beginQuietMode();
   out() << "x";
   EXPECT_FALSE(console.headerShown);
@@ -94,7 +94,7 @@ TEST_F(Banner, BecomesTheFirstLinesOfAFileInAQuietRun) {
   EXPECT_EQ(file.str(), kBanner + "x");
 }
 
-TEST_F(Banner, IsUsedUpByTheErrorStreamInAQuietRun) {
+TEST_F(Banner, IsLostToTheErrorStreamInAQuietRun) {
   beginQuietMode();
   err() << "x";
   std::stringbuf file;

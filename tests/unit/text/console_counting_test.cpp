@@ -70,7 +70,7 @@ TEST_F(Counting, BlankAndColonBelongToTheHead) {
   EXPECT_EQ(warnings(), 0);
 }
 
-TEST_F(Counting, OnlyTheHeadOfAPieceIsLookedAt) {
+TEST_F(Counting, OnlyTheHeadOfAPieceCounts) {
   out() << "Fatal Error : x";
   out() << " Error : x";
   out() << "An Internal Error : x, a Warning : y";
@@ -78,7 +78,7 @@ TEST_F(Counting, OnlyTheHeadOfAPieceIsLookedAt) {
   EXPECT_EQ(warnings(), 0);
 }
 
-TEST_F(Counting, PieceCountsOnceHoweverManyHeadsItHolds) {
+TEST_F(Counting, PieceWithSeveralHeadsCountsOnce) {
   out() << "Warning : Whitespace facet encountered Warning : Whitespace facet encountered";
   EXPECT_EQ(warnings(), 1);
 }
@@ -91,7 +91,7 @@ TEST_F(Counting, LaterPieceOfALineCountsAsWell) {
   EXPECT_EQ(warnings(), 1);
 }
 
-TEST_F(Counting, StringsAndNumbersAreInsertedWithoutALook) {
+TEST_F(Counting, StringsAndNumbersAreNotCounted) {
   out() << "Error : x"sv << 17LL;
   EXPECT_EQ(errors(), 0);
   EXPECT_EQ(captured.out(), "Error : x17");
@@ -114,7 +114,7 @@ TEST_F(Counting, SilencedOutputIsNeitherShownNorCounted) {
   EXPECT_EQ(captured.out(), "");
 }
 
-TEST_F(Counting, ErrorStreamGoesOnCountingWhenOutputIsSilenced) {
+TEST_F(Counting, ErrorStreamStillCountsWhenOutputIsSilenced) {
   beginQuietMode();
   err() << "Error : x";
   EXPECT_EQ(errors(), 1);
@@ -140,7 +140,7 @@ TEST_F(Counting, StatusOfACleanRunIsZero) {
   EXPECT_EQ(reportStatus(), 0);
 }
 
-TEST_F(Counting, StatusOf255IsTheHighest) {
+TEST_F(Counting, StatusIsAtMost255) {
   console.m_nErrorCount = 200;
   console.m_nWarningCount = 55;
   EXPECT_EQ(reportStatus(), 255);

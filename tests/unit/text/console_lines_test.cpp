@@ -39,7 +39,7 @@ TEST_F(Lines, FilesAreNotReadLineByLine) {
   EXPECT_FALSE(isLineByLine(&file));
 }
 
-TEST_F(Lines, LineGoesOutAtOnceOnTheConsole) {
+TEST_F(Lines, LineIsFlushedOnTheConsole) {
   FlushCounter buffer;
   console.consoleOut = &buffer;
   std::ostream stream(&buffer);
@@ -78,7 +78,7 @@ TEST_F(Lines, OutputThatTheDeviceRefusedIsReportedOnce) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
-TEST_F(Lines, LossIsRememberedWhenTheStreamIsAimedElsewhere) {
+TEST_F(Lines, LossIsRememberedAfterARedirection) {
   FullBuffer full;
   std::cout.rdbuf(&full);
   console.consoleOut = &full;
@@ -91,7 +91,7 @@ TEST_F(Lines, LossIsRememberedWhenTheStreamIsAimedElsewhere) {
   EXPECT_FALSE(flushConsole());
 }
 
-TEST_F(Lines, SilencedOutputIsNoLoss) {
+TEST_F(Lines, SilencedOutputIsNotALoss) {
   beginQuietMode();
   out() << "x" << endLine;
   EXPECT_TRUE(flushConsole());

@@ -20,14 +20,14 @@ class Streams : public ConsoleTest {
   WorkingFolder folder;
 };
 
-TEST_F(Streams, QuietModeTakesTheOutputBufferAway) {
+TEST_F(Streams, QuietModeRemovesTheOutputBuffer) {
   beginQuietMode();
   EXPECT_TRUE(console.quietMode);
   EXPECT_EQ(std::cout.rdbuf(), nullptr);
   EXPECT_EQ(console.savedCoutBuffer, captured.outBuffer());
 }
 
-TEST_F(Streams, RestoreGivesAQuietRunItsOutputBack) {
+TEST_F(Streams, RestoreEndsQuietMode) {
   beginQuietMode();
   RestoreStreams();
   out() << "x";
@@ -58,7 +58,7 @@ TEST_F(Streams, LogTakesBothStreams) {
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(Streams, LogBeginsAnew) {
+TEST_F(Streams, LogIsTruncated) {
   folder.write("fdmorph.log", "an earlier and much longer log\n");
   openLog();
   out() << "a" << endLine;
@@ -93,7 +93,7 @@ TEST_F(Streams, OutputStreamWritesWhatBothShare) {
   EXPECT_EQ(log(), "   x");
 }
 
-TEST_F(Streams, RestoreClosesTheLogAndGivesTheConsoleBack) {
+TEST_F(Streams, RestoreClosesTheLogAndRestoresTheConsole) {
   openLog();
   RestoreStreams();
   EXPECT_FALSE(console.logStream.is_open());
@@ -114,7 +114,7 @@ TEST_F(Streams, LogThatCannotBeOpenedIsSilent) {
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(Streams, QuietModeBehindALogSavesTheLogsBuffer) {
+TEST_F(Streams, QuietModeAfterALogSavesTheLogsBuffer) {
   openLog();
   beginQuietMode();
   EXPECT_EQ(console.savedCoutBuffer, console.logStream.rdbuf());
@@ -126,7 +126,7 @@ TEST_F(Streams, QuietModeBehindALogSavesTheLogsBuffer) {
   EXPECT_EQ(std::cerr.rdbuf(), captured.errBuffer());
 }
 
-TEST_F(Streams, RedirectionReturnsTheBufferBefore) {
+TEST_F(Streams, RedirectionReturnsThePreviousBuffer) {
   std::stringbuf file;
   EXPECT_EQ(redirectOutput(&file), captured.outBuffer());
   EXPECT_EQ(redirectOutput(captured.outBuffer()), &file);

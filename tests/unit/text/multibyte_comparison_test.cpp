@@ -40,7 +40,7 @@ TEST(Strrchr, StepsByMultibyteCharacters) {
   EXPECT_STREQ(my_strrchr("\u4e2d.\u4e2d", "\u4e2d"), "\u4e2d");
 }
 
-TEST(Strrchr, ByteThatStartsNoCharacterIsSteppedOver) {
+TEST(Strrchr, ByteThatStartsNoCharacterCountsAsOne) {
   EXPECT_STREQ(my_strrchr("a\xff.b", "."), ".b");
 }
 
@@ -63,7 +63,7 @@ TEST(Strnicmp, NoCharactersAreEqual) {
   EXPECT_EQ(my_strnicmp("a", "b", 0), 0);
 }
 
-TEST(Strnicmp, ComparesNoMoreThanItIsTold) {
+TEST(Strnicmp, ComparesAtMostSoManyBytes) {
   EXPECT_EQ(my_strnicmp("-Cfile", "-C", 2), 0);
   EXPECT_EQ(my_strnicmp("abcX", "ABCy", 3), 0);
 }

@@ -25,7 +25,7 @@ TEST(TextPoolTest, EqualTextsShareOneCopy) {
   EXPECT_EQ(first.data(), second.data());
 }
 
-TEST(TextPoolTest, PartOfAKeptTextIsATextOfItsOwn) {
+TEST(TextPoolTest, PartOfAKeptTextIsKeptSeparately) {
   TextPool pool;
   pool.keep("order-record");
   EXPECT_EQ(pool.keep("order"), "order");
@@ -64,7 +64,7 @@ TEST(TextPoolTest, AppendedTextIsNotFoundAgain) {
   EXPECT_NE(pool.keep("order-1").data(), appended.data());
 }
 
-TEST(TextPoolTest, ViewsStayGoodWhenManyMoreFollow) {
+TEST(TextPoolTest, ViewsStayValidWhenMoreTextsFollow) {
   TextPool pool;
   std::vector<std::string_view> kept;
   for (int i = 0; i < 10'000; ++i) kept.push_back(pool.keep("name-" + std::to_string(i)));
@@ -73,7 +73,7 @@ TEST(TextPoolTest, ViewsStayGoodWhenManyMoreFollow) {
   }
 }
 
-TEST(TextPoolTest, ServesAgainAfterClear) {
+TEST(TextPoolTest, CanBeUsedAgainAfterClear) {
   TextPool pool;
   pool.keep("a");
   pool.clear();

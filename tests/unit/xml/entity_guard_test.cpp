@@ -1,5 +1,5 @@
-// The bound on entity expansion in schemas, whose grammars the library loads
-// without any.
+// The limit on entity expansion in schemas, whose grammars the library loads
+// without a limit.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -53,7 +53,7 @@ class SchemaEntities : public ParserTest {
   }
 };
 
-// A document type makes the library validate by it, so it has to say it all.
+// The library validates by the document type, so the type must be complete.
 TEST_F(SchemaEntities, FewAreExpanded) {
   ASSERT_TRUE(
       parseSchema(schemaWith("<!DOCTYPE xs:schema [<!ELEMENT xs:schema ANY>"
@@ -71,7 +71,7 @@ TEST_F(SchemaEntities, TooManyAreRefused) {
   EXPECT_TRUE(isRefused(schemaWith(documentType(), kAnnotation)));
 }
 
-TEST_F(SchemaEntities, DeclarationAcrossABlockIsSeen) {
+TEST_F(SchemaEntities, DeclarationAcrossBlocksIsFound) {
   std::string const type = documentType();
   std::size_t const before = type.find("<!ENTITY") + std::string("<!---->").size();
   std::string const padding = "<!--" + std::string((1U << 16) - before - 4, ' ') + "-->";
@@ -80,31 +80,31 @@ TEST_F(SchemaEntities, DeclarationAcrossABlockIsSeen) {
   EXPECT_TRUE(isRefused(text));
 }
 
-TEST_F(SchemaEntities, DeclarationInUtf16IsSeen) {
+TEST_F(SchemaEntities, DeclarationInUtf16IsFound) {
   std::string wide = "\xff\xfe";
   for (char c : schemaWith(documentType(), kAnnotation)) wide += {c, '\0'};
   EXPECT_TRUE(isRefused(wide));
 }
 
-TEST_F(SchemaEntities, DeclarationInAnotherFileIsSeen) {
+TEST_F(SchemaEntities, DeclarationInAnotherFileIsFound) {
   folder.write("a.dtd", nestedEntities());
   EXPECT_TRUE(isRefused(schemaWith("<!DOCTYPE xs:schema SYSTEM 'a.dtd'>", annotation("&e5;"))));
 }
 
-TEST_F(SchemaEntities, SchemaIncludedByItsUrlIsBoundedToo) {
+TEST_F(SchemaEntities, SchemaIncludedByItsUrlIsLimitedToo) {
   std::string const file = folder.write("b.xsd", schemaWith(documentType(), annotation("&e5;")));
   EXPECT_FALSE(parseSchema(schemaWith("", "<xs:include schemaLocation='file://" + file + "'/>")));
   EXPECT_THAT(captured.err(), HasSubstr("50000"));
 }
 
-TEST_F(SchemaEntities, IncludedSchemaIsBoundedToo) {
+TEST_F(SchemaEntities, IncludedSchemaIsLimitedToo) {
   folder.write("b.xsd", schemaWith(documentType(), kAnnotation));
   EXPECT_FALSE(parseSchema(schemaWith("", "<xs:include schemaLocation='b.xsd'/>")));
   EXPECT_THAT(captured.err(), HasSubstr("50000"));
   EXPECT_FALSE(nothingCounted());
 }
 
-TEST_F(SchemaEntities, SchemaOfADocumentIsBoundedToo) {
+TEST_F(SchemaEntities, SchemaOfADocumentIsLimitedToo) {
   folder.write("s.xsd", schemaWith(documentType(), kAnnotation));
   parser.CheckDocument(
       folder.write("a.xml", R"(<a xmlns:xsi="http://www.w3.org/2001/XMLSchema-instance")"

@@ -29,7 +29,7 @@ TEST_F(ErrorHandler, VerboseReportEndsWithTheMessage) {
   EXPECT_EQ(captured.err(), "Error : /data/a.xsd(Line 12, Col 7) : text of the library\n");
 }
 
-TEST_F(ErrorHandler, PlainReportEndsBehindTheBracket) {
+TEST_F(ErrorHandler, PlainReportEndsAfterTheBracket) {
   handler.error(at(12, 7));
   EXPECT_EQ(captured.err(), "Error : /data/a.xsd(Line 12, Col 7)\n");
 }
@@ -86,7 +86,7 @@ TEST_F(ErrorHandler, SummaryCountsNothingAndNeedsNoBanner) {
   EXPECT_TRUE(nothingCounted());
 }
 
-TEST_F(ErrorHandler, RecordedReportsArePrintedAllTheSame) {
+TEST_F(ErrorHandler, RecordedReportsAreStillPrinted) {
   std::vector<ParserReport> record;
   handler.recordReports(&record);
   handler.warning(at(1, 2));

@@ -49,7 +49,7 @@ TEST_F(FindElement, RecursiveWalkVisitsAParentBeforeItsChildren) {
   EXPECT_THAT(find("root", any, true), ElementsAre("root", "a", "a1", "a2", "b", "c", "c1"));
 }
 
-TEST_F(FindElement, RecursiveWalkLeavesTheSiblingsOfItsStartOut) {
+TEST_F(FindElement, RecursiveWalkSkipsTheSiblingsOfItsStart) {
   EXPECT_THAT(find("a", any, true), ElementsAre("a", "a1", "a2"));
 }
 
@@ -57,20 +57,20 @@ TEST_F(FindElement, LevelWalkVisitsTheStartAndItsFollowingSiblings) {
   EXPECT_THAT(find("a", any, false), ElementsAre("a", "b", "c"));
 }
 
-TEST_F(FindElement, LevelWalkLeavesEarlierSiblingsOut) {
+TEST_F(FindElement, LevelWalkSkipsEarlierSiblings) {
   EXPECT_THAT(find("b", any, false), ElementsAre("b", "c"));
 }
 
-TEST_F(FindElement, LevelWalkFromTheLastChildLooksAtThatChildAlone) {
+TEST_F(FindElement, LevelWalkFromTheLastChildVisitsThatChildAlone) {
   EXPECT_THAT(find("c", any, false), ElementsAre("c"));
 }
 
-TEST_F(FindElement, KeyIsHandedToTheMatchRule) {
+TEST_F(FindElement, KeyIsPassedToTheMatchRule) {
   std::string key = "x";
   EXPECT_THAT(find("root", withKeyAsItsElementName, true, &key), ElementsAre("a1", "b", "c1"));
 }
 
-TEST_F(FindElement, WhatTheMatchRuleReturnsIsRecorded) {
+TEST_F(FindElement, ResultOfTheMatchRuleIsRecorded) {
   EXPECT_THAT(find("a1", itsParent, false), ElementsAre("a", "a"));
 }
 

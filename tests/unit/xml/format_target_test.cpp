@@ -79,7 +79,7 @@ TEST_F(FormatTarget, FileGetsItsTextWithTheEnd) {
   EXPECT_EQ(file.str(), "<a>\n");
 }
 
-TEST_F(FormatTarget, FlushHandsOverWhatWasWritten) {
+TEST_F(FormatTarget, FlushWritesEverythingSoFar) {
   formatter.target().setTarget(file);
   formatter.begin();
   formatter << "<a>\n";

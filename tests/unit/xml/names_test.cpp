@@ -19,7 +19,7 @@ TEST(NonQualifiedName, WithoutAColonIsTheWholeName) {
   EXPECT_EQ(CDMXMLNode::getNonQualifiedName(""), "");
 }
 
-TEST(NameQualifier, IsWhatStandsBeforeTheFirstColon) {
+TEST(NameQualifier, IsWhatPrecedesTheFirstColon) {
   EXPECT_EQ(CDMXMLNode::getNameQualifier("xs:element"), "xs");
   EXPECT_EQ(CDMXMLNode::getNameQualifier("a:b:c"), "a");
 }

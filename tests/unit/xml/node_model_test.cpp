@@ -24,7 +24,7 @@ TEST(Element, BeginsWithoutLinks) {
   EXPECT_EQ(element.getFirstChildElem(), nullptr);
 }
 
-TEST(Element, IsParentTellsWhetherItHasOne) {
+TEST(Element, IsParentMeansThatItHasAParent) {
   CDMXMLElement parent;
   CDMXMLElement child;
   child.setParent(&parent);
@@ -117,7 +117,7 @@ TEST(Attributes, ParentIsSetByTheCaller) {
   EXPECT_EQ(attribute.getParent(), &element);
 }
 
-TEST(Attributes, MayStandInTheListsOfSeveralElements) {
+TEST(Attributes, MayBeInTheListsOfSeveralElements) {
   CDMXMLElement one;
   CDMXMLElement two;
   CDMXMLAttribute shared;
@@ -152,7 +152,7 @@ TEST(GetAttribute, FirstOfANameWins) {
   EXPECT_EQ(element.getAttribute("targetNamespace"), &own);
 }
 
-TEST(Element, WithoutAParserHasNeitherFormatterNorTarget) {
+TEST(Element, HasNeitherFormatterNorTargetWithoutATree) {
   CDMXMLElement element;
   EXPECT_EQ(element.getXMLFormatter(), nullptr);
   EXPECT_EQ(element.getFormatTarget(), nullptr);

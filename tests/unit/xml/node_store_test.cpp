@@ -55,7 +55,7 @@ TEST_F(CopyTree, IsLinkedLikeItsOriginal) {
   EXPECT_EQ(x->getFirstChildElem()->getParent(), x);
 }
 
-TEST_F(CopyTree, LeavesAttributesOutThatWereLentToItsOriginal) {
+TEST_F(CopyTree, SkipsAttributesOfOtherElements) {
   CDMXMLElement* owner = build(store, {"schema", {{"targetNamespace", "urn:a"}}});
   CDMXMLElement* top = buildDocument(store, {"r", {{"name", "r"}}});
   top->getFirstChildElem()->addAttribute(owner->getFirstAttr());
@@ -64,7 +64,7 @@ TEST_F(CopyTree, LeavesAttributesOutThatWereLentToItsOriginal) {
   EXPECT_EQ(root->getAttribute("targetNamespace"), nullptr);
 }
 
-TEST_F(CopyTree, KeepsChildrenThatWereMovedElsewhereMeanwhile) {
+TEST_F(CopyTree, KeepsChildrenThatWereMovedElsewhere) {
   CDMXMLElement* top =
       buildDocument(store, {"r", {}, {{"x", {{"name", "x"}}}, {"y", {{"name", "y"}}}}});
   CDMXMLElement* elsewhere = store.newElement();

@@ -1,4 +1,4 @@
-// Parsing a file under one of two regimes.
+// Parsing documents and schemas.
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -38,7 +38,7 @@ TEST_F(ParseSchema, ErrorOfTheGrammarStopsIt) {
   EXPECT_EQ(parser.getXMLDocument(), nullptr);
 }
 
-TEST_F(ParseSchema, ValidateFlagIsNotLookedAt) {
+TEST_F(ParseSchema, ValidateFlagIsIgnored) {
   std::string file = folder.write("a.xsd", kBadSchema);
   EXPECT_FALSE(parser.ParseFile(file, Type::XML_SCHEMA, false));
   EXPECT_EQ(console.m_nErrorCount, 1);
@@ -74,17 +74,17 @@ TEST_F(ParseDocument, GoodOnePrintsNothing) {
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(ParseDocument, WithoutValidationFormIsAllThatCounts) {
+TEST_F(ParseDocument, WithoutValidationOnlyFormIsChecked) {
   EXPECT_TRUE(parseDocument(kInvalidDocument, false));
   EXPECT_EQ(captured.err(), "");
 }
 
-TEST_F(ParseDocument, WithValidationTheDocumentTypeCounts) {
+TEST_F(ParseDocument, WithValidationTheDocumentTypeIsChecked) {
   EXPECT_FALSE(parseDocument(kInvalidDocument, true));
   EXPECT_FALSE(nothingCounted());
 }
 
-TEST_F(ParseDocument, EachCallChoosesItsOwnRegime) {
+TEST_F(ParseDocument, EachCallChoosesItsOwnValidation) {
   EXPECT_TRUE(parseDocument(kInvalidDocument, false));
   EXPECT_FALSE(parseDocument(kInvalidDocument, true));
   EXPECT_TRUE(parseDocument(kInvalidDocument, false));
@@ -125,20 +125,20 @@ TEST_F(ParseDocument, MissingFileIsReportedAndCounts) {
   EXPECT_FALSE(nothingCounted());
 }
 
-TEST_F(ParseDocument, ParserWithAValidatorOfTheCallersServesAsWell) {
+TEST_F(ParseDocument, ParserCanBeGivenAValidator) {
   CDMDOMParser other(store, *new xerces::SchemaValidator());
   EXPECT_TRUE(other.ParseFile(folder.write("a.xml", "<a/>"), Type::XML_DOCUMENT, true) ||
               !nothingCounted());
   EXPECT_TRUE(other.ParseFile(folder.write("a.xml", "<a/>"), Type::XML_DOCUMENT, false));
 }
 
-TEST_F(Counts, OfAllParsesAddUp) {
+TEST_F(Counts, OfAllParsesAreAdded) {
   parseDocument(kMalformedDocument);
   parseDocument(kMalformedDocument);
   EXPECT_EQ(parser.getErrorCount(), 2);
 }
 
-TEST_F(Counts, OfAllParsersAddUp) {
+TEST_F(Counts, OfAllParsersAreAdded) {
   parseDocument(kMalformedDocument);
   CDMDOMParser other(store);
   other.ParseFile(folder.path("a.xml"), Type::XML_DOCUMENT, false);

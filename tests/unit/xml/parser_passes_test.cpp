@@ -106,7 +106,7 @@ TEST_F(CheckDocument, GoodDocumentOfAGoodSchemaPrintsNothing) {
   EXPECT_EQ(captured.out(), "");
 }
 
-TEST_F(CheckDocument, FirstPassTestsFormOnly) {
+TEST_F(CheckDocument, FirstPassChecksFormOnly) {
   check(kInvalidDocument, false);
   EXPECT_EQ(captured.err(), "");
 }
@@ -128,7 +128,7 @@ TEST_F(CheckDocument, ErrorThatBothPassesFindCountsTwice) {
   EXPECT_GE(console.m_nErrorCount, 2);
 }
 
-TEST_F(CheckDocument, NoTreeComesOfIt) {
+TEST_F(CheckDocument, BuildsNoTree) {
   check("<a/>", false);
   EXPECT_EQ(parser.getXMLDocument(), nullptr);
 }
@@ -150,7 +150,7 @@ TEST_F(CheckDocument, OneExpansionMoreIsRefused) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
-TEST_F(ParserTest, EntityExpansionOfAParseIsBounded) {
+TEST_F(ParserTest, EntityExpansionOfAParseIsLimited) {
   EXPECT_FALSE(parseDocument(expansions(50'001)));
   EXPECT_THAT(captured.err(), HasSubstr("50000"));
   EXPECT_EQ(console.m_nErrorCount, 1);
@@ -158,7 +158,7 @@ TEST_F(ParserTest, EntityExpansionOfAParseIsBounded) {
 
 // Each entity holds the one before ten times, so a short document asks for a
 // billion expansions.
-TEST_F(ParserTest, NestedExpansionsAreBounded) {
+TEST_F(ParserTest, NestedExpansionsAreLimited) {
   std::string text = "<!DOCTYPE a [<!ENTITY e0 \"x\">";
   for (int i = 1; i < 10; ++i) {
     std::string below = "&e" + std::to_string(i - 1) + ";";

@@ -34,19 +34,19 @@ TEST_F(Report, HeadOfTheLineIsNotCountedASecondTime) {
   EXPECT_EQ(console.m_nWarningCount, 1);
 }
 
-TEST_F(Report, UncountedOneOnlyPrints) {
+TEST_F(Report, UncountedReportIsOnlyPrinted) {
   printReport({Kind::uncounted, "An error occured during parsing"});
   EXPECT_EQ(captured.err(), "An error occured during parsing\n");
   EXPECT_TRUE(nothingCounted());
 }
 
-TEST_F(Report, DoesNotBringTheBannerOut) {
+TEST_F(Report, DoesNotPrintTheBanner) {
   console.headerShown = false;
   printReport({Kind::error, "Error : x"});
   EXPECT_EQ(captured.out(), "");
 }
 
-TEST_F(Report, WarningIsEnoughToHaveCounted) {
+TEST_F(Report, WarningCountsAsAReport) {
   EXPECT_TRUE(nothingCounted());
   printReport({Kind::warning, "x"});
   EXPECT_FALSE(nothingCounted());

@@ -1,4 +1,4 @@
-// Path questions.
+// Relative, full and resolved paths.
 
 #include "xml/paths.h"
 
@@ -22,13 +22,13 @@ TEST_F(Paths, WithoutASlashInFrontIsRelative) {
   EXPECT_FALSE(isRelativePath("/s/a.xsd"));
 }
 
-TEST_F(Paths, WovenPathStandsInTheFolderOfItsBase) {
+TEST_F(Paths, PathIsResolvedInTheFolderOfItsBase) {
   EXPECT_EQ(weavePaths("/s/main.xsd", "a.xsd"), "/s/a.xsd");
   EXPECT_EQ(weavePaths("/s/main.xsd", "sub/a.xsd"), "/s/sub/a.xsd");
   EXPECT_EQ(weavePaths("sub/main.xsd", "a.xsd"), "sub/a.xsd");
 }
 
-TEST_F(Paths, DotsInAWovenPathAreWorkedOut) {
+TEST_F(Paths, DotsInAResolvedPathAreRemoved) {
   EXPECT_EQ(weavePaths("/s/t/main.xsd", "../a.xsd"), "/s/a.xsd");
   EXPECT_EQ(weavePaths("/s/t/main.xsd", "./a.xsd"), "/s/t/a.xsd");
   EXPECT_EQ(weavePaths("/s/t/main.xsd", "../../u/a.xsd"), "/u/a.xsd");

@@ -28,7 +28,7 @@ TEST_F(Transcoding, AsciiTextStaysAsItIs) {
   EXPECT_EQ(toMultibyte(u"xs:element"), "xs:element");
 }
 
-TEST_F(Transcoding, OtherCharactersTakeTheLocalesBytes) {
+TEST_F(Transcoding, OtherCharactersAreEncodedByTheLocale) {
   EXPECT_EQ(toMultibyte(u"gr\u00fc\u00df \u4e2d"), "gr\u00fc\u00df \u4e2d");
 }
 

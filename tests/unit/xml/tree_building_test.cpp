@@ -88,7 +88,7 @@ TEST_F(TreeBuilding, TextBecomesTheValueOfItsElement) {
   EXPECT_EQ(root("<a/>")->value, "");
 }
 
-TEST_F(TreeBuilding, LastOfSeveralTextsStands) {
+TEST_F(TreeBuilding, LastOfSeveralTextsIsKept) {
   EXPECT_EQ(root("<a>one<b/>two<b/>three</a>")->value, "three");
   EXPECT_EQ(root("<a>one<b/></a>")->value, "one");
 }
@@ -176,11 +176,11 @@ TEST_F(TreeBuilding, TreeOutlivesTheReleasedDocument) {
   EXPECT_EQ(root("<b/>")->name, "b") << "the parser serves again";
 }
 
-TEST_F(TreeBuilding, NothingComesBeforeAParse) {
+TEST_F(TreeBuilding, ThereIsNoTreeBeforeAParse) {
   EXPECT_EQ(parser.getXMLDocument(), nullptr);
 }
 
-TEST_F(TreeBuilding, NothingComesOfAFailedParse) {
+TEST_F(TreeBuilding, ThereIsNoTreeAfterAFailedParse) {
   top("<a/>");
   EXPECT_FALSE(parseDocument(kMalformedDocument));
   EXPECT_EQ(parser.getXMLDocument(), nullptr);
