@@ -7,7 +7,7 @@
 namespace fdmorph {
 
 std::ostream& CDMDOMFormatTarget::stream() const {
-  return m_Target == nullptr ? std::cout : *m_Target;
+  return m_target == nullptr ? std::cout : *m_target;
 }
 
 void XmlFormatter::begin() {

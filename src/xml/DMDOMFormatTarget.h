@@ -23,15 +23,15 @@ struct LocaleEncoding {
 class CDMDOMFormatTarget {
  public:
   /// Sends the output to `stream`, which must stay usable until restoreTarget.
-  void setTarget(std::ostream& stream) { m_Target = &stream; }
+  void setTarget(std::ostream& stream) { m_target = &stream; }
 
   /// Sends the output to the standard output stream again.
-  void restoreTarget() { m_Target = nullptr; }
+  void restoreTarget() { m_target = nullptr; }
 
   std::ostream& stream() const;
 
  private:
-  std::ostream* m_Target = nullptr;  // null: standard output
+  std::ostream* m_target = nullptr;  // null: standard output
 };
 
 /// Writes XML from text in the locale's encoding, as UTF-8. Text that is not

@@ -97,7 +97,7 @@ void CDMXMLElement::findElement(void* key, Match match, std::vector<CDMXMLElemen
 }
 
 CDMDOMFormatTarget* CDMXMLElement::getFormatTarget() const {
-  return formatter == nullptr ? nullptr : &formatter->target();
+  return m_formatter == nullptr ? nullptr : &m_formatter->target();
 }
 
 CDMXMLElement const* CDMXMLElement::getNamespaceScope() const {

@@ -67,7 +67,7 @@ class CDMXMLElement : public CDMXMLNode {
   CDMXMLElement* getNextSibling() const { return nextSibling; }
   void setPrevSibling(CDMXMLElement* element) { prevSibling = element; }
   void setNextSibling(CDMXMLElement* element) { nextSibling = element; }
-  void setFormatter(XmlFormatter* treeFormatter) { formatter = treeFormatter; }
+  void setFormatter(XmlFormatter* formatter) { m_formatter = formatter; }
 
   /// True if this element has a parent. Whether it has children does not matter.
   bool isParent() const { return parent != nullptr; }
@@ -101,7 +101,7 @@ class CDMXMLElement : public CDMXMLNode {
 
   /// The formatter and the format target of the tree that a parser built; null
   /// in other trees. They live as long as the nodes, in the same store.
-  XmlFormatter* getXMLFormatter() const { return formatter; }
+  XmlFormatter* getXMLFormatter() const { return m_formatter; }
   CDMDOMFormatTarget* getFormatTarget() const;
 
   /// The nearest element, from this one up, that declares a namespace or a
@@ -115,7 +115,7 @@ class CDMXMLElement : public CDMXMLNode {
   CDMXMLElement* nextSibling = nullptr;
   std::vector<CDMXMLAttribute*> attributes;
   std::vector<CDMXMLElement*> childElements;
-  XmlFormatter* formatter = nullptr;
+  XmlFormatter* m_formatter = nullptr;
   mutable CDMXMLElement const* namespaceScope = nullptr;
   mutable bool namespaceScopeKnown = false;
 };
