@@ -54,7 +54,8 @@ struct Utf8OrLatin1 {
 /// tag closed when its content comes.
 ///
 /// `Encoding` has a function toUtf8, which converts text, and a constant
-/// kEscapes. Markup is ASCII and is not converted.
+/// kEscapes. It may report text that it cannot convert; everything ahead of the
+/// text is in the target by then. Markup is ASCII and is not converted.
 template <typename Encoding>
 class XmlWriter {
  public:
@@ -99,6 +100,7 @@ class XmlWriter {
     if (isPlainXmlValue(value)) {
       m_text += value;
     } else {
+      flush();
       appendXmlEscaped(m_text, Encoding::toUtf8(value), Encoding::kEscapes);
     }
     m_text += '"';
@@ -118,7 +120,9 @@ class XmlWriter {
     if (isPlainXmlValue(text)) {
       m_text += text;
     } else {
+      flush();
       m_text += Encoding::toUtf8(text);
+      if (text.back() == '\n') lineEnded();
     }
   }
 

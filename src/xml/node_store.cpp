@@ -3,7 +3,16 @@
 #include <utility>
 #include <vector>
 
+#include "xml/DMDOMFormatTarget.h"
+
 namespace fdmorph {
+
+CDMXMLNodeStore::CDMXMLNodeStore() = default;
+CDMXMLNodeStore::~CDMXMLNodeStore() = default;
+
+XmlFormatter* CDMXMLNodeStore::newFormatter() {
+  return m_formatters.emplace_back(std::make_unique<XmlFormatter>()).get();
+}
 
 CDMXMLElement* CDMXMLNodeStore::copyElement(CDMXMLElement const& original) {
   CDMXMLElement* copy = newElement();

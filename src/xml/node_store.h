@@ -1,8 +1,10 @@
 // The owner of document trees.
 #pragma once
 
+#include <memory>
+#include <vector>
+
 #include "text/arena.h"
-#include "xml/DMDOMFormatTarget.h"
 #include "xml/DMXMLElement.h"
 
 namespace fdmorph {
@@ -12,7 +14,8 @@ namespace fdmorph {
 /// one, but all together with the store.
 class CDMXMLNodeStore {
  public:
-  CDMXMLNodeStore() = default;
+  CDMXMLNodeStore();
+  ~CDMXMLNodeStore();
   CDMXMLNodeStore(CDMXMLNodeStore const&) = delete;
   CDMXMLNodeStore& operator=(CDMXMLNodeStore const&) = delete;
 
@@ -20,7 +23,7 @@ class CDMXMLNodeStore {
   CDMXMLAttribute* newAttribute() { return m_attributes.create(); }
 
   /// A formatter for the elements of one tree.
-  XmlFormatter* newFormatter() { return m_formatters.create(); }
+  XmlFormatter* newFormatter();
 
   /// A second tree with the content that `top` was built with. Attributes of
   /// other elements in its lists are not copied. The copy has no parent and no
@@ -32,7 +35,7 @@ class CDMXMLNodeStore {
 
   Arena<CDMXMLElement> m_elements;
   Arena<CDMXMLAttribute> m_attributes;
-  Arena<XmlFormatter> m_formatters;
+  std::vector<std::unique_ptr<XmlFormatter>> m_formatters;
 };
 
 }  // namespace fdmorph

@@ -7,6 +7,7 @@
 
 #include "support/parser_fixture.h"
 #include "text/console.h"
+#include "xml/DMDOMFormatTarget.h"
 
 namespace fdmorph {
 namespace {
