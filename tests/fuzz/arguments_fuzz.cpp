@@ -14,8 +14,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   std::vector<char*> arguments;
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
-  fdmorph::Settings settings;
-  fdmorph::scanArguments(static_cast<int>(words.size()), arguments.data(), settings);
+  static_cast<void>(fdmorph::scanArguments(static_cast<int>(words.size()), arguments.data()));
   fdmorph::console.quietMode = false;
   return 0;
 }
