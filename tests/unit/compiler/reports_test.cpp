@@ -88,7 +88,7 @@ INSTANTIATE_TEST_SUITE_P(
             "a.cpy:1:11: error: BLANK WHEN ZERO excludes 'S' and '*' in the picture [clause]"},
         WrongSource{"78 K VALUE 1.\n78 K VALUE 2.",
                     "a.cpy:2:11: error: constant 'K' is already defined [constant]"}),
-    [](auto const& info) { return parameterName(info.index, info.param.source); });
+    [](auto const& test) { return parameterName(test.index, test.param.source); });
 
 TEST(Diagnostics, ShowTheLineTheCaretAndTheCopyChain) {
   MemoryTree tree;

@@ -119,7 +119,7 @@ INSTANTIATE_TEST_SUITE_P(
                     "a.cpy:3:17: error: 'N' is defined already, with another value [conditional]"},
         WrongSource{"01 A PIC X.\n>>DEFINE N AS",
                     "a.cpy:2:17: error: 'N' is defined by no value [conditional]"}),
-    [](auto const& info) { return parameterName(info.index, info.param.source); });
+    [](auto const& test) { return parameterName(test.index, test.param.source); });
 
 TEST(ConditionalText, EndsDeepNestingWithAnError) {
   std::string condition(100000, '(');

@@ -138,8 +138,7 @@ class FileNames : public testing::Test {
   /// True if a reference from `main` to `other` leads to the same file.
   static bool areOneFile(std::string const& main, std::string const& other) {
     FileCircles circles;
-    circles.enter(main);
-    return !circles.enter(other);
+    return circles.enter(main) && !circles.enter(other);
   }
 };
 

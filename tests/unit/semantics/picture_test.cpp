@@ -52,7 +52,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Expected{"-9(9).9(9)", Category::numericEdited, 20, 18, 9},
                     Expected{"ZZZ9CR", Category::numericEdited, 6, 4, 0},
                     Expected{"+9.99E+99", Category::numericEdited, 9, 0, 0}),
-    [](auto const& info) { return parameterName(info.index, info.param.text); });
+    [](auto const& test) { return parameterName(test.index, test.param.text); });
 
 struct Faulty {
   char const* text;
@@ -85,7 +85,7 @@ INSTANTIATE_TEST_SUITE_P(
                     Faulty{"9(39)", "a number has more than 38 digits"},
                     Faulty{"XV", "symbols of numbers and of texts stand in one picture"},
                     Faulty{"X(99999999999999999999)", "the picture describes too many characters"}),
-    [](auto const& info) { return parameterName(info.index, info.param.text); });
+    [](auto const& test) { return parameterName(test.index, test.param.text); });
 
 TEST(Picture, HasTheValueOfAConstantInItsText) {
   Picture picture = analyse("x(FIVE)");

@@ -153,7 +153,7 @@ INSTANTIATE_TEST_SUITE_P(
         // A constant is no item that a table could depend on.
         WrongSource{"01 N CONSTANT AS 5.\n01 A PIC X OCCURS 1 TO 3 DEPENDING ON N.",
                     "a.cpy:2:46: error: 'N' is not defined [depending]"}),
-    [](auto const& info) { return parameterName(info.index, info.param.source); });
+    [](auto const& test) { return parameterName(test.index, test.param.source); });
 
 }  // namespace
 }  // namespace fdmorph::compiler
