@@ -25,7 +25,7 @@ class Reader {
       }
     }
     if (m_result.error.empty() && m_result.sourcePath.empty()) {
-      m_result.error = "no source is named";
+      m_result.error = "no source file";
     }
     if (!m_result.error.empty()) m_result.action = CommandLine::Action::usageError;
     return m_result;
@@ -36,12 +36,12 @@ class Reader {
     return !argument.empty() && argument.front() != '-' && argument.front() != '@';
   }
 
-  // A word right behind options may be a directive, but the last one can't.
+  // Words after an option are directives, except the last word.
   void findSource() {
     m_source = m_arguments.size();
     if (!m_arguments.empty() && isWord(m_arguments.front())) m_source = 0;
     bool isLast = m_source != 0 && !m_arguments.empty() && isWord(m_arguments.back());
-    // "-C" takes at least one directive.
+    // The word after "-C" is always a directive.
     bool isTaken = m_arguments.size() > 1 && m_arguments[m_arguments.size() - 2] == "-C";
     if (isLast && !isTaken) m_source = m_arguments.size() - 1;
     if (m_source < m_arguments.size()) m_result.sourcePath = withoutQuotes(m_arguments[m_source]);
@@ -62,29 +62,29 @@ class Reader {
     } else if (m_isAfterOption) {
       apply(argument);
     } else if (!argument.empty()) {
-      m_result.error = "more than one source is named";
+      m_result.error = "more than one source file";
     }
   }
 
   void apply(std::string const& text) {
     if (auto wrong = applyDirectives(text, m_result.directives)) {
-      m_result.error = "wrong parameter in directive " + *wrong;
+      m_result.error = "invalid parameter in directive " + *wrong;
     }
   }
 
   void readFile(std::string const& name) {
     std::optional<std::string> content = m_tree.read(name);
     if (!content) {
-      m_result.error = "can't read directive file " + name + ": " + whyUnreadable(name);
+      m_result.error = "cannot read directive file " + name + ": " + whyUnreadable(name);
     } else if (auto wrong = applyDirectiveFile(*content, m_result.directives)) {
-      m_result.error = "wrong parameter in directive " + *wrong + " in " + name;
+      m_result.error = "invalid parameter in directive " + *wrong + " in " + name;
     }
   }
 
   std::vector<std::string> const& m_arguments;
   FileTree& m_tree;
   CommandLine m_result;
-  std::size_t m_source = 0;  // index of the source's name
+  std::size_t m_source = 0;  // index of the argument that names the source
   bool m_isAfterOption = false;
 };
 
@@ -94,7 +94,7 @@ CommandLine readCommandLine(std::vector<std::string> const& arguments, FileTree&
   return Reader(arguments, tree).read();
 }
 
-char const* usageText() {
+char const* helpText() {
   return "Usage: zbc [-C DIRECTIVE ...]... [@FILE] SOURCE\n"
          "Checks the data division of a COBOL program or copybook.\n"
          "\n"
@@ -104,16 +104,16 @@ char const* usageText() {
          "  --version          show the version\n"
          "\n"
          "Directives:\n"
-         "  XMLGEN(WS)         write the data dictionary beside the source, as .xml\n"
+         "  XMLGEN(WS)         write the data dictionary next to the source, as .xml\n"
          "  XMLGEN(FILE)       the same, with the file section first\n"
          "  SOURCEFORMAT(F)    F is FIXED, VARIABLE or FREE\n"
-         "  COPYPATH(DIR:DIR)  folders with copy members\n"
+         "  COPYPATH(DIR:DIR)  folders to search for copy members\n"
          "  COPYEXT(EXT,EXT)   extensions of copy members\n"
-         "  TABS(N)            distance of tab stops\n"
-         "  DBGI, NOOBJ        accepted\n"
+         "  TABS(N)            columns between tab stops\n"
+         "  DBGI, NOOBJ        accepted without effect\n"
          "\n"
-         "Exit status: 0 if the data division is right, 1 if it has errors,\n"
-         "2 for a mistake on the command line.\n";
+         "Exit status: 0 without errors, 1 with errors in the source,\n"
+         "2 for a wrong command line.\n";
 }
 
 }  // namespace fdmorph::compiler

@@ -1,4 +1,4 @@
-// The command line of the compiler.
+// The command line of zbc.
 #pragma once
 
 #include <string>
@@ -15,15 +15,16 @@ struct CommandLine {
   Action action = Action::compile;
   std::string sourcePath;
   Directives directives;
-  std::string error;  ///< of a usage error
+  std::string error;  ///< the text of a usage error
 };
 
-/// Reads `zbc [-C DIRECTIVE ...]... [@FILE] SOURCE`. The source is the first
-/// word ahead of all options or else the last word of all; it and the name of
-/// the directive file may stand in double quotes.
-CommandLine readCommandLine(std::vector<std::string> const& arguments, FileTree& tree);
+/// Reads `zbc [-C DIRECTIVE ...]... [@FILE] SOURCE`. The source is the first word
+/// if that is not an option, or else the last word. It and the name of the
+/// directive file may be in double quotes.
+[[nodiscard]] CommandLine readCommandLine(std::vector<std::string> const& arguments,
+                                          FileTree& tree);
 
 /// The text of --help.
-char const* usageText();
+char const* helpText();
 
 }  // namespace fdmorph::compiler

@@ -20,13 +20,18 @@ std::string_view baseName(std::string_view path) {
   return dot == std::string_view::npos || dot == 0 ? name : name.substr(0, dot);
 }
 
-// What messages call the source, for callers that compile a copy of it.
+// The name of the source in messages, for callers that compile a copy of it.
 std::string sourceName() {
   char const* name = std::getenv("ZBC_SOURCE_NAME");
   return name == nullptr ? std::string() : name;
 }
 
-// Returns false if the text didn't get out.
+std::string describeMissingData(DataDivision const& data, std::string const& name) {
+  return quoted(name) + (data.isProgram ? " has no data item in its working-storage or file section"
+                                        : " has no data description");
+}
+
+// Returns false if the text could not be written.
 bool print(std::FILE* stream, std::string const& text) {
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
          std::fflush(stream) == 0;
@@ -51,13 +56,13 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
   SourceFile const* file = sources.file(path, name);
   if (file == nullptr) {
     std::string const& shown = name.empty() ? path : name;
-    diagnostics.report(Code::file, {}, "can't read " + quoted(shown) + ": " + whyUnreadable(path));
+    diagnostics.report(Code::file, {}, "cannot read " + quoted(shown) + ": " + whyUnreadable(path));
   } else {
     CopySearch search(sources, directives.copying, path);
     TextPool pool;
     TextContext context{sources, diagnostics, search, pool, directives.reading};
     FileText text(context, file, {});
-    ReplaceStatements replaced(text, context);
+    ReplaceStatements replaced(text, context.pool, context.budget, context.diagnostics);
     Lexer lexer(replaced, pool);
     data.programName = baseName(path);
     Parser(lexer, pool, context.variables, diagnostics, data, [&context](Place place) {
@@ -65,12 +70,17 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
     }).parse();
     Checker(data, diagnostics).check();
     if (!diagnostics.hasErrors() && !data.isProgram && data.isEmpty() &&
-        context.indicatorLetter.isKnown()) {
-      diagnostics.report(Code::leftOut, context.indicatorLetter,
-                         "a letter in column 7 leaves lines out, and the others hold no data");
+        context.excludedLine.isKnown()) {
+      diagnostics.report(
+          Code::leftOut, context.excludedLine,
+          "lines with a letter in column 7 are ignored, and the others have no data");
     }
     if (directives.writesDictionary && !diagnostics.hasErrors()) {
-      result.dictionary = buildDictionary(data, directives.order, diagnostics);
+      if (hasDictionaryItems(data)) {
+        result.dictionary = buildDictionary(data, directives.order, diagnostics);
+      } else {
+        diagnostics.report(Code::noData, {}, describeMissingData(data, file->name));
+      }
     }
   }
   result.diagnostics = diagnostics.print();
@@ -79,18 +89,18 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
 }
 
 int compilerMain(std::vector<std::string> const& arguments) {
-  // Files that grow too large and readers that went away make writing fail.
+  // A file that is too large or a closed pipe makes the write fail.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
   DiskTree tree;
   CommandLine line = readCommandLine(arguments, tree);
   switch (line.action) {
     case CommandLine::Action::help:
-      return print(stdout, usageText()) ? kStatusOk : kStatusError;
+      return print(stdout, helpText()) ? kStatusOk : kStatusError;
     case CommandLine::Action::version:
       return print(stdout, "zbc " FDMORPH_VERSION "\n") ? kStatusOk : kStatusError;
     case CommandLine::Action::usageError:
-      print(stderr, "zbc: " + line.error + "\n" + usageText());
+      print(stderr, "zbc: " + line.error + "\n" + helpText());
       return kStatusUsageError;
     case CommandLine::Action::compile:
       break;
@@ -110,7 +120,7 @@ int compilerMain(std::vector<std::string> const& arguments) {
   print(stderr, result.diagnostics);
   if (result.dictionary.empty()) return result.status;
   if (std::optional<std::string> why = replaceFile(target, result.dictionary)) {
-    print(stderr, "zbc: error: can't write " + target + ": " + *why + " [file]\n");
+    print(stderr, "zbc: error: cannot write " + target + ": " + *why + " [file]\n");
     return kStatusError;
   }
   return result.status;

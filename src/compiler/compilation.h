@@ -11,22 +11,23 @@ inline constexpr int kStatusOk = 0;
 inline constexpr int kStatusError = 1;
 inline constexpr int kStatusUsageError = 2;
 
-/// What a compilation leaves.
+/// The result of a compilation.
 struct CompilationResult {
   int status = kStatusOk;
   std::string diagnostics;
-  std::string dictionary;  ///< empty if none is wanted or there were errors
+  std::string dictionary;  ///< empty if none was requested or there were errors
 };
 
-/// Compiles a source; no file is written. Messages call the source `name`; an
-/// empty name is that of the path.
-CompilationResult compileSource(std::string const& path, Directives const& directives,
-                                FileTree& tree, std::string const& name = {});
+/// Compiles a source without writing files. `name` is the name of the source in
+/// messages, the path if empty.
+[[nodiscard]] CompilationResult compileSource(std::string const& path, Directives const& directives,
+                                              FileTree& tree, std::string const& name = {});
 
-/// The dictionary's name: that of the source with the extension xml.
-std::string dictionaryPath(std::string const& sourcePath);
+/// The path of the dictionary: that of the source with the extension xml.
+[[nodiscard]] std::string dictionaryPath(std::string const& sourcePath);
 
-/// The compiler's `main`.
-int compilerMain(std::vector<std::string> const& arguments);
+/// Compiles the source named by the command line, without the program name, and
+/// writes its dictionary and diagnostics. Returns the exit status.
+[[nodiscard]] int compilerMain(std::vector<std::string> const& arguments);
 
 }  // namespace fdmorph::compiler

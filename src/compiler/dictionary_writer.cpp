@@ -30,29 +30,34 @@ char const* elementOf(ItemKind kind) {
   return "group";
 }
 
-// The name that stands for none.
+// The name of the element. An item without a name is FILLER.
 std::string_view nameOf(DataItem const& item) {
   return item.name.empty() ? "FILLER" : item.name;
 }
 
-// RENAMES of several items, or of a group, has no picture and no usage.
+// RENAMES of several items or of a group has no picture and no usage.
 bool isRange(DataItem const& item) {
   return item.level == kRenamesLevel && item.picture == nullptr &&
          item.effectiveUsage == Usage::none;
 }
 
-// The decimal digits of the largest number in so many bytes.
+// The number of decimal digits of the largest number of a size.
 std::uint64_t digitsOfBytes(std::uint64_t bytes) {
   constexpr std::array<std::uint64_t, 9> kDigits{1, 3, 5, 8, 10, 13, 15, 17, 20};
   return kDigits[std::min<std::uint64_t>(bytes, kDigits.size() - 1)];
 }
 
-/// A value of a condition, or a range.
+/// A value of a condition, or a range of values.
 struct ValueTexts {
   std::string from;
   std::string to;
   bool isRange;
 };
+
+bool hasFileItems(DataDivision const& data) {
+  return std::any_of(data.files.begin(), data.files.end(),
+                     [](FileDescription const& file) { return file.records.first != nullptr; });
+}
 
 class Writer {
  public:
@@ -81,9 +86,7 @@ class Writer {
 
  private:
   void writeFiles() {
-    bool isAny = false;
-    for (FileDescription const& file : m_data.files) isAny |= file.records.first != nullptr;
-    if (!isAny) return;
+    if (!hasFileItems(m_data)) return;
     m_xml.begin("fileSection");
     for (FileDescription const& file : m_data.files) {
       if (file.records.first == nullptr) continue;
@@ -99,8 +102,8 @@ class Writer {
     for (DataItem const* item = first; item != nullptr; item = item->next) writeItem(*item);
   }
 
-  // What only SYNCHRONIZED would say is said by bytes without a name, so that
-  // everything else keeps its place.
+  // Slack bytes are an unnamed item, so that a copybook without SYNCHRONIZED
+  // describes the same storage.
   void writeSlack(DataItem const& item) {
     m_xml.begin("alphanumeric");
     m_xml.attribute("name", "FILLER");
@@ -151,8 +154,8 @@ class Writer {
     m_xml.attribute("picture", item.picture->text);
   }
 
-  // A group that doesn't repeat says so: without bounds it would pass for a
-  // table of any number.
+  // Every group below a record has bounds. A reader takes a group without them for
+  // a table of any size.
   void writeOccurs(DataItem const& item) {
     bool isSubordinateGroup = item.isGroup() && item.parent != nullptr;
     if (!item.occurs && !isSubordinateGroup) return;
@@ -161,7 +164,7 @@ class Writer {
     if (item.dependingOn != nullptr) {
       m_xml.attribute("odo", dottedName(*item.dependingOn));
     } else if (item.occurs && item.occurs->isDepending) {
-      m_xml.attribute("odo", item.occurs->depending.name);  // the system's own
+      m_xml.attribute("odo", item.occurs->depending.name);  // a system item
     }
   }
 
@@ -195,11 +198,10 @@ class Writer {
   }
 
   void reportLost(ValueRange const& range) {
-    m_diagnostics.report(Code::valueLost, range.from.place,
-                         "the value is left out of the dictionary");
+    m_diagnostics.report(Code::valueLost, range.from.place, "value is left out of the dictionary");
   }
 
-  // Nothing for values that no text stands for.
+  // Returns nothing for values without a text.
   std::optional<std::string> textOf(Literal const& value, DataItem const& item) const {
     ItemKind kind = kindOf(item);
     Picture const* picture = item.isGroup() ? nullptr : item.picture;
@@ -214,7 +216,7 @@ class Writer {
     return text;
   }
 
-  // A condition without any value that can be told is no condition.
+  // A condition whose values are all left out is left out, too.
   void writeCondition(DataItem const& condition, DataItem const& item) {
     bool isNumeric = kindOf(item) == ItemKind::numeric;
     std::vector<ValueTexts> values;
@@ -247,11 +249,15 @@ class Writer {
 
   DataDivision const& m_data;
   Diagnostics& m_diagnostics;
-  std::unordered_map<DataItem const*, std::string_view> m_files;  // of records
+  std::unordered_map<DataItem const*, std::string_view> m_files;  // by record
   XmlWriter<Utf8OrLatin1> m_xml;
 };
 
 }  // namespace
+
+bool hasDictionaryItems(DataDivision const& data) {
+  return data.workingStorage.first != nullptr || hasFileItems(data);
+}
 
 std::string buildDictionary(DataDivision const& data, DictionaryOrder order,
                             Diagnostics& diagnostics) {

@@ -1,4 +1,4 @@
-// The dictionary writer, the last pass: the data of a program as XML.
+// The dictionary writer, the last pass: writes the data of a program as XML.
 //
 // It runs only on data that was checked without errors.
 #pragma once
@@ -15,9 +15,13 @@ enum class DictionaryOrder {
   filesFirst,
 };
 
-/// The dictionary as a document. Warns of values that XML can't hold; they are
-/// left out.
-std::string buildDictionary(DataDivision const& data, DictionaryOrder order,
-                            Diagnostics& diagnostics);
+/// Whether a dictionary of this data would have items. The sections that a caller
+/// shares with the program, local storage and linkage, are not part of it.
+[[nodiscard]] bool hasDictionaryItems(DataDivision const& data);
+
+/// The dictionary as an XML document. Values that it cannot hold are left out with
+/// a warning.
+[[nodiscard]] std::string buildDictionary(DataDivision const& data, DictionaryOrder order,
+                                          Diagnostics& diagnostics);
 
 }  // namespace fdmorph::compiler

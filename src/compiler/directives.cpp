@@ -28,11 +28,11 @@ bool setFormat(std::string_view parameter, Directives& directives) {
 
 bool setTabs(std::string_view parameter, Directives& directives) {
   unsigned tabs = 0;
-  auto [end, fault] = std::from_chars(parameter.data(), parameter.data() + parameter.size(), tabs);
-  bool isGood = fault == std::errc() && end == parameter.data() + parameter.size() && tabs > 0 &&
-                tabs <= kMaxTabs;
-  if (isGood) directives.reading.tabs = tabs;
-  return isGood;
+  auto [end, error] = std::from_chars(parameter.data(), parameter.data() + parameter.size(), tabs);
+  bool isValid = error == std::errc() && end == parameter.data() + parameter.size() && tabs > 0 &&
+                 tabs <= kMaxTabs;
+  if (isValid) directives.reading.tabs = tabs;
+  return isValid;
 }
 
 std::vector<std::string> split(std::string_view text, char separator) {
@@ -51,7 +51,7 @@ bool setCopyPath(std::string_view parameter, Directives& directives) {
   return true;
 }
 
-// A member may go without an extension always.
+// A member without an extension is always allowed.
 bool setCopyExtensions(std::string_view parameter, Directives& directives) {
   directives.copying.extensions.clear();
   for (std::string& each : split(parameter, ',')) {
@@ -64,7 +64,7 @@ bool setCopyExtensions(std::string_view parameter, Directives& directives) {
   return true;
 }
 
-// No object code is made and nothing is left for a debugger.
+// zbc makes neither object code nor debugging information.
 bool ignore(std::string_view, Directives&) {
   return true;
 }
@@ -86,11 +86,12 @@ bool isBlank(char c) {
   return static_cast<unsigned char>(c) <= ' ';
 }
 
-/// Cuts `NAME`, `NAME(PARAMETER)` and `NAME"PARAMETER"` off a text.
+/// Reads `NAME`, `NAME(PARAMETER)` and `NAME"PARAMETER"` one after another.
 class DirectiveReader {
  public:
   explicit DirectiveReader(std::string_view text) : m_text(text) {}
 
+  // Reads the next directive. Returns false at the end of the text.
   bool next() {
     while (m_at < m_text.size() && isBlank(m_text[m_at])) ++m_at;
     std::size_t begin = m_at;
@@ -100,7 +101,7 @@ class DirectiveReader {
     }
     name = m_text.substr(begin, m_at - begin);
     parameter = {};
-    // Blanks may stand before the parenthesis.
+    // Blanks may precede the parenthesis.
     std::size_t next = m_at;
     while (next < m_text.size() && isBlank(m_text[next])) ++next;
     if (next < m_text.size() && m_text[next] == '(') m_at = next;

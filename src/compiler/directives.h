@@ -1,4 +1,4 @@
-// Compiler directives of the command line and of directive files.
+// Compiler directives on the command line and in directive files.
 #pragma once
 
 #include <optional>
@@ -21,12 +21,15 @@ struct Directives {
   std::vector<std::string> unknown;  ///< each once, in upper case
 };
 
-/// Applies directives, separated by blanks, as in `NOOBJ XMLGEN(WS)`. The
-/// result is the directive whose parameter is wrong, or nothing.
-std::optional<std::string> applyDirectives(std::string_view text, Directives& directives);
+/// Applies directives that are separated by blanks, as in `NOOBJ XMLGEN(WS)`.
+/// Returns the directive whose parameter is invalid, if there is one; those after
+/// it are not applied.
+[[nodiscard]] std::optional<std::string> applyDirectives(std::string_view text,
+                                                         Directives& directives);
 
-/// Applies the directives of a file: one or more a line; what follows an
-/// asterisk at the beginning of a line is a comment.
-std::optional<std::string> applyDirectiveFile(std::string_view content, Directives& directives);
+/// Applies the directives of a file, one or more on a line. Lines that begin with
+/// an asterisk are comments. Returns the same as applyDirectives.
+[[nodiscard]] std::optional<std::string> applyDirectiveFile(std::string_view content,
+                                                            Directives& directives);
 
 }  // namespace fdmorph::compiler

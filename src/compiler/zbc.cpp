@@ -1,4 +1,4 @@
-// The data-division compiler.
+// zbc, the data division compiler.
 #include "compiler/compilation.h"
 
 int main(int count, char** arguments) {

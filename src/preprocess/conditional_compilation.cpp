@@ -17,7 +17,7 @@ std::string_view withoutTrailing(std::string_view text, char filler) {
   return text.substr(0, last == std::string_view::npos ? 0 : last + 1);
 }
 
-/// A decimal number, comparable at any length.
+/// A decimal number of any length, for comparison.
 struct Decimal {
   explicit Decimal(std::string_view text) {
     bool isMinus = !text.empty() && text.front() == '-';
@@ -49,9 +49,9 @@ int compareNumbers(std::string_view left, std::string_view right) {
   return signOf(order) * a.sign;
 }
 
-constexpr int kMaxDepth = 64;  // parentheses and NOTs within each other
+constexpr int kMaxDepth = 64;  // of parentheses and NOTs
 
-/// How two values may lie for a comparison to hold.
+/// The orders of two values for which a relation holds.
 struct Relation {
   bool isLess = false;
   bool isEqual = false;
@@ -62,6 +62,7 @@ struct Relation {
   }
 };
 
+/// Reads and evaluates a condition. After an error it reads no further.
 class Evaluator {
  public:
   Evaluator(std::vector<TextWord> const& words, std::size_t begin,
@@ -70,19 +71,32 @@ class Evaluator {
 
   ConditionResult evaluate() {
     m_result.isTrue = readCondition();
-    if (isRight() && m_at < m_words.size()) fail("doesn't fit into the condition");
+    if (isValid() && m_at < m_words.size()) failAtWord("unexpected ", " after the condition");
     return m_result;
   }
 
  private:
-  bool isRight() const { return m_result.error.empty(); }
+  /// An operand: a value, or a name, which may have none.
+  struct Operand {
+    std::optional<CompileValue> value;
+    bool isName = false;
+  };
 
-  bool fail(char const* text) {
-    if (!isRight()) return false;
-    bool isEnd = m_at >= m_words.size();
-    m_result.error = (isEnd ? "the end of the line" : quoted(m_words[m_at].text)) + " " + text;
-    m_result.place = m_at;
+  bool isValid() const { return m_result.error.empty(); }
+
+  std::string wordNext() const {
+    return m_at < m_words.size() ? quoted(m_words[m_at].text) : "the end of the line";
+  }
+
+  bool fail(std::string text) {
+    if (!isValid()) return false;
+    m_result.error = std::move(text);
+    m_result.errorIndex = m_at;
     return false;
+  }
+
+  bool failAtWord(std::string const& before, std::string const& after = {}) {
+    return fail(before + wordNext() + after);
   }
 
   bool skip(std::string_view word) {
@@ -98,24 +112,24 @@ class Evaluator {
 
   bool readCondition() {
     bool result = readConjunction();
-    while (isRight() && skip("OR")) result = readConjunction() || result;
+    while (isValid() && skip("OR")) result = readConjunction() || result;
     return result;
   }
 
   bool readConjunction() {
     bool result = readNegation();
-    while (isRight() && skip("AND")) result = readNegation() && result;
+    while (isValid() && skip("AND")) result = readNegation() && result;
     return result;
   }
 
   bool readNegation() {
-    if (++m_depth > kMaxDepth) return fail("is nested too deeply");
+    if (++m_depth > kMaxDepth) return fail("condition is nested too deeply");
     bool result = false;
     if (skip("NOT")) {
       result = !readNegation();
     } else if (skip('(')) {
       result = readCondition();
-      if (isRight() && !skip(')')) fail("stands where ')' is missing");
+      if (isValid() && !skip(')')) failAtWord("expected ')' before ");
     } else {
       result = readRelation();
     }
@@ -123,51 +137,52 @@ class Evaluator {
     return result;
   }
 
-  bool readRelation() {
-    CompileValue left;
-    bool isName = false;
-    bool isKnown = true;
-    if (!readCompileValue(m_words, m_at, left)) {
-      isName = m_at < m_words.size() && m_words[m_at].kind == TextWord::Kind::word;
-      if (!isName) return fail("is nothing that can be compared");
-      isKnown = find(m_words[m_at++].text, left);
+  std::optional<Operand> readOperand() {
+    if (std::optional<ReadValue> read = readCompileValue(m_words, m_at)) {
+      m_at = read->end;
+      return Operand{std::move(read->value), false};
     }
+    bool isName = m_at < m_words.size() && m_words[m_at].kind == TextWord::Kind::word;
+    if (!isName) {
+      failAtWord("expected a name, number or literal, found ");
+      return std::nullopt;
+    }
+    auto found = m_variables.find(m_words[m_at++].text);
+    if (found == m_variables.end()) return Operand{std::nullopt, true};
+    return Operand{found->second, true};
+  }
+
+  bool readRelation() {
+    std::optional<Operand> left = readOperand();
+    if (!left) return false;
     skip("IS");
     bool isNegated = skip("NOT");
-    if (isName && (skip("DEFINED") || skip("SET"))) return isKnown != isNegated;
-    Relation relation;
-    if (!readRelationName(relation)) return fail("is no comparison");
+    if (left->isName && (skip("DEFINED") || skip("SET"))) {
+      return left->value.has_value() != isNegated;
+    }
+    std::optional<Relation> relation = readRelationName();
+    if (!relation) return failAtWord("expected a relational operator, found ");
     std::size_t second = m_at;
-    CompileValue right;
-    if (!readCompileValue(m_words, m_at, right)) {
-      if (m_at >= m_words.size() || m_words[m_at].kind != TextWord::Kind::word) {
-        return fail("is nothing that can be compared");
-      }
-      if (!find(m_words[m_at++].text, right)) isKnown = false;
-    }
-    // A name that isn't defined, as that of a parameter, equals nothing.
-    if (!isKnown) return isNegated;
-    if (left.isNumber != right.isNumber) {
+    std::optional<Operand> right = readOperand();
+    if (!right) return false;
+    // A name without a value, as that of a parameter, equals nothing.
+    if (!left->value || !right->value) return isNegated;
+    if (left->value->isNumber != right->value->isNumber) {
       m_at = second;
-      return fail("is compared with a value of another kind");
+      return failAtWord(left->value->isNumber ? "expected a number to compare with, found "
+                                              : "expected a literal to compare with, found ");
     }
-    return relation.holds(compareCompileValues(left, right)) != isNegated;
+    return relation->holds(compareCompileValues(*left->value, *right->value)) != isNegated;
   }
 
-  bool find(std::string_view name, CompileValue& value) const {
-    auto found = m_variables.find(name);
-    if (found == m_variables.end()) return false;
-    value = found->second;
-    return true;
-  }
-
-  bool readRelationName(Relation& relation) {
+  std::optional<Relation> readRelationName() {
+    Relation relation;
     if (skip('=')) {
       relation.isEqual = true;
     } else if (skip('<')) {
       relation.isLess = true;
       relation.isGreater = skip('>');
-      if (!relation.isGreater) relation.isEqual = skip('=');
+      relation.isEqual = !relation.isGreater && skip('=');
     } else if (skip('>')) {
       relation.isGreater = true;
       relation.isEqual = skip('=');
@@ -176,25 +191,25 @@ class Evaluator {
       skip("TO");
     } else if (skip("LESS")) {
       relation.isLess = true;
-      readWordsOfRelation(relation);
+      relation.isEqual = readOrEqual();
     } else if (skip("GREATER")) {
       relation.isGreater = true;
-      readWordsOfRelation(relation);
+      relation.isEqual = readOrEqual();
     } else {
-      return false;
+      return std::nullopt;
     }
-    return true;
+    return relation;
   }
 
-  // THAN, OR EQUAL TO
-  void readWordsOfRelation(Relation& relation) {
+  // THAN, THAN OR EQUAL TO
+  bool readOrEqual() {
     skip("THAN");
     bool isOrEqual = m_at + 1 < m_words.size() && m_words[m_at].isWord("OR") &&
                      m_words[m_at + 1].isWord("EQUAL");
-    if (!isOrEqual) return;
+    if (!isOrEqual) return false;
     m_at += 2;
-    relation.isEqual = true;
     skip("TO");
+    return true;
   }
 
   std::vector<TextWord> const& m_words;
@@ -206,31 +221,25 @@ class Evaluator {
 
 }  // namespace
 
-bool readCompileValue(std::vector<TextWord> const& words, std::size_t& at, CompileValue& value) {
-  std::size_t next = at;
+std::optional<ReadValue> readCompileValue(std::vector<TextWord> const& words, std::size_t at) {
   std::string number;
-  if (next < words.size() && isSign(words[next])) number += words[next++].text;
-  if (next >= words.size()) return false;
-  if (words[next].kind == TextWord::Kind::literal && number.empty() && !words[next].isOpen) {
-    value = {decodeLiteral(words[next].text).text, false};
-    at = next + 1;
-    return true;
+  if (at < words.size() && isSign(words[at])) number += words[at++].text;
+  if (at >= words.size()) return std::nullopt;
+  if (words[at].kind == TextWord::Kind::literal && number.empty() && !words[at].isOpen) {
+    return ReadValue{{decodeLiteral(words[at].text).text, false}, at + 1};
   }
-  std::string_view digits = words[next].text;
-  // A sign that is a hyphen belongs to the word.
+  std::string_view digits = words[at].text;
+  // A hyphen is a character of the word that follows it.
   if (number.empty() && digits.size() > 1 && digits.front() == '-') digits.remove_prefix(1);
-  if (words[next].kind != TextWord::Kind::word || !isAllDigits(digits)) return false;
-  number += words[next++].text;
-  bool hasFraction = next + 1 < words.size() && words[next].is('.') &&
-                     !words[next].precededBySpace && !words[next + 1].precededBySpace &&
-                     isAllDigits(words[next + 1].text);
+  if (words[at].kind != TextWord::Kind::word || !isAllDigits(digits)) return std::nullopt;
+  number += words[at++].text;
+  bool hasFraction = at + 1 < words.size() && words[at].is('.') && !words[at].precededBySpace &&
+                     !words[at + 1].precededBySpace && isAllDigits(words[at + 1].text);
   if (hasFraction) {
-    (number += '.') += words[next + 1].text;
-    next += 2;
+    (number += '.') += words[at + 1].text;
+    at += 2;
   }
-  value = {number, true};
-  at = next;
-  return true;
+  return ReadValue{{std::move(number), true}, at};
 }
 
 int compareCompileValues(CompileValue const& left, CompileValue const& right) {
@@ -252,7 +261,7 @@ void ConditionalText::apply(TextWord const& mark, std::vector<TextWord> const& w
     change(mark, words);
   } else if (verb.isWord("END-IF") || verb.isWord("END")) {
     close(mark);
-  } else if (isPassedOver()) {
+  } else if (isSkipping()) {
     return;
   } else if (verb.isWord("DEFINE")) {
     define(mark, words);
@@ -264,14 +273,15 @@ void ConditionalText::apply(TextWord const& mark, std::vector<TextWord> const& w
 bool ConditionalText::isTrue(TextWord const& mark, std::vector<TextWord> const& words) {
   ConditionResult result = evaluateCondition(words, 1, m_variables);
   if (result.error.empty()) return result.isTrue;
-  report(result.place < words.size() ? words[result.place].place : mark.place, result.error);
+  report(result.errorIndex < words.size() ? words[result.errorIndex].place : mark.place,
+         result.error);
   return false;
 }
 
 void ConditionalText::open(TextWord const& mark, std::vector<TextWord> const& words) {
   Branch branch;
   branch.place = mark.place;
-  branch.isOutside = isPassedOver();
+  branch.isOutside = isSkipping();
   branch.isTaken = !branch.isOutside && isTrue(mark, words);
   branch.isDone = branch.isTaken;
   m_branches.push_back(branch);
@@ -280,12 +290,12 @@ void ConditionalText::open(TextWord const& mark, std::vector<TextWord> const& wo
 void ConditionalText::change(TextWord const& mark, std::vector<TextWord> const& words) {
   bool isElse = words.front().isWord("ELSE");
   if (m_branches.empty() || m_branches.back().isLast) {
-    report(mark.place, upperCase(words.front().text) + " belongs to no IF directive");
+    report(mark.place, upperCase(words.front().text) + " without IF");
     return;
   }
   Branch& branch = m_branches.back();
   branch.isLast = isElse;
-  // Later conditions are not looked at once a branch was taken.
+  // Conditions after a branch that was taken are not evaluated.
   bool isCandidate = !branch.isOutside && !branch.isDone;
   branch.isTaken = isCandidate && (isElse || isTrue(mark, words));
   branch.isDone |= branch.isTaken;
@@ -293,19 +303,19 @@ void ConditionalText::change(TextWord const& mark, std::vector<TextWord> const& 
 
 void ConditionalText::close(TextWord const& mark) {
   if (m_branches.empty()) {
-    report(mark.place, "END-IF belongs to no IF directive");
+    report(mark.place, "END-IF without IF");
     return;
   }
   m_branches.pop_back();
 }
 
 void ConditionalText::end() {
-  for (Branch const& each : m_branches) report(each.place, "the IF directive lacks its END-IF");
+  for (Branch const& each : m_branches) report(each.place, "IF without END-IF");
   m_branches.clear();
 }
 
-// DEFINE [CONSTANT] name [AS] value [OVERRIDE], or OFF, or PARAMETER in place
-// of the value: a parameter that nothing sets stays undefined.
+// DEFINE [CONSTANT] name [AS] value [OVERRIDE], with OFF or PARAMETER in place of
+// the value. Parameters cannot be set and stay undefined.
 void ConditionalText::define(TextWord const& mark, std::vector<TextWord> const& words) {
   std::size_t at = 1;
   auto skip = [&](std::string_view word) {
@@ -315,7 +325,7 @@ void ConditionalText::define(TextWord const& mark, std::vector<TextWord> const& 
   };
   if (at + 1 < words.size() && !words[at + 1].isWord("AS")) skip("CONSTANT");
   if (at >= words.size() || words[at].kind != TextWord::Kind::word) {
-    report(mark.place, "DEFINE is not followed by a name");
+    report(mark.place, "expected a name after DEFINE");
     return;
   }
   TextWord const& name = words[at++];
@@ -326,37 +336,41 @@ void ConditionalText::define(TextWord const& mark, std::vector<TextWord> const& 
     return;
   }
   CompileValue value;
-  if (!readCompileValue(words, at, value)) {
+  if (std::optional<ReadValue> read = readCompileValue(words, at)) {
+    value = std::move(read->value);
+    at = read->end;
+  } else {
     auto other = at < words.size() ? m_variables.find(words[at].text) : m_variables.end();
     if (other == m_variables.end()) {
-      report(name.place, quoted(name.text) + " is defined by no value");
+      report(name.place, "expected a value for " + quoted(name.text));
       return;
     }
     value = other->second;
     ++at;
   }
   if (value.text.size() > kMaxLiteralSize) {
-    report(name.place, "the value of " + quoted(name.text) + " is longer than a literal may be");
+    report(name.place, "value of " + quoted(name.text) + " is longer than " +
+                           std::to_string(kMaxLiteralSize) + " bytes");
     return;
   }
   bool isOverride = skip("OVERRIDE");
   auto [known, isNew] = m_variables.try_emplace(std::string(name.text), value);
   if (!isNew && !isOverride && known->second != value) {
-    report(name.place, quoted(name.text) + " is defined already, with another value");
+    report(name.place, quoted(name.text) + " is already defined with another value");
     return;
   }
   known->second = value;
 }
 
-// SET CONSTANT name(value), name=value or name value, among other settings.
+// SET CONSTANT name(value), name=value or name value. Other settings are ignored.
 void ConditionalText::setConstants(std::vector<TextWord> const& words) {
   for (std::size_t i = 0; i + 2 < words.size(); ++i) {
     if (!words[i].isWord("CONSTANT")) continue;
     std::size_t at = i + 1;
     std::string name(words[at++].text);
     if (words[at].is('(') || words[at].is('=')) ++at;
-    CompileValue value;
-    if (readCompileValue(words, at, value)) m_variables[name] = value;
+    std::optional<ReadValue> read = readCompileValue(words, at);
+    if (read) m_variables[name] = std::move(read->value);
   }
 }
 

@@ -1,4 +1,4 @@
-// Conditional compilation: which lines of a file count.
+// Conditional compilation: which lines of a file are compiled.
 #pragma once
 
 #include <optional>
@@ -13,65 +13,71 @@
 
 namespace fdmorph::compiler {
 
-/// The value of a variable, or one side of a comparison.
+/// The value of a compilation variable or an operand of a comparison.
 struct CompileValue {
   std::string text;       ///< without quotes; a number as written
-  bool isNumber = false;  ///< compared by its value
+  bool isNumber = false;  ///< otherwise it is a text
 
   bool operator==(CompileValue const& other) const = default;
 };
 
-/// The variables of a compilation. A member sees those of the text that copies
-/// it, and leaves its own behind.
+/// The variables of a compilation by name. All files share them.
 using CompileVariables =
     std::unordered_map<std::string, CompileValue, CaseInsensitiveHash, CaseInsensitiveEqual>;
 
-/// The value of a literal or number that begins at words[at]; `at` moves behind
-/// it. False, with nothing moved, if there is none.
-bool readCompileValue(std::vector<TextWord> const& words, std::size_t& at, CompileValue& value);
-
-/// Below, at or above zero as `left` is less than, equal to or greater than
-/// `right`, which is of the same kind. Texts compare as if filled up with
-/// blanks.
-int compareCompileValues(CompileValue const& left, CompileValue const& right);
-
-/// What came of a condition.
-struct ConditionResult {
-  bool isTrue = false;
-  std::string error;      ///< empty if the condition is right
-  std::size_t place = 0;  ///< of the mistake: an index of the words, or their number
+/// A value read from a list of words.
+struct ReadValue {
+  CompileValue value;
+  std::size_t end = 0;  ///< the index of the word after it
 };
 
-/// Works out words[begin] and what follows: `NAME DEFINED`, comparisons of
-/// names, numbers and literals, with NOT, AND, OR and parentheses.
-ConditionResult evaluateCondition(std::vector<TextWord> const& words, std::size_t begin,
-                                  CompileVariables const& variables);
+/// The literal or number that begins at words[at]; nothing if there is none.
+[[nodiscard]] std::optional<ReadValue> readCompileValue(std::vector<TextWord> const& words,
+                                                        std::size_t at);
 
-/// The directives of one file, obeyed in their order: DEFINE, SET CONSTANT,
-/// IF, ELIF, ELSE and END-IF, with ">>" or "$" before them.
+/// Less than, equal to or greater than zero as `left` is less than, equal to or
+/// greater than `right`, which is of the same kind. Trailing blanks of texts are
+/// ignored.
+[[nodiscard]] int compareCompileValues(CompileValue const& left, CompileValue const& right);
+
+struct ConditionResult {
+  bool isTrue = false;
+  std::string error;           ///< empty if the condition is valid
+  std::size_t errorIndex = 0;  ///< of the word in error; the number of words at the end
+};
+
+/// Evaluates the condition that begins at words[begin] and extends to the last
+/// word: `NAME DEFINED` and comparisons of names, numbers and literals, with NOT,
+/// AND, OR and parentheses.
+[[nodiscard]] ConditionResult evaluateCondition(std::vector<TextWord> const& words,
+                                                std::size_t begin,
+                                                CompileVariables const& variables);
+
+/// Executes the directives of one file in their order: DEFINE, SET CONSTANT, IF,
+/// ELIF, ELSE and END-IF, with ">>" or "$" before them.
 class ConditionalText {
  public:
   ConditionalText(CompileVariables& variables, Diagnostics& diagnostics)
       : m_variables(variables), m_diagnostics(diagnostics) {}
 
-  /// Obeys a directive: its words, without the mark before them. Reports what
-  /// is wrong with it.
+  /// Executes a directive and reports its errors. `mark` is the ">>" or "$" and
+  /// `words` are the words after it.
   void apply(TextWord const& mark, std::vector<TextWord> const& words);
 
-  /// Whether what follows lies in a branch that isn't taken.
-  bool isPassedOver() const { return !m_branches.empty() && !m_branches.back().isTaken; }
+  /// Whether the following text is in a branch that is not taken.
+  bool isSkipping() const { return !m_branches.empty() && !m_branches.back().isTaken; }
 
-  /// Reports branches that are still open. To be called at the file's end.
+  /// Reports an IF without END-IF. To be called at the end of the file.
   void end();
 
  private:
-  /// An IF that isn't closed.
+  /// An IF without its END-IF. The last branch of it is the one being read.
   struct Branch {
     Place place;
-    bool isOutside = false;  ///< it lies itself in a branch that isn't taken
-    bool isDone = false;     ///< a branch of it was taken
-    bool isTaken = false;    ///< the one that is open is
-    bool isLast = false;     ///< the one that is open is ELSE
+    bool isOutside = false;  ///< the IF is in a branch that is not taken
+    bool isDone = false;     ///< one of its branches was taken
+    bool isTaken = false;    ///< the last branch is taken
+    bool isLast = false;     ///< the last branch is ELSE
   };
 
   void define(TextWord const& mark, std::vector<TextWord> const& words);

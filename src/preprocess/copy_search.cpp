@@ -1,8 +1,10 @@
 #include "preprocess/copy_search.h"
 
-#include "text/output_file.h"
-
 #include <algorithm>
+#include <array>
+
+#include "text/output_file.h"
+#include "text/letter_case.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -12,9 +14,9 @@ std::string lowerCase(std::string text) {
   return text;
 }
 
-std::string upperCaseOf(std::string text) {
-  for (char& c : text) c = c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  return text;
+/// A name as written, in lower case and in upper case.
+std::array<std::string, 3> spellingsOf(std::string const& name) {
+  return {name, lowerCase(name), upperCase(name)};
 }
 
 std::string withSlash(std::string folder) {
@@ -22,32 +24,57 @@ std::string withSlash(std::string folder) {
   return folder;
 }
 
+std::string withoutSlash(std::string folder) {
+  if (folder.size() > 1 && folder.back() == '/') folder.pop_back();
+  return folder.empty() ? "." : folder;
+}
+
+void addOnce(std::vector<std::string>& list, std::string text) {
+  if (std::find(list.begin(), list.end(), text) == list.end()) list.push_back(std::move(text));
+}
+
 }  // namespace
 
-CopySearch::CopySearch(Sources& sources, CopyRules rules, std::string const& sourcePath)
-    : m_sources(sources), m_rules(std::move(rules)), m_sourceFolder(folderOf(sourcePath)) {}
+CopySearch::CopySearch(Sources& sources, CopyRules rules, std::string sourcePath)
+    : m_sources(sources), m_rules(std::move(rules)), m_sourcePath(std::move(sourcePath)) {}
 
 SourceFile const* CopySearch::find(std::string_view member, std::string_view library,
                                    std::string_view copyingPath) {
   std::string name(member);
   if (name.empty()) return nullptr;
-  if (name.front() == '/') return searchFolder("", name);
   std::string copyingFolder = folderOf(copyingPath);
-  // A line feed stands in no name.
+  // No name contains a line feed.
   std::string key = name + '\n' + std::string(library) + '\n' + copyingFolder;
   auto [entry, isNew] = m_found.try_emplace(key, nullptr);
-  if (isNew) entry->second = search(name, std::string(library), copyingFolder);
+  if (!isNew) return entry->second;
+  m_isSourceSkipped = false;
+  entry->second = search(name, std::string(library), copyingFolder);
+  if (entry->second == nullptr && m_isSourceSkipped) entry->second = m_sources.file(m_sourcePath);
   return entry->second;
+}
+
+std::vector<std::string> CopySearch::foldersSearched(std::string_view copyingPath) const {
+  std::vector<std::string> folders;
+  for (std::string& each : foldersFor(folderOf(copyingPath))) {
+    addOnce(folders, withoutSlash(std::move(each)));
+  }
+  return folders;
+}
+
+std::vector<std::string> CopySearch::foldersFor(std::string const& copyingFolder) const {
+  std::vector<std::string> folders{folderOf(m_sourcePath)};
+  addOnce(folders, copyingFolder);
+  for (std::string const& each : m_rules.folders) addOnce(folders, withSlash(each));
+  return folders;
 }
 
 SourceFile const* CopySearch::search(std::string const& member, std::string const& library,
                                      std::string const& copyingFolder) {
-  std::vector<std::string> folders{m_sourceFolder};
-  if (copyingFolder != m_sourceFolder) folders.push_back(copyingFolder);
-  for (std::string const& each : m_rules.folders) folders.push_back(withSlash(each));
+  if (member.front() == '/') return searchFolder("", member);
+  std::vector<std::string> folders = foldersFor(copyingFolder);
   if (!library.empty()) {
     for (std::string const& folder : folders) {
-      for (std::string const& each : {library, lowerCase(library), upperCaseOf(library)}) {
+      for (std::string const& each : spellingsOf(library)) {
         if (SourceFile const* file = searchFolder(folder + withSlash(each), member)) return file;
       }
     }
@@ -59,14 +86,15 @@ SourceFile const* CopySearch::search(std::string const& member, std::string cons
 }
 
 SourceFile const* CopySearch::searchFolder(std::string const& folder, std::string const& member) {
-  std::vector<std::string> names{member};
-  for (std::string const& each : {lowerCase(member), upperCaseOf(member)}) {
-    if (std::find(names.begin(), names.end(), each) == names.end()) names.push_back(each);
-  }
+  std::vector<std::string> names;
+  for (std::string& each : spellingsOf(member)) addOnce(names, std::move(each));
   for (std::string const& name : names) {
     for (std::string const& extension : m_rules.extensions) {
       std::string path = folder + name;
       if (!extension.empty()) (path += '.') += extension;
+      bool isSource = path == m_sourcePath;
+      m_isSourceSkipped |= isSource;
+      if (isSource) continue;
       if (SourceFile const* file = m_sources.file(path)) return file;
     }
   }

@@ -15,18 +15,23 @@ bool isSame(TextWord const& left, TextWord const& right) {
   return equalsIgnoringCase(left.text, right.text);
 }
 
+/// Reads `A BY B` again and again, up to a period.
 class PhraseReader {
  public:
   PhraseReader(TextWord word, std::function<TextWord()> const& next) : m_word(word), m_next(next) {}
 
-  std::optional<TextWord> read(ReplacementList& list) {
-    if (readAll(list)) return std::nullopt;
-    TextWord error = m_word;
-    skipToPeriod();
-    return error;
+  std::optional<ReplacementError> read(ReplacementList& list) {
+    readAll(list);
+    if (m_error) skipToPeriod();
+    return m_error;
   }
 
  private:
+  bool fail(char const* expected) {
+    m_error = {m_word, expected};
+    return false;
+  }
+
   bool readAll(ReplacementList& list) {
     do {
       Replacement replacement;
@@ -37,9 +42,10 @@ class PhraseReader {
         advance();
         skipSeparators();
       }
-      if (!readOperand(replacement.from) || replacement.from.empty()) return false;
+      if (!readOperand(replacement.from)) return false;
+      if (replacement.from.empty()) return fail("text to replace");
       skipSeparators();
-      if (!m_word.isWord("BY")) return false;
+      if (!m_word.isWord("BY")) return fail("BY");
       advance();
       skipSeparators();
       if (!readOperand(replacement.to)) return false;
@@ -53,7 +59,7 @@ class PhraseReader {
     while (m_word.is(',') || m_word.is(';')) advance();
   }
 
-  // A period in pseudo-text isn't the statement's.
+  // A period in pseudo-text does not end the statement.
   void skipToPeriod() {
     bool isInside = false;
     for (; !m_word.isEnd() && (isInside || !m_word.is('.')); advance()) {
@@ -67,10 +73,12 @@ class PhraseReader {
     if (m_word.kind == TextWord::Kind::pseudo) return readPseudoText(words);
     bool isSigned = m_word.is('+') || m_word.is('-');
     if (isSigned) take(words);
-    if (m_word.kind == TextWord::Kind::end || m_word.kind == TextWord::Kind::pseudo) return false;
-    if (m_word.kind == TextWord::Kind::symbol && !m_word.is(':')) return false;
+    bool isOperand = m_word.kind == TextWord::Kind::word ||
+                     m_word.kind == TextWord::Kind::literal || m_word.is(':');
+    if (!isOperand) return fail("a word, literal or pseudo-text");
     take(words);
-    // A word with a tag in it, a decimal number, a picture: no blank within.
+    // The operand extends to a blank: a word with a tag, a decimal number or a
+    // picture.
     while (!m_word.precededBySpace && isInnerSymbol()) take(words);
     readQualifiers(words);
     return true;
@@ -99,7 +107,7 @@ class PhraseReader {
   bool readPseudoText(std::vector<TextWord>& words) {
     advance();
     while (m_word.kind != TextWord::Kind::pseudo) {
-      if (m_word.kind == TextWord::Kind::end) return false;
+      if (m_word.kind == TextWord::Kind::end) return fail("'=='");
       take(words);
     }
     advance();
@@ -113,12 +121,13 @@ class PhraseReader {
 
   TextWord m_word;
   std::function<TextWord()> const& m_next;
+  std::optional<ReplacementError> m_error;
 };
 
 }  // namespace
 
 void ReplacementList::add(Replacement replacement) {
-  // Separators are skipped on both sides; a comma in a picture is none.
+  // Separators are skipped on both sides. A comma in a picture is not a separator.
   std::vector<TextWord> from;
   for (std::size_t i = 0; i < replacement.from.size(); ++i) {
     bool isLast = i + 1 == replacement.from.size() || replacement.from[i + 1].precededBySpace;
@@ -152,7 +161,7 @@ ReplacementList::Indexes const* ReplacementList::ofWord(std::string_view word) c
   return found == m_byFirst.end() ? nullptr : &found->second.alone;
 }
 
-bool ReplacementList::hasMore(std::string_view first) const {
+bool ReplacementList::hasLonger(std::string_view first) const {
   auto found = m_byFirst.find(first);
   return found != m_byFirst.end() && !found->second.bySecond.empty();
 }
@@ -206,7 +215,8 @@ TextWord Replacer::next() {
   }
 }
 
-// Follows PICTURE IS and the run of words without blanks behind it.
+// Whether the word is part of a picture: of the words after PICTURE IS up to a
+// blank. To be called once for each word.
 bool Replacer::isPictureWord(TextWord const& word) {
   if (m_picture == PictureState::announced && !word.isWord("IS")) {
     m_picture = PictureState::inside;
@@ -225,10 +235,10 @@ bool Replacer::replaceHere(bool isInPicture) {
   std::string_view word = ahead(0).text;
   std::optional<std::size_t> part;
   if (ahead(0).kind == TextWord::Kind::word) part = m_list.ofPart(word);
-  std::size_t end = part ? *part : std::string::npos;
+  std::size_t last = part ? *part : std::string::npos;
   ReplacementList::Indexes const* longer = nullptr;
-  if (m_list.hasMore(word)) longer = m_list.ofWords(word, ahead(afterSeparators(1)).text);
-  if (tryWhole(m_list.ofWord(word), longer, end, isInPicture)) return true;
+  if (m_list.hasLonger(word)) longer = m_list.ofWords(word, ahead(afterSeparators(1)).text);
+  if (tryAll(m_list.ofWord(word), longer, last, isInPicture)) return true;
   if (part && hasBudget()) {
     replacePart(m_list.at(*part));
     return true;
@@ -237,9 +247,10 @@ bool Replacer::replaceHere(bool isInPicture) {
   return false;
 }
 
-// Both lists ascend: merged, they are in the order of the statement.
-bool Replacer::tryWhole(ReplacementList::Indexes const* alone,
-                        ReplacementList::Indexes const* longer, std::size_t end, bool isInPicture) {
+// Tries the replacements of both lists up to the index `last`, in the order of the
+// statement. The lists ascend.
+bool Replacer::tryAll(ReplacementList::Indexes const* alone, ReplacementList::Indexes const* longer,
+                      std::size_t last, bool isInPicture) {
   static ReplacementList::Indexes const kNone;
   if (alone == nullptr) alone = &kNone;
   if (longer == nullptr) longer = &kNone;
@@ -248,7 +259,7 @@ bool Replacer::tryWhole(ReplacementList::Indexes const* alone,
   while (one != alone->end() || other != longer->end()) {
     bool isOne = other == longer->end() || (one != alone->end() && *one < *other);
     std::size_t index = isOne ? *one++ : *other++;
-    if (index > end || !hasBudget()) return false;
+    if (index > last || !hasBudget()) return false;
     if (tryWhole(m_list.at(index), isInPicture)) return true;
   }
   return false;
@@ -264,7 +275,7 @@ bool Replacer::hasBudget() {
   return !isOver;
 }
 
-// The index of the next word that is no separator.
+// The index of the first word from `index` on that is not a separator.
 std::size_t Replacer::afterSeparators(std::size_t index) {
   for (; isSeparator(ahead(index)) && ahead(index + 1).precededBySpace; ++index) {
     ++m_budget.comparisons;
@@ -290,14 +301,14 @@ bool Replacer::tryWhole(Replacement const& replacement, bool isInPicture) {
   return true;
 }
 
-// In a picture only blanks, parentheses and colons are separators.
+// In a picture only blanks, parentheses, colons and a final period separate words.
 bool Replacer::fitsPicture(std::size_t matched) {
   auto isBound = [](TextWord const& word) { return word.is('(') || word.is(')') || word.is(':'); };
   if (!m_isAfterSeparator && !ahead(0).precededBySpace) return false;
-  TextWord const& behind = ahead(matched);
-  bool isPeriod = (behind.is('.') || isSeparator(behind)) &&
+  TextWord const& next = ahead(matched);
+  bool isPeriod = (next.is('.') || isSeparator(next)) &&
                   (ahead(matched + 1).precededBySpace || ahead(matched + 1).isEnd());
-  return behind.precededBySpace || behind.isEnd() || isBound(behind) || isPeriod;
+  return next.precededBySpace || next.isEnd() || isBound(next) || isPeriod;
 }
 
 void Replacer::replacePart(Replacement const& replacement) {
@@ -325,14 +336,45 @@ void Replacer::emit(std::vector<TextWord> const& words, TextWord const& at) {
     m_output.push_back(word);
   }
   if (!words.empty()) return;
-  // What follows nothing stands where the replaced text stood.
+  // The next word takes over what preceded the deleted text.
   m_ahead.front().precededBySpace |= at.precededBySpace;
   m_ahead.front().isFirstOnLine |= at.isFirstOnLine;
 }
 
-std::optional<TextWord> readReplacements(TextWord word, std::function<TextWord()> const& next,
-                                         ReplacementList& list) {
+std::optional<ReplacementError> readReplacements(TextWord word,
+                                                 std::function<TextWord()> const& next,
+                                                 ReplacementList& list) {
   return PhraseReader(word, next).read(list);
+}
+
+TextWord ReplaceStatements::next() {
+  for (;;) {
+    TextWord word = m_replacer.next();
+    if (word.isComment || !word.isWord("REPLACE")) return word;
+    TextWord const& following = m_replacer.peekRaw();
+    bool isStatement = following.kind == TextWord::Kind::pseudo || following.isWord("OFF") ||
+                       following.isWord("ALSO") || following.isWord("LAST") ||
+                       following.isWord("LEADING") || following.isWord("TRAILING");
+    if (!isStatement) return word;
+    statement(m_replacer.nextRaw());
+  }
+}
+
+void ReplaceStatements::statement(TextWord const& word) {
+  ReplacementList& list = m_replacer.list();
+  TextWord first = word;
+  if (!first.isWord("ALSO")) list.clear();
+  if (first.isWord("ALSO") || first.isWord("LAST")) first = m_replacer.nextRaw();
+  if (first.isWord("OFF")) {
+    first = m_replacer.nextRaw();
+    if (first.is('.')) return;
+  }
+  std::optional<ReplacementError> error = readReplacements(
+      first, [this] { return m_replacer.nextRaw(); }, list);
+  if (!error) return;
+  m_diagnostics.report(Code::replaceSyntax, error->word.place,
+                       std::string("expected ") + error->expected +
+                           " in the REPLACE statement, found " + describe(error->word));
 }
 
 }  // namespace fdmorph::compiler

@@ -1,5 +1,4 @@
-// Replacement of text, as the REPLACING phrase and the REPLACE statement ask
-// for it.
+// Text replacement by the REPLACING phrase and the REPLACE statement.
 #pragma once
 
 #include <cstdint>
@@ -25,10 +24,10 @@ struct Replacement {
 
   std::vector<TextWord> from;  ///< at least one word
   std::vector<TextWord> to;    ///< may be empty
-  Part part = Part::whole;     ///< leading and trailing: a part of one word
+  Part part = Part::whole;     ///< leading and trailing: `from` is a part of one word
 };
 
-/// The replacements that are in force together; the first that fits wins.
+/// The replacements in force. The first one that matches is applied.
 class ReplacementList {
  public:
   /// Indexes of replacements, ascending.
@@ -38,14 +37,15 @@ class ReplacementList {
   void clear();
   bool isEmpty() const { return m_all.empty(); }
 
-  /// The replacements whose text is `word` alone; null if there is none.
+  /// The replacements of the single word `word`; null if there are none.
   Indexes const* ofWord(std::string_view word) const;
-  /// Those whose text begins with both words.
+  /// The replacements of texts that begin with these two words; null if there
+  /// are none.
   Indexes const* ofWords(std::string_view first, std::string_view second) const;
-  /// Whether there are such that begin with `first`.
-  bool hasMore(std::string_view first) const;
-  /// The first one for the beginning or end of `word`; nothing without one.
-  std::optional<std::size_t> ofPart(std::string_view word) const;
+  /// Whether there are replacements of several words that begin with `first`.
+  bool hasLonger(std::string_view first) const;
+  /// The first replacement of a leading or trailing part of `word`.
+  [[nodiscard]] std::optional<std::size_t> ofPart(std::string_view word) const;
   Replacement const& at(std::size_t index) const { return m_all[index]; }
 
  private:
@@ -65,33 +65,32 @@ class ReplacementList {
   Parts m_trailing;
 };
 
-/// What all replacements of a compilation may cost together.
+/// The cost of all replacements of a compilation, and its limits.
 struct ReplacementBudget {
   static constexpr std::uint64_t kMaxComparisons = 500'000'000;   ///< of words
   static constexpr std::size_t kMaxText = std::size_t{32} << 20;  ///< bytes
 
   std::uint64_t comparisons = 0;
   std::size_t bytes = 0;    ///< of members copied again and of text that replaces other
-  bool isExceeded = false;  ///< nothing is replaced any more
+  bool isExceeded = false;  ///< replacement has stopped
 };
 
-/// Hands on the words of another source with replacements made. Replaced text
-/// is not looked at again. Replaced words take the place of what they replace;
-/// commas and semicolons count as blanks in the comparison. Inside a picture a
-/// lone word fits what stands between blanks or parentheses. When the
-/// budget is exceeded that is reported, and words are handed on as they are.
+/// Replaces words of another source. The new text is not searched again; its
+/// words have the place of the text that they replace. Commas and semicolons
+/// compare as blanks. Inside a picture a single word matches only between blanks
+/// or parentheses. If the budget is exceeded, that is reported, and the remaining
+/// words are not replaced.
 class Replacer : public TextSource {
  public:
   Replacer(TextSource& inner, TextPool& pool, ReplacementBudget& budget, Diagnostics& diagnostics)
       : m_inner(inner), m_pool(pool), m_budget(budget), m_diagnostics(diagnostics) {}
 
-  /// To be changed only between calls of next.
+  /// May be changed between calls of next.
   ReplacementList& list() { return m_list; }
 
   TextWord next() override;
 
-  /// The next word without replacement, for statements that stand in the text.
-  /// Words that the last match looked ahead at come first.
+  /// The next word without replacement, for REPLACE statements in the text.
   TextWord nextRaw();
   TextWord const& peekRaw() { return ahead(0); }
 
@@ -99,8 +98,8 @@ class Replacer : public TextSource {
   TextWord const& ahead(std::size_t index);
   bool isPictureWord(TextWord const& word);
   bool tryWhole(Replacement const& replacement, bool isInPicture);
-  bool tryWhole(ReplacementList::Indexes const* alone, ReplacementList::Indexes const* longer,
-                std::size_t end, bool isInPicture);
+  bool tryAll(ReplacementList::Indexes const* alone, ReplacementList::Indexes const* longer,
+              std::size_t last, bool isInPicture);
   void replacePart(Replacement const& replacement);
   std::size_t afterSeparators(std::size_t index);
   bool fitsPicture(std::size_t matched);
@@ -113,16 +112,38 @@ class Replacer : public TextSource {
   ReplacementBudget& m_budget;
   Diagnostics& m_diagnostics;
   ReplacementList m_list;
-  std::deque<TextWord> m_ahead;   // read, not yet looked at
-  std::deque<TextWord> m_output;  // replaced, on its way out
+  std::deque<TextWord> m_ahead;   // read, not yet searched
+  std::deque<TextWord> m_output;  // replaced, not yet returned
   enum class PictureState { none, announced, inside } m_picture = PictureState::none;
   bool m_isAfterSeparator = false;
 };
 
-/// Reads replacements from `next` up to and with the period. On a mistake the
-/// result is the word that doesn't fit; the list then holds what came before.
-/// `word` is the first word of the phrase.
-std::optional<TextWord> readReplacements(TextWord word, std::function<TextWord()> const& next,
-                                         ReplacementList& list);
+/// A word that does not fit into a phrase.
+struct ReplacementError {
+  TextWord word;
+  char const* expected;  ///< what is expected in its place
+};
+
+/// Reads the replacements of a phrase, whose first word is `word`, up to and with
+/// its period. After an error the list has the replacements before it, and the
+/// rest of the phrase has been skipped.
+[[nodiscard]] std::optional<ReplacementError> readReplacements(
+    TextWord word, std::function<TextWord()> const& next, ReplacementList& list);
+
+/// Applies REPLACE statements to a text.
+class ReplaceStatements : public TextSource {
+ public:
+  ReplaceStatements(TextSource& inner, TextPool& pool, ReplacementBudget& budget,
+                    Diagnostics& diagnostics)
+      : m_replacer(inner, pool, budget, diagnostics), m_diagnostics(diagnostics) {}
+
+  TextWord next() override;
+
+ private:
+  void statement(TextWord const& word);
+
+  Replacer m_replacer;
+  Diagnostics& m_diagnostics;
+};
 
 }  // namespace fdmorph::compiler

@@ -8,7 +8,7 @@
 namespace fdmorph::compiler {
 namespace {
 
-// The name of a member or library without its quotes.
+// The name of a member or library, without quotes.
 std::string_view nameOf(TextWord const& word) {
   std::string_view name = word.text;
   if (word.kind != TextWord::Kind::literal) return name;
@@ -22,7 +22,7 @@ bool isName(TextWord const& word) {
          (word.kind == TextWord::Kind::literal && (word.text[0] == '"' || word.text[0] == '\''));
 }
 
-// The languages whose statements are embedded between EXEC and END-EXEC.
+// The languages of the statements between EXEC and END-EXEC.
 bool isEmbedded(TextWord const& word) {
   for (std::string_view each : {"SQL", "CICS", "DLI", "SQLIMS", "ADO", "ORACLE", "HTML", "JAVA"}) {
     if (word.isWord(each)) return true;
@@ -30,8 +30,8 @@ bool isEmbedded(TextWord const& word) {
   return false;
 }
 
-// Members that come with the database or the transaction monitor and not with
-// the source. Their records are of no interest to it.
+// Members that come with the database or the transaction monitor, not with the
+// source. They hold no records of the source's own.
 bool isSystemMember(std::string_view name) {
   for (std::string_view each :
        {"SQLCA", "SQLDA", "DFHAID", "DFHBMSCA", "DFHMSRCA", "DFHEIBLK", "DFHEIBLC"}) {
@@ -49,11 +49,8 @@ SourceText const& readFile(TextContext& context, SourceFile const* file) {
 bool TextContext::hasTextPastMargin(Place place) const {
   // Texts are opened and read in the same order.
   if (!place.isKnown() || place.text > texts.size()) return false;
-  if (texts[place.text - 1].formatAt(place.offset) != Format::fixed) return false;
-  SourceLine line;
-  line.set(sources.locate(place).text, 0, rules.tabs);
-  constexpr std::size_t kLastColumn = 72;
-  return line.text().find_first_not_of(' ', kLastColumn) != std::string_view::npos;
+  return texts[place.text - 1].formatAt(place.offset) == Format::fixed &&
+         compiler::hasTextPastMargin(sources.locate(place).text, rules.tabs);
 }
 
 FileText::FileText(TextContext& context, SourceFile const* file, Place copiedFrom)
@@ -63,12 +60,13 @@ FileText::FileText(TextContext& context, SourceFile const* file, Place copiedFro
       m_scanner(m_text, m_number),
       m_conditions(context.variables, context.diagnostics) {
   m_context.open.push_back(file);
-  if (m_text.letter && !m_context.indicatorLetter.isKnown())
-    m_context.indicatorLetter = {m_number, *m_text.letter};
+  if (m_text.excludedLine && !m_context.excludedLine.isKnown()) {
+    m_context.excludedLine = {m_number, *m_text.excludedLine};
+  }
 }
 
 FileText::~FileText() {
-  // An abandoned text still holds its member.
+  // The text may be dropped while it reads a member.
   m_replacer.reset();
   m_member.reset();
   m_context.open.pop_back();
@@ -96,7 +94,7 @@ TextWord FileText::next() {
   }
 }
 
-// The next word of those that count.
+// The next word that is part of the program.
 TextWord FileText::scan() {
   for (;;) {
     TextWord word = scanAny();
@@ -105,7 +103,7 @@ TextWord FileText::scan() {
     } else if (word.isEnd()) {
       m_conditions.end();
       return word;
-    } else if (m_conditions.isPassedOver() || (word.isDebugging && !m_context.isDebugging)) {
+    } else if (m_conditions.isSkipping() || (word.isDebugging && !m_context.isDebugging)) {
       m_scanner.skipLine();
     } else {
       noteDebugging(word);
@@ -145,14 +143,14 @@ TextWord FileText::scanAny() {
   return word;
 }
 
-// Reports what is wrong with the lines up to the last word. Those that don't
-// count are passed over, and those that nobody gets to.
+// Reports the faults of the lines up to the last word, except those in branches
+// that are not compiled.
 void FileText::reportFaults(bool isEnd) {
   for (; m_fault < m_text.faults.size(); ++m_fault) {
     SourceText::Fault const& fault = m_text.faults[m_fault];
     if (!isEnd && fault.at >= m_scanner.position()) return;
-    if (m_conditions.isPassedOver()) continue;
-    m_context.diagnostics.report(fault.code, {m_number, fault.offset}, fault.text);
+    if (m_conditions.isSkipping()) continue;
+    m_context.diagnostics.report(fault.code, {m_number, fault.offset}, fault.message);
   }
 }
 
@@ -164,7 +162,7 @@ bool FileText::handleStatement(TextWord const& word) {
   noteComment(word);
   switch (toUpper(word.text.front())) {
     case 'C':
-      // A comment may speak of a copy.
+      // COPY may be a word of a comment.
       if (!word.isWord("COPY") || (m_isComment && !word.isFirstOnLine)) break;
       copyStatement(word);
       return true;
@@ -177,8 +175,7 @@ bool FileText::handleStatement(TextWord const& word) {
   return word.isFirstOnLine && listingStatement(word);
 }
 
-// Paragraphs with comments stand behind the program's name and reach to the
-// next division.
+// Comment paragraphs follow the program's name and extend to the next division.
 void FileText::noteComment(TextWord const& word) {
   if (!m_isIdentification) {
     m_isIdentification = word.isWord("PROGRAM-ID") || word.isWord("FUNCTION-ID");
@@ -192,8 +189,8 @@ void FileText::noteComment(TextWord const& word) {
   }
 }
 
-// EJECT, SKIP1 to SKIP3, TITLE, and lines of compiler options ahead of the
-// program. A period after them is theirs.
+// EJECT, SKIP1 to SKIP3 and TITLE with an optional period, and lines of compiler
+// options before the program.
 bool FileText::listingStatement(TextWord const& word) {
   if (m_isStart && (word.isWord("CBL") || word.isWord("PROCESS"))) {
     m_scanner.skipLine();
@@ -216,11 +213,38 @@ void FileText::skipPeriod() {
   if (!word.is('.')) pushBack(word);
 }
 
-void FileText::copyStatement(TextWord const& word) {
+// A name may be followed by extensions: COPY NAME.EXT. A period that follows
+// without a blank, and is followed by a word without a blank, is part of the
+// name. An extension has a letter: in COPY NAME.01 A ... the period ends the
+// statement.
+TextWord FileText::scanMemberName() {
   TextWord member = scan();
+  while (member.kind == TextWord::Kind::word && m_pushedBack.empty()) {
+    TextWord period = scanAny();
+    bool isInName = period.is('.') && !period.precededBySpace && m_scanner.isAtWord();
+    if (!isInName) {
+      pushBack(period);
+      break;
+    }
+    TextWord extension = scanAny();
+    if (!std::any_of(extension.text.begin(), extension.text.end(), isLetter)) {
+      pushBack(extension);
+      pushBack(period);
+      break;
+    }
+    std::string name(member.text);
+    (name += '.') += extension.text;
+    member.text = m_context.pool.append(name);
+  }
+  return member;
+}
+
+void FileText::copyStatement(TextWord const& word) {
+  TextWord member = scanMemberName();
   if (!isName(member)) {
-    m_context.diagnostics.report(Code::copySyntax, word.place,
-                                 "COPY is not followed by the name of a member");
+    m_context.diagnostics.report(
+        Code::copySyntax, word.place,
+        "expected the name of a copy member after COPY, found " + describe(member));
     pushBack(member);
     return;
   }
@@ -240,17 +264,19 @@ void FileText::copyStatement(TextWord const& word) {
   if (following.isWord("PRINTING")) advance();
   ReplacementList list;
   if (following.isWord("REPLACING")) {
-    std::optional<TextWord> error = readReplacements(
+    std::optional<ReplacementError> error = readReplacements(
         scan(), [this] { return scan(); }, list);
     if (error) {
-      m_context.diagnostics.report(Code::copySyntax, error->place,
-                                   "this doesn't fit into the REPLACING phrase");
+      m_context.diagnostics.report(Code::copySyntax, error->word.place,
+                                   std::string("expected ") + error->expected +
+                                       " in the REPLACING phrase, found " + describe(error->word));
     }
   } else if (!following.is('.')) {
-    Place behind = last.place;
-    behind.offset += static_cast<std::uint32_t>(last.text.size());
-    m_context.diagnostics.report(Code::copySyntax, behind,
-                                 "the period at the end of the COPY statement is missing");
+    Place end = last.place;
+    end.offset += static_cast<std::uint32_t>(last.text.size());
+    m_context.diagnostics.report(
+        Code::copySyntax, end,
+        "expected '.' at the end of the COPY statement, found " + describe(following));
     pushBack(following);
   }
   open(member, nameOf(member), library, std::move(list));
@@ -268,32 +294,43 @@ bool FileText::execBlock(TextWord const& word) {
   if (isInclude) member = statement = scan();
   while (!statement.isWord("END-EXEC")) {
     if (statement.isEnd()) {
-      m_context.diagnostics.report(Code::execEnd, word.place, "END-EXEC is missing");
+      m_context.diagnostics.report(Code::execEnd, word.place, "EXEC block has no END-EXEC");
       return true;
     }
     statement = scan();
   }
   skipPeriod();
-  if (isInclude && isName(member)) includeMember(member);
+  if (isInclude && isName(member)) open(member, nameOf(member), "", {});
   return true;
 }
 
-void FileText::includeMember(TextWord const& word) {
-  open(word, nameOf(word), "", {});
+void FileText::reportMissing(TextWord const& at, std::string_view member,
+                             std::string_view library) {
+  std::string text = "copy member " + quoted(member);
+  if (isSystemMember(member)) {
+    m_context.diagnostics.report(Code::copyPassed, at.place,
+                                 text + " not found; it is a system member and ignored");
+    return;
+  }
+  if (!library.empty()) text += " of library " + quoted(library);
+  text += " not found";
+  if (!member.starts_with('/')) {
+    std::string const& path = m_context.sources.fileOf(m_number)->path;
+    std::string_view separator = " in ";
+    for (std::string const& each : m_context.search.foldersSearched(path)) {
+      (text += separator) += quoted(each);
+      separator = ", ";
+    }
+  }
+  m_context.diagnostics.report(Code::copyMissing, at.place, text);
 }
 
 void FileText::open(TextWord const& at, std::string_view member, std::string_view library,
                     ReplacementList list) {
   std::string const& path = m_context.sources.fileOf(m_number)->path;
   SourceFile const* file = m_context.search.find(member, library, path);
-  if (file == nullptr && isSystemMember(member)) {
-    m_context.diagnostics.report(Code::copyPassed, at.place,
-                                 "copy member " + quoted(member) + " is not here and passed over");
-    return;
-  }
   if (file == nullptr) {
-    m_context.diagnostics.report(Code::copyMissing, at.place,
-                                 "copy member " + quoted(member) + " is not found");
+    reportMissing(at, member, library);
     return;
   }
   if (!mayOpen(at.place, file)) return;
@@ -315,7 +352,7 @@ bool FileText::mayOpen(Place at, SourceFile const* file) {
                                  "copy member " + quoted(file->name) + " copies itself");
     return false;
   }
-  // Each file may be as large as it likes, but not copied as often.
+  // The size of a file counts only if it is copied more than once.
   std::size_t& bytes = m_context.budget.bytes;
   if (m_context.copied.contains(file)) bytes += file->content.size();
   bool isTooMuch = open.size() >= TextContext::kMaxCopyDepth ||
@@ -324,39 +361,11 @@ bool FileText::mayOpen(Place at, SourceFile const* file) {
   if (isTooMuch) {
     m_context.diagnostics.report(Code::copyLimit, at,
                                  open.size() >= TextContext::kMaxCopyDepth
-                                     ? "COPY statements are nested too deeply"
+                                     ? "COPY statements are nested more than " +
+                                           std::to_string(TextContext::kMaxCopyDepth) + " deep"
                                      : "too much text is copied");
   }
   return !isTooMuch;
-}
-
-TextWord ReplaceStatements::next() {
-  for (;;) {
-    TextWord word = m_replacer.next();
-    if (word.isComment || !word.isWord("REPLACE")) return word;
-    TextWord const& following = m_replacer.peekRaw();
-    bool isStatement = following.kind == TextWord::Kind::pseudo || following.isWord("OFF") ||
-                       following.isWord("ALSO") || following.isWord("LAST") ||
-                       following.isWord("LEADING") || following.isWord("TRAILING");
-    if (!isStatement) return word;
-    statement(m_replacer.nextRaw());
-  }
-}
-
-void ReplaceStatements::statement(TextWord const& word) {
-  ReplacementList& list = m_replacer.list();
-  TextWord first = word;
-  if (!first.isWord("ALSO")) list.clear();
-  if (first.isWord("ALSO") || first.isWord("LAST")) first = m_replacer.nextRaw();
-  if (first.isWord("OFF")) {
-    first = m_replacer.nextRaw();
-    if (first.is('.')) return;
-  }
-  std::optional<TextWord> error = readReplacements(
-      first, [this] { return m_replacer.nextRaw(); }, list);
-  if (!error) return;
-  m_diagnostics.report(Code::replaceSyntax, error->place,
-                       "this doesn't fit into the REPLACE statement");
 }
 
 }  // namespace fdmorph::compiler

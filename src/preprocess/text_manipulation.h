@@ -1,6 +1,6 @@
-// Text manipulation, the second pass: conditional compilation, COPY and
-// REPLACE statements, EXEC blocks and the statements that lay out a listing.
-// What comes out holds none of them.
+// Text manipulation, the second pass: conditional compilation, COPY and REPLACE
+// statements, EXEC blocks, and statements that control the listing. The words
+// that this pass produces contain none of them.
 #pragma once
 
 #include <deque>
@@ -19,7 +19,7 @@
 
 namespace fdmorph::compiler {
 
-/// What all texts of a compilation share.
+/// The state that all texts of a compilation share.
 struct TextContext {
   static constexpr std::size_t kMaxCopyDepth = 64;
   static constexpr std::size_t kMaxCopies = 100000;
@@ -29,22 +29,24 @@ struct TextContext {
   CopySearch& search;
   TextPool& pool;
   ReadingRules rules;
-  std::deque<SourceText> texts = {};         ///< every text that was read; words look at them
-  std::vector<SourceFile const*> open = {};  ///< being read, outermost first
+  std::deque<SourceText> texts = {};         ///< all texts that were read; words look at them
+  std::vector<SourceFile const*> open = {};  ///< the files being read, outermost first
   std::unordered_set<SourceFile const*> copied = {};
   ReplacementBudget budget = {};
   CompileVariables variables = {};
-  bool isDebugging = false;    ///< lines for debugging count from here on
-  Place indicatorLetter = {};  ///< the letter that leaves the first such line out
+  bool isDebugging = false;  ///< debugging lines are part of the program
+  Place excludedLine = {};   ///< the first line that a letter in column 7 excludes
 
   /// Whether the line of a place has text past column 72, which is ignored in
   /// fixed format.
   bool hasTextPastMargin(Place place) const;
 };
 
-/// The words of one file with those of its members in their places.
+/// The words of a file, with its COPY statements replaced by the words of the
+/// members.
 class FileText : public TextSource {
  public:
+  /// `copiedFrom` is unknown for the main source.
   FileText(TextContext& context, SourceFile const* file, Place copiedFrom);
   ~FileText() override;
 
@@ -63,8 +65,9 @@ class FileText : public TextSource {
   bool listingStatement(TextWord const& word);
   void skipPeriod();
   void copyStatement(TextWord const& word);
+  TextWord scanMemberName();
   bool execBlock(TextWord const& word);
-  void includeMember(TextWord const& word);
+  void reportMissing(TextWord const& at, std::string_view member, std::string_view library);
   void open(TextWord const& at, std::string_view member, std::string_view library,
             ReplacementList list);
   bool mayOpen(Place at, SourceFile const* file);
@@ -78,27 +81,11 @@ class FileText : public TextSource {
   bool m_isDebuggingBefore = false;
   bool m_isIdentification = false;
   bool m_isComment = false;
-  std::size_t m_fault = 0;         // the first one of the text that isn't reported
-  bool m_precededBySpace = false;  // what comes next follows a statement
-  bool m_isStart = true;           // no word has been handed out
+  std::size_t m_fault = 0;         // index of the next one of the text to report
+  bool m_precededBySpace = false;  // the next word follows a statement
+  bool m_isStart = true;           // no word has been produced
   std::unique_ptr<FileText> m_member;
   std::unique_ptr<Replacer> m_replacer;  // over m_member
-};
-
-/// Applies REPLACE statements to a text.
-class ReplaceStatements : public TextSource {
- public:
-  ReplaceStatements(TextSource& inner, TextContext& context)
-      : m_replacer(inner, context.pool, context.budget, context.diagnostics),
-        m_diagnostics(context.diagnostics) {}
-
-  TextWord next() override;
-
- private:
-  void statement(TextWord const& word);
-
-  Replacer m_replacer;
-  Diagnostics& m_diagnostics;
 };
 
 }  // namespace fdmorph::compiler

@@ -10,10 +10,10 @@ namespace {
 constexpr std::array<bool, 256> makeWordCharacters() {
   std::array<bool, 256> table{};
   for (std::size_t c = 0; c < table.size(); ++c) {
-    char letter = static_cast<char>(c);
-    // Bytes of other alphabets are letters to us.
-    table[c] = isLetter(letter) || isDigit(letter) || letter == '-' || letter == '_' ||
-               letter == '#' || letter == '@' || c >= 0x80;
+    char character = static_cast<char>(c);
+    // Bytes of other alphabets count as letters.
+    table[c] = isLetter(character) || isDigit(character) || character == '-' || character == '_' ||
+               character == '#' || character == '@' || c >= 0x80;
   }
   return table;
 }
@@ -27,12 +27,12 @@ bool isQuote(char c) {
   return c == '"' || c == '\'';
 }
 
-// Control characters separate as blanks do.
+// Control characters separate words as blanks do.
 bool isBlank(char c) {
   return static_cast<unsigned char>(c) <= ' ' || c == '\x7F';
 }
 
-// X"41", N"text", Z"text" and their like.
+// As in X"41", N"text" and Z"text".
 bool isLiteralPrefix(std::string_view word) {
   for (std::string_view each : {"X", "N", "Z", "H", "B", "G", "U", "NX", "BX", "GX"}) {
     if (equalsIgnoringCase(word, each)) return true;
@@ -44,6 +44,10 @@ bool isLiteralPrefix(std::string_view word) {
 
 bool TextWord::isWord(std::string_view word) const {
   return kind == Kind::word && equalsIgnoringCase(text, word);
+}
+
+std::string describe(TextWord const& word) {
+  return word.isEnd() ? "end of source" : quoted(word.text);
 }
 
 TextWord WordScanner::next() {
@@ -102,7 +106,7 @@ void WordScanner::scanWord(TextWord& word) {
   if (isPrefix) scanLiteral(word);
 }
 
-// A literal ends at its quote, unless that is doubled, and at its line's end.
+// A literal ends at a quote that is not doubled, or at the end of its line.
 void WordScanner::scanLiteral(TextWord& word) {
   std::size_t begin = m_at - word.text.size();
   char quote = text()[m_at++];
@@ -119,13 +123,17 @@ void WordScanner::scanLiteral(TextWord& word) {
   word.text = text().substr(begin, m_at - begin);
 }
 
+bool WordScanner::isAtWord() const {
+  return m_at < text().size() && isWordCharacter(text()[m_at]);
+}
+
 void WordScanner::skipLine() {
   m_at = text().find('\n', m_at);
   if (m_at == std::string_view::npos) m_at = text().size();
 }
 
 std::uint32_t WordScanner::offsetOf(std::size_t at) {
-  // Asked in ascending order.
+  // The offsets asked for ascend.
   while (m_piece + 1 < m_source.pieces.size() && m_source.pieces[m_piece + 1].at <= at) ++m_piece;
   if (m_source.pieces.empty()) return 0;
   SourceText::Piece const& piece = m_source.pieces[m_piece];

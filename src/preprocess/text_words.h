@@ -1,25 +1,24 @@
-// Text words: what the statements that manipulate text see of it. A text word
-// is a word, a literal, or a single other character; whether a blank stands
-// before it is kept, so that words which are put together from pieces can be
-// joined again.
+// Text words, the units of the statements that manipulate text: words, literals
+// and other single characters. Each word records whether a blank precedes it, so
+// that a later pass can join adjacent ones.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <deque>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "source/source_files.h"
 #include "source/source_reader.h"
 
 namespace fdmorph::compiler {
 
+/// A text word. It looks at the text that it comes from.
 struct TextWord {
   enum class Kind : std::uint8_t {
     end,
     word,       ///< letters, digits, hyphens, underscores
-    literal,    ///< with its quotes and the letters before them
+    literal,    ///< with its quotes and prefix
     symbol,     ///< one character
     pseudo,     ///< ==
     directive,  ///< ">>" or "$" before a directive of conditional compilation
@@ -28,28 +27,36 @@ struct TextWord {
   std::string_view text;
   Place place;
   Kind kind = Kind::end;
-  bool precededBySpace = true;  ///< a blank or a line end stands before it
-  bool isFirstOnLine = true;    ///< nothing but blanks before it
+  bool precededBySpace = true;  ///< a blank or a line end precedes it
+  bool isFirstOnLine = true;    ///< only blanks precede it on its line
   bool isOpen = false;          ///< a literal without its closing quote
-  bool isDebugging = false;     ///< the first one on a line for debugging
-  bool isComment = false;       ///< of a paragraph with comments
+  bool isDebugging = false;     ///< the first word of a debugging line
+  bool isComment = false;       ///< part of a comment paragraph
 
   bool is(char symbol) const { return kind == Kind::symbol && text.front() == symbol; }
   bool isWord(std::string_view word) const;
   bool isEnd() const { return kind == Kind::end; }
 };
 
-/// Cuts a text into its words. The text must outlive the words.
+/// A word for a message: its text in apostrophes, or the end of the source.
+std::string describe(TextWord const& word);
+
+/// Splits a text into words. The text must outlive the scanner and the words.
 class WordScanner {
  public:
+  /// `number` is the number of the text in the places of its words.
   WordScanner(SourceText const& text, std::uint32_t number) : m_source(text), m_number(number) {}
 
-  TextWord next();
+  /// The next word; after the last one, always the end.
+  [[nodiscard]] TextWord next();
 
-  /// How far the text has been scanned.
+  /// Whether a word follows without a blank.
+  bool isAtWord() const;
+
+  /// The offset in the text up to which it has been scanned.
   std::size_t position() const { return m_at; }
 
-  /// Moves on to the next line.
+  /// Skips the rest of the line.
   void skipLine();
 
  private:
@@ -65,20 +72,21 @@ class WordScanner {
   std::size_t m_at = 0;
   std::size_t m_piece = 0;
   std::size_t m_line = 0;       // where the line of m_at begins
-  std::size_t m_directive = 0;  // of those that the source knows
-  std::size_t m_debugLine = 0;  // of those that the source knows
+  std::size_t m_directive = 0;  // index of the next one of the source
+  std::size_t m_debugLine = 0;  // index of the next one of the source
 };
 
-/// Whether a paragraph of the identification division has this name and holds
-/// comments, or options, which say nothing of data.
+/// Whether this is the name of a paragraph of the identification division whose
+/// content is a comment, or options that have no effect on data.
 bool isCommentParagraph(std::string_view word);
 
+/// A sequence of words, the interface between the steps of this pass.
 class TextSource {
  public:
   virtual ~TextSource() = default;
 
-  /// The next word; the end again and again behind the last one.
-  virtual TextWord next() = 0;
+  /// The next word; after the last one, always the end.
+  [[nodiscard]] virtual TextWord next() = 0;
 };
 
 }  // namespace fdmorph::compiler

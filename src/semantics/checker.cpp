@@ -19,8 +19,8 @@ bool isInTable(DataItem const* item) {
   return tableAround(item) != nullptr;
 }
 
-// The transaction monitor's translator puts the block with this item into the
-// linkage section: the length of the area that a program is called with.
+// The translator of the transaction monitor adds this item to the linkage section.
+// It is the length of the area that a program is called with.
 bool isSystemItem(QualifiedName const& name) {
   return equalsIgnoringCase(name.name, "EIBCALEN");
 }
@@ -48,13 +48,13 @@ void Checker::checkRecords(RecordList const& records) {
   for (DataItem* record = records.first; record != nullptr; record = record->next) {
     if (!isFillerName(record->name) && !names.insert(record->name).second) {
       m_diagnostics.report(Code::duplicateName, record->place,
-                           "there is another record of the name " + quoted(record->name));
+                           "duplicate record name " + quoted(record->name));
     }
     layOut(*record, m_diagnostics);
   }
 }
 
-// Levels rise with each step down, so that the depth is bounded by theirs.
+// The recursion is bounded by the number of levels.
 void Checker::checkSiblings(DataItem* first) {
   Redefinitions redefinitions(m_diagnostics);
   for (DataItem* item = first; item != nullptr; item = item->next) {
@@ -65,6 +65,7 @@ void Checker::checkSiblings(DataItem* first) {
     if (isRenames) continue;
     redefinitions.visit(*item);
     inherit(*item);
+    implyPicture(*item, m_data);
     checkItem(*item, m_diagnostics);
     checkSiblings(item->firstChild);
   }
@@ -89,96 +90,95 @@ void Checker::reportName(Code code, QualifiedName const& name, NameIndex::Outcom
 void Checker::checkDepending(DataItem& item, NameIndex& index) {
   QualifiedName const& name = item.occurs->depending;
   if (name.name.empty()) return;  // reported by the parser
-  DataItem* object = nullptr;
-  NameIndex::Outcome outcome = index.resolve(name, item, object);
+  auto [outcome, object] = index.resolve(name, item);
   if (outcome != NameIndex::Outcome::found) {
     if (!isSystemItem(name)) reportName(Code::depending, name, outcome);
     return;
   }
+  item.dependingOn = object;
+  bool isReported =
+      object->isIncomplete || (object->picture != nullptr && !object->picture->isValid());
+  if (isReported) return;
   auto report = [&](char const* text) {
     m_diagnostics.report(Code::depending, name.place, quoted(name.name) + text);
   };
-  bool isFaulty =
-      object->isIncomplete || (object->picture != nullptr && !object->picture->isValid());
-  if (isFaulty) {
-    // reported there
-  } else if (!isInteger(*object)) {
-    report(" is no integer that a table can depend on");
+  if (!isInteger(*object)) {
+    report(" is not an integer item");
   } else if (isInside(object, &item)) {
-    report(" stands in the table that depends on it");
+    report(" is in the table that depends on it");
   } else if (isInTable(object) && !isInside(&item, tableAround(object))) {
-    report(" stands in a table that the depending one isn't part of");
+    report(" is in a table that does not contain the table that depends on it");
   }
-  item.dependingOn = object;
 }
 
-// A key is the table itself or stands in it.
+// A key is the table itself or an item in it.
 void Checker::checkKeys(DataItem const& item, NameIndex& index) {
   if (item.occurs->keys.empty()) return;
   for (QualifiedName const* key : index.findOutside(item.occurs->keys, item)) {
     if (key->name.empty()) continue;
     m_diagnostics.report(Code::occurs, key->place,
-                         "the key " + quoted(key->name) + " doesn't stand in the table");
+                         "key " + quoted(key->name) + " is not in the table");
   }
 }
 
-// A constant may have taken the length of a group that wasn't complete.
+// A constant may have used the length of a group before the last item of the group.
 void Checker::checkLengths() {
   for (TakenLength const& each : m_data.lengths) {
     if (each.item->size * each.item->occurrences() == each.size) continue;
-    m_diagnostics.report(
-        Code::constant, each.place,
-        "the length of " + quoted(each.item->name) + " is taken before its last item");
+    m_diagnostics.report(Code::constant, each.place,
+                         "length of " + quoted(each.item->name) + " is used before its last item");
   }
 }
 
 void Checker::checkFiles() {
-  if (!m_data.isProgram) return;  // the name may stand in what copies the file
+  // A program that copies a copybook may define the name.
+  if (!m_data.isProgram) return;
   NameIndex index(m_data);
   for (FileDescription const& file : m_data.files) {
     if (file.depending.name.empty()) continue;
     index.extend(m_data.items.size());
-    DataItem* object = nullptr;
-    NameIndex::Outcome outcome = index.resolveAnywhere(file.depending, object);
+    NameIndex::Outcome outcome = index.resolveAnywhere(file.depending).outcome;
     if (outcome != NameIndex::Outcome::found) reportName(Code::depending, file.depending, outcome);
   }
 }
 
-void Checker::checkRenames(DataItem& item, NameIndex& index) {
-  DataItem* ends[2] = {nullptr, nullptr};
-  QualifiedName const* names[2] = {item.related.get(), item.through.get()};
-  for (int i = 0; i < 2; ++i) {
-    if (names[i] == nullptr || names[i]->name.empty()) continue;
-    NameIndex::Outcome outcome = index.resolveInRecord(*names[i], item, ends[i]);
-    if (outcome != NameIndex::Outcome::found) {
-      reportName(Code::renames, *names[i], outcome);
-      return;
-    }
-    bool isRenamable = ends[i]->parent != nullptr && ends[i]->level != kRenamesLevel;
-    if (!isRenamable || isInTable(ends[i])) {
-      m_diagnostics.report(Code::renames, names[i]->place,
-                           quoted(names[i]->name) + " can't be renamed");
-      return;
-    }
+DataItem* Checker::findRenamed(QualifiedName const& name, DataItem const& item, NameIndex& index) {
+  auto [outcome, renamed] = index.resolveInRecord(name, item);
+  if (outcome != NameIndex::Outcome::found) {
+    reportName(Code::renames, name, outcome);
+    return nullptr;
   }
-  if (ends[0] == nullptr) return;
-  if (ends[1] != nullptr && isInside(ends[1], ends[0])) {
-    m_diagnostics.report(Code::renames, names[1]->place,
-                         quoted(names[1]->name) + " stands in the item that RENAMES begins with");
+  bool isRenamable =
+      renamed->parent != nullptr && renamed->level != kRenamesLevel && !isInTable(renamed);
+  if (isRenamable) return renamed;
+  m_diagnostics.report(Code::renames, name.place, quoted(name.name) + " cannot be renamed");
+  return nullptr;
+}
+
+void Checker::checkRenames(DataItem& item, NameIndex& index) {
+  bool hasEnd = item.through != nullptr && !item.through->name.empty();
+  if (item.related == nullptr || item.related->name.empty()) return;  // reported by the parser
+  DataItem* first = findRenamed(*item.related, item, index);
+  if (first == nullptr) return;
+  DataItem* last = hasEnd ? findRenamed(*item.through, item, index) : first;
+  if (last == nullptr) return;
+  if (hasEnd && isInside(last, first)) {
+    m_diagnostics.report(
+        Code::renames, item.through->place,
+        "RENAMES ends with " + quoted(item.through->name) + ", which is in its first item");
     return;
   }
-  DataItem const& last = ends[1] == nullptr ? *ends[0] : *ends[1];
-  item.offset = ends[0]->offset;
-  std::uint64_t end = last.offset + last.size;
-  if (end <= item.offset || last.offset < item.offset) {
-    m_diagnostics.report(Code::renames, item.through ? item.through->place : item.place,
-                         "RENAMES runs from an item to one before it");
+  item.offset = first->offset;
+  std::uint64_t end = last->offset + last->size;
+  if (end <= item.offset || last->offset < item.offset) {
+    m_diagnostics.report(Code::renames, hasEnd ? item.through->place : item.place,
+                         "RENAMES ends before its first item");
     return;
   }
   item.size = end - item.offset;
-  bool isOneItem = ends[1] == nullptr && !last.isGroup();
-  item.effectiveUsage = isOneItem ? last.effectiveUsage : Usage::none;
-  if (isOneItem) item.picture = last.picture;
+  bool isOneItem = !hasEnd && !last->isGroup();
+  item.effectiveUsage = isOneItem ? last->effectiveUsage : Usage::none;
+  if (isOneItem) item.picture = last->picture;
 }
 
 }  // namespace fdmorph::compiler

@@ -1,9 +1,9 @@
-// The checker, the fifth pass: what the grammar doesn't say.
+// The checker, the fifth pass: the rules that the grammar does not express.
 //
-// It finds the items that clauses name, hands usage and sign on from groups,
-// checks the clauses of each item against each other and lays out the storage.
-// It runs on the tree of a source with errors, too; sizes of items that are
-// wrong are 0 then, and nothing may be written from it.
+// It resolves the names in clauses, passes usage and sign on from groups to their
+// items, checks the clauses of each item and lays out the storage. It also runs
+// after errors. Items with errors then have size 0, and the data must not be
+// written.
 #pragma once
 
 #include "semantics/data_item.h"
@@ -14,9 +14,11 @@ namespace fdmorph::compiler {
 
 class Checker {
  public:
+  /// Both objects must outlive this one.
   Checker(DataDivision& data, Diagnostics& diagnostics)
       : m_data(data), m_diagnostics(diagnostics) {}
 
+  /// Checks the data division. To be called once.
   void check();
 
  private:
@@ -28,11 +30,12 @@ class Checker {
   void checkFiles();
   void checkLengths();
   void checkRenames(DataItem& item, NameIndex& index);
+  DataItem* findRenamed(QualifiedName const& name, DataItem const& item, NameIndex& index);
   void reportName(Code code, QualifiedName const& name, NameIndex::Outcome outcome);
 
   DataDivision& m_data;
   Diagnostics& m_diagnostics;
-  bool m_hasReferences = false;  // names that an index is worth for
+  bool m_hasReferences = false;  // some clause has a name to resolve
 };
 
 }  // namespace fdmorph::compiler

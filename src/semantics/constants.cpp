@@ -5,13 +5,13 @@
 namespace fdmorph::compiler {
 
 std::optional<std::uint64_t> integerOf(std::string_view digits) {
-  constexpr std::uint64_t kMaxReports = std::uint64_t{1} << 53;
+  constexpr std::uint64_t kMaxInteger = std::uint64_t{1} << 53;
   if (!digits.empty() && digits.front() == '+') digits.remove_prefix(1);
   if (!isAllDigits(digits)) return std::nullopt;
   std::uint64_t value = 0;
   for (char c : digits) {
     value = value * 10 + static_cast<std::uint64_t>(c - '0');
-    if (value > kMaxReports) return std::nullopt;
+    if (value > kMaxInteger) return std::nullopt;
   }
   return value;
 }

@@ -1,5 +1,5 @@
-// The data of a program as the parser hands it to the checker and the checker
-// to the writer.
+// The data division as a tree of items. The parser builds it, the checker completes
+// it, and the writer reads it.
 #pragma once
 
 #include <cstdint>
@@ -18,15 +18,15 @@ namespace fdmorph::compiler {
 inline constexpr std::uint8_t kMaxGroupLevel = 49;
 inline constexpr std::uint8_t kRenamesLevel = 66;
 inline constexpr std::uint8_t kSingleLevel = 77;     ///< a record of one item
-inline constexpr std::uint8_t kConstantLevel = 78;   ///< also entries with CONSTANT: no data
-inline constexpr std::uint8_t kConditionLevel = 88;  ///< belongs to the item before it
+inline constexpr std::uint8_t kConstantLevel = 78;   ///< also of entries with CONSTANT
+inline constexpr std::uint8_t kConditionLevel = 88;  ///< a condition of the item before it
 
 constexpr bool isLevelNumber(int level) {
   return (level >= 1 && level <= kMaxGroupLevel) || level == kRenamesLevel ||
          level == kSingleLevel || level == kConstantLevel || level == kConditionLevel;
 }
 
-/// A name with the groups that qualify it, innermost first.
+/// A name with its qualifiers, innermost first.
 struct QualifiedName {
   std::string_view name;
   std::vector<std::string_view> qualifiers = {};
@@ -38,22 +38,22 @@ struct Literal {
   enum class Kind : std::uint8_t {
     none,
     number,
-    text,  ///< as written, with its quotes and the letters before them
+    text,  ///< as written, with its quotes and prefix
     zero,
     space,
     quote,
     lowValue,
     highValue,
     null,
-    broken,  ///< a constant whose value was reported
+    broken,  ///< a constant with an error in its value
   };
 
   std::string_view text;
   Place place;
   Kind kind = Kind::none;
   bool isOpen = false;    ///< a text without its closing quote
-  bool isBinary = false;  ///< joined, with bytes that no text stands for
-  bool isAll = false;     ///< ALL: repeated over the length of the item
+  bool isBinary = false;  ///< joined, with bytes that are not text
+  bool isAll = false;     ///< ALL: repeated up to the size of the item
 };
 
 /// One value of a VALUE clause, or a range.
@@ -78,18 +78,19 @@ struct OccursClause {
   Place place;
 };
 
+/// An entry of the data division. Its names look at the texts of the source.
 struct DataItem {
-  // What the source says.
-  std::string_view name;  ///< empty without one
+  // Set by the parser.
+  std::string_view name;  ///< empty if there is none
   Place place;            ///< of the name, or of the level number
   std::uint8_t level = 0;
-  bool isImplied = false;  ///< stands in no source: holds the items of a bare copybook
+  bool isImplied = false;  ///< not in the source: the record of a bare copybook
   bool isRedefinition = false;
   bool isJustified = false;
   bool isBlankWhenZero = false;
   bool isSynchronized = false;
-  bool isUnsigned = false;    ///< a binary usage without a picture
-  bool isIncomplete = false;  ///< a picture or members that were reported are missing
+  bool isUnsigned = false;    ///< UNSIGNED after a usage without a picture
+  bool isIncomplete = false;  ///< an error about its picture or items was reported
   Usage usage = Usage::none;
   SignClause sign;
   Picture const* picture = nullptr;
@@ -99,30 +100,31 @@ struct DataItem {
   std::unique_ptr<QualifiedName> through;  ///< the last of RENAMES
   std::vector<ValueRange> values;
 
-  // The tree. Items belong to their list.
+  // The tree. DataDivision::items owns the items.
   DataItem* parent = nullptr;
   DataItem* firstChild = nullptr;
   DataItem* lastChild = nullptr;
   DataItem* next = nullptr;
-  DataItem* firstCondition = nullptr;  ///< level 88, linked by `next`
+  DataItem* firstCondition = nullptr;  ///< level 88; linked by `next`
   DataItem* lastCondition = nullptr;
 
-  // What the checker finds.
-  DataItem const* redefined = nullptr;  ///< the item that storage is shared with
+  // Set by the checker.
+  DataItem const* redefined = nullptr;  ///< the item whose storage it shares
   DataItem const* dependingOn = nullptr;
   DataItem* sameName = nullptr;        ///< another item of this name
-  DataItem* sameInRecord = nullptr;    ///< another one in the same record
+  DataItem* sameInRecord = nullptr;    ///< another item of this name in the record
+  bool isPictureImplied = false;       ///< the picture is that of its value
   Usage effectiveUsage = Usage::none;  ///< its own or that of a group around it
   SignClause effectiveSign;
   std::uint64_t size = 0;    ///< bytes of one occurrence
   std::uint64_t offset = 0;  ///< from the beginning of the record
-  std::uint64_t slack = 0;   ///< bytes of its group that lie ahead of it to align it
+  std::uint64_t slack = 0;   ///< bytes before it that align it or fill up its table
 
   bool isGroup() const { return firstChild != nullptr; }
   std::uint64_t occurrences() const { return occurs ? occurs->most : 1; }
 };
 
-/// The record that an item stands in.
+/// The record that contains an item.
 template <typename Item>
 Item* recordOf(Item& item) {
   Item* record = &item;
@@ -130,13 +132,13 @@ Item* recordOf(Item& item) {
   return record;
 }
 
-/// Whether an item is `group` or stands in it.
+/// Whether an item is `group` or is in it. `item` may be null.
 inline bool isInside(DataItem const* item, DataItem const* group) {
   while (item != nullptr && item != group) item = item->parent;
   return item != nullptr;
 }
 
-/// Records one after another.
+/// The records of a section or file, linked by `next`.
 struct RecordList {
   DataItem* first = nullptr;
   DataItem* last = nullptr;
@@ -146,10 +148,10 @@ struct FileDescription {
   std::string_view name;
   Place place;
   RecordList records;
-  QualifiedName depending = {};  ///< of RECORD VARYING; without a name if there is none
+  QualifiedName depending = {};  ///< of RECORD VARYING; its name is empty if there is none
 };
 
-/// The length of an item as a constant got it, while the item may have grown.
+/// The length of an item that a constant used before its group was complete.
 struct TakenLength {
   DataItem const* item;
   std::uint64_t size;  ///< bytes of all its occurrences
@@ -158,13 +160,13 @@ struct TakenLength {
 
 /// The data division of one program.
 struct DataDivision {
-  bool isProgram = false;  ///< a division's header was there: no bare copybook
+  bool isProgram = false;  ///< it has a division header; otherwise it is a bare copybook
   std::string_view programName;
-  std::deque<DataItem> items;  ///< owns all of them, in the order of the source
+  std::deque<DataItem> items;  ///< all items, in the order of the source
   std::deque<Picture> pictures;
   std::deque<FileDescription> files;
   std::vector<TakenLength> lengths;
-  RecordList workingStorage;  ///< also the records of a bare copybook
+  RecordList workingStorage;  ///< of a bare copybook: all records
   RecordList localStorage;
   RecordList linkage;
 

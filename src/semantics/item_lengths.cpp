@@ -7,33 +7,35 @@
 namespace fdmorph::compiler {
 namespace {
 
-// Items looked at over all lengths. An item is looked at once for each group
-// around it whose length is taken. A source needs as many only if it takes the
-// length of a group after each of its items, or lengths of synchronized items
-// in the middle of one huge record.
+// The limit of visits to items for all lengths. An item is visited once for each
+// group around it whose length is taken. Only a source that takes the length of a
+// group after each of its items, or lengths of synchronized items in the middle
+// of one huge record, reaches it.
 constexpr std::uint64_t kMaxSteps = 10'000'000;
 
 }  // namespace
 
-ItemLengths::Outcome ItemLengths::find(QualifiedName const& name, DataItem const* last,
-                                       DataItem*& item) {
+ItemLengths::Found ItemLengths::find(QualifiedName const& name, DataItem const* last) {
   m_index.extend(m_data.items.size() - 1);
-  switch (m_index.resolveAnywhere(name, item)) {
+  NameIndex::Found found = m_index.resolveAnywhere(name);
+  switch (found.outcome) {
     case NameIndex::Outcome::unknown:
-      return Outcome::unknown;
+      return {Outcome::unknown, nullptr};
     case NameIndex::Outcome::ambiguous:
-      return Outcome::ambiguous;
+      return {Outcome::ambiguous, nullptr};
     case NameIndex::Outcome::found:
       break;
   }
-  return measure(*item, last);
+  Outcome outcome = measure(*found.item, last);
+  return {outcome, outcome == Outcome::found ? found.item : nullptr};
 }
 
 ItemLengths::Outcome ItemLengths::measure(DataItem& item, DataItem const* last) {
   if (m_complete.contains(&item)) return Outcome::found;
   if (m_steps > kMaxSteps) return Outcome::tooMany;
   prepareGroups(item);
-  // Where nothing is aligned the length doesn't hang on the place.
+  implyPicture(item, m_data);
+  // The length depends on the place in the record only if an item is aligned.
   if (prepare(item)) {
     measureRecord(*recordOf(item), last);
   } else {
@@ -56,8 +58,8 @@ void ItemLengths::prepareGroups(DataItem& item) {
   inherit(item);
 }
 
-// Usages, signs and redefinitions below an item whose own ones are known.
-// Returns whether something in it is aligned.
+// Sets the usage, sign, picture and redefinition of the items in an item whose own
+// ones are known. Returns whether one of them is aligned.
 bool ItemLengths::prepare(DataItem& item) {
   Redefinitions redefinitions(m_discarded);
   bool isAligned = item.isSynchronized;
@@ -66,6 +68,7 @@ bool ItemLengths::prepare(DataItem& item) {
     if (each->level == kRenamesLevel) continue;
     redefinitions.visit(*each);
     inherit(*each);
+    implyPicture(*each, m_data);
     isAligned |= prepare(*each);
   }
   return isAligned;

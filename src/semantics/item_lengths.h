@@ -1,5 +1,5 @@
-// Lengths that are asked for while the source is still being parsed, by
-// constants: `78 N VALUE LENGTH OF A`.
+// The lengths of items that constants use while the source is being parsed:
+// `78 N VALUE LENGTH OF A`.
 #pragma once
 
 #include <cstdint>
@@ -18,16 +18,22 @@ class ItemLengths {
     found,
     unknown,
     ambiguous,
-    tooMany,  ///< more work than any source is worth
+    tooMany,  ///< the limit on the work for all lengths is exceeded
+  };
+
+  /// The result of a search. The item is null unless it was found.
+  struct Found {
+    Outcome outcome = Outcome::unknown;
+    DataItem* item = nullptr;
   };
 
   ItemLengths(DataDivision& data, Diagnostics const& diagnostics)
       : m_data(data), m_index(data), m_discarded(diagnostics.sources()) {}
 
   /// Finds an item among all but the newest, which is still being parsed, and
-  /// lays it out as far as it goes. `last` is the item parsed last. The size of
-  /// the item is good if the outcome is `found`.
-  Outcome find(QualifiedName const& name, DataItem const* last, DataItem*& item);
+  /// sets its size, as far as its record has been parsed. `last` is the item
+  /// parsed last.
+  [[nodiscard]] Found find(QualifiedName const& name, DataItem const* last);
 
  private:
   Outcome measure(DataItem& item, DataItem const* last);
@@ -37,11 +43,11 @@ class ItemLengths {
 
   DataDivision& m_data;
   NameIndex m_index;
-  Diagnostics m_discarded;                         // the checker reports it all again
-  std::unordered_set<DataItem const*> m_complete;  // that were measured then
-  // The last item when a record was measured.
+  Diagnostics m_discarded;                         // the checker reports the same errors later
+  std::unordered_set<DataItem const*> m_complete;  // items whose size is final
+  // By record, the last item of the source when the record was measured.
   std::unordered_map<DataItem const*, DataItem const*> m_records;
-  std::uint64_t m_steps = 0;
+  std::uint64_t m_steps = 0;  // the number of items visited
 };
 
 }  // namespace fdmorph::compiler

@@ -3,12 +3,38 @@
 #include <algorithm>
 
 #include "source/literals.h"
+#include "text/letter_case.h"
 
 namespace fdmorph::compiler {
 namespace {
 
-constexpr std::uint32_t kBinaryDigits = 18;
+constexpr std::uint32_t kMaxBinaryDigits = 18;
 
+// The picture that a value implies; empty if it implies none.
+std::string pictureOf(Literal const& value, bool isNationalUsage) {
+  switch (value.kind) {
+    case Literal::Kind::zero:
+      return "9";
+    case Literal::Kind::space:
+    case Literal::Kind::quote:
+    case Literal::Kind::lowValue:
+    case Literal::Kind::highValue:
+    case Literal::Kind::null:
+      return "X";
+    case Literal::Kind::text:
+      break;
+    default:
+      return {};
+  }
+  LiteralContent content = decodeLiteral(value.text);
+  if (content.isNumber) return {};
+  bool isNational = isNationalUsage || isNationalLiteral(value.text);
+  bool hasFinalNul = toUpper(value.text.front()) == 'Z';
+  std::size_t size = isNational ? content.characters : content.text.size() + (hasFinalNul ? 1 : 0);
+  return (isNational ? "N(" : "X(") + std::to_string(std::max<std::size_t>(size, 1)) + ")";
+}
+
+/// Checks the clauses and values of one item.
 class ItemCheck {
  public:
   ItemCheck(DataItem const& item, Diagnostics& diagnostics)
@@ -36,25 +62,24 @@ class ItemCheck {
   void report(Code code, std::string text) {
     m_diagnostics.report(code, m_item.place, std::move(text));
   }
-  std::string name() const {
-    return m_item.name.empty() ? "the item" : "the item " + quoted(m_item.name);
-  }
+  std::string name() const { return m_item.name.empty() ? "item" : "item " + quoted(m_item.name); }
 
   void checkGroup() {
     if (m_item.picture != nullptr) {
       m_diagnostics.report(Code::picture, m_item.picturePlace,
-                           name() + " has a picture and items below it");
+                           name() + " is a group and has a PICTURE clause");
     }
-    if (m_item.isJustified) report(Code::clause, "a group can't be JUSTIFIED");
-    if (m_item.isBlankWhenZero) report(Code::clause, "a group can't be BLANK WHEN ZERO");
+    if (m_item.isJustified) report(Code::clause, "JUSTIFIED is not allowed for a group");
+    if (m_item.isBlankWhenZero) report(Code::clause, "BLANK WHEN ZERO is not allowed for a group");
   }
 
   void checkWithoutPicture() {
     if (takesPicture(m_item.effectiveUsage) && !m_item.isIncomplete) {
-      report(Code::pictureMissing, name() + " has no picture");
+      report(Code::pictureMissing, name() + " has no PICTURE clause");
     }
-    if (m_item.isJustified) report(Code::clause, "JUSTIFIED needs a picture of characters");
-    if (m_item.isBlankWhenZero) report(Code::clause, "BLANK WHEN ZERO needs a numeric picture");
+    if (m_item.isJustified)
+      report(Code::clause, "JUSTIFIED requires an alphanumeric or national picture");
+    if (m_item.isBlankWhenZero) report(Code::clause, "BLANK WHEN ZERO requires a numeric picture");
   }
 
   void checkUsage() {
@@ -89,12 +114,13 @@ class ItemCheck {
     }
     if (!fits) {
       m_diagnostics.report(Code::usage, m_item.picturePlace,
-                           "the picture doesn't go with the usage " + std::string(m_usage.name));
+                           "picture is not allowed with usage " + std::string(m_usage.name));
     }
     bool isBinary = m_usage.storage == Storage::binary || m_usage.storage == Storage::nativeBinary;
-    if (isNumber && isBinary && m_item.picture->nines > kBinaryDigits) {
-      m_diagnostics.report(Code::binarySize, m_item.picturePlace,
-                           "a binary item holds 18 digits at most");
+    if (isNumber && isBinary && m_item.picture->nines > kMaxBinaryDigits) {
+      m_diagnostics.report(
+          Code::binarySize, m_item.picturePlace,
+          "binary item has more than " + std::to_string(kMaxBinaryDigits) + " digits");
     }
   }
 
@@ -104,18 +130,18 @@ class ItemCheck {
     bool isCharacters =
         m_usage.storage == Storage::characters || m_usage.storage == Storage::nationalCharacters;
     if (m_item.isJustified && (isNumber || category == Category::numericEdited)) {
-      report(Code::clause, "JUSTIFIED needs a picture of characters");
+      report(Code::clause, "JUSTIFIED requires an alphanumeric or national picture");
     }
     bool isZeroable = (isNumber && isCharacters) || category == Category::numericEdited;
     if (m_item.isBlankWhenZero && !isZeroable) {
-      report(Code::clause, "BLANK WHEN ZERO needs a numeric picture of usage DISPLAY");
+      report(Code::clause, "BLANK WHEN ZERO requires a numeric picture of usage DISPLAY");
     } else if (m_item.isBlankWhenZero &&
                m_item.picture->text.find_first_of("Ss*") != std::string::npos) {
-      report(Code::clause, "BLANK WHEN ZERO excludes 'S' and '*' in the picture");
+      report(Code::clause, "BLANK WHEN ZERO is not allowed with 'S' or '*' in the picture");
     }
     bool hasOwnSign = m_item.sign.position != SignPosition::none;
     if (hasOwnSign && !(isNumber && m_item.picture->isSigned && isCharacters)) {
-      report(Code::clauseWarning, "SIGN has no meaning without 'S' in a picture of usage DISPLAY");
+      report(Code::clauseWarning, "SIGN has no effect without 'S' in a picture of usage DISPLAY");
     }
   }
 
@@ -125,8 +151,7 @@ class ItemCheck {
     bool isNumber = m_item.picture->category == Category::numeric;
     bool isText = value.kind == Literal::Kind::text;
     if (isNumber && isText && !value.isAll) {
-      m_diagnostics.report(Code::valueSize, value.place,
-                           "the value of a numeric item is written as a text");
+      m_diagnostics.report(Code::valueSize, value.place, "numeric item has a nonnumeric value");
       return;
     }
     if (isNumber) {
@@ -137,14 +162,14 @@ class ItemCheck {
   }
 
   void checkCharacters(Literal const& value, std::uint64_t size) {
-    // An open literal is reported already.
+    // An open literal has been reported already.
     bool isText = value.kind == Literal::Kind::text && !value.isAll && !value.isOpen;
     if (isText && decodeLiteral(value.text).characters > size) {
-      m_diagnostics.report(Code::valueSize, value.place, "the value is longer than the item");
+      m_diagnostics.report(Code::valueSize, value.place, "value is longer than the item");
     }
   }
 
-  // Native binary numbers may hold more than their pictures say.
+  // Native binary numbers may have more digits than their pictures.
   void checkNumber(Literal const& value) {
     bool isNative =
         m_usage.storage == Storage::nativeBinary || m_usage.storage == Storage::shortBinary;
@@ -160,10 +185,9 @@ class ItemCheck {
     fraction = fraction.substr(0, fraction.find_last_not_of('0') + 1);  // npos + 1 is 0
     Picture const& picture = *m_item.picture;
     if (whole.size() > picture.digits - picture.scale || fraction.size() > picture.scale) {
-      m_diagnostics.report(Code::valueSize, value.place, "the value has more digits than the item");
+      m_diagnostics.report(Code::valueSize, value.place, "value has more digits than the item");
     } else if (isNegative && !picture.isSigned) {
-      m_diagnostics.report(Code::valueSize, value.place,
-                           "the value is negative and the item has no sign");
+      m_diagnostics.report(Code::valueSize, value.place, "negative value of an unsigned item");
     }
   }
 
@@ -183,6 +207,25 @@ void inherit(DataItem& item) {
   item.effectiveSign = hasSign || group == nullptr ? item.sign : group->effectiveSign;
 }
 
+void implyPicture(DataItem& item, DataDivision& data) {
+  if (item.isPictureImplied) {
+    // It had no items below it at the time.
+    if (item.isGroup()) item.picture = nullptr;
+    return;
+  }
+  if (item.level == 1 || item.level == kSingleLevel) return;
+  bool isMissing = !item.isGroup() && item.picture == nullptr && !item.isIncomplete &&
+                   takesPicture(item.effectiveUsage) && !item.values.empty();
+  if (!isMissing) return;
+  Literal const& value = item.values.front().from;
+  std::string text = pictureOf(value, item.effectiveUsage == Usage::national);
+  if (text.empty()) return;
+  data.pictures.push_back(analysePicture(text, {}, {}));
+  item.picture = &data.pictures.back();
+  item.picturePlace = value.place;
+  item.isPictureImplied = true;
+}
+
 void checkItem(DataItem const& item, Diagnostics& diagnostics) {
   ItemCheck(item, diagnostics).check();
 }
@@ -199,7 +242,7 @@ bool isInteger(DataItem const& item) {
       usage.usage == Usage::comp1 || usage.usage == Usage::comp2 || usage.name.starts_with("float");
   if (usage.storage == Storage::fixed) return usage.isNumeric && !isFloat;
   if (item.picture == nullptr) return false;
-  // X stands for bytes of a number in these usages.
+  // In these usages the symbol X describes bytes of a number.
   bool isBytes = usage.storage == Storage::nativeBinary || usage.storage == Storage::shortBinary;
   bool isNumber = item.picture->category == Category::numeric;
   return (isNumber && item.picture->scale == 0) || (isBytes && !isNumber);
@@ -217,7 +260,7 @@ ItemKind kindOf(DataItem const& item) {
   }
   switch (item.picture->category) {
     case Category::numeric:
-      // Blanks are no number.
+      // Its data may be blank.
       return item.isBlankWhenZero ? ItemKind::numericEdited : ItemKind::numeric;
     case Category::numericEdited:
       return ItemKind::numericEdited;

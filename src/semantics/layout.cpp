@@ -8,8 +8,7 @@ namespace {
 
 constexpr std::uint64_t kBitsInByte = 8;
 
-// The least bytes that hold an unsigned number of so many digits; a signed one
-// gets no more.
+// The least number of bytes for an unsigned number. A signed one has as many.
 std::uint64_t shortSize(std::uint32_t digits) {
   constexpr std::array<std::uint32_t, 8> kMaxDigitsOfSize{2, 4, 7, 9, 12, 14, 16, 19};
   auto found = std::lower_bound(kMaxDigitsOfSize.begin(), kMaxDigitsOfSize.end(), digits);
@@ -23,7 +22,7 @@ std::uint64_t binarySize(std::uint32_t digits) {
   return digits <= 9 ? 4 : 8;
 }
 
-// A native number in place of so many characters.
+// The size of a native number with a picture of so many X.
 std::uint64_t nativeSize(std::uint64_t characters) {
   for (std::uint64_t size : {1U, 2U, 4U}) {
     if (characters <= size) return size;
@@ -50,11 +49,18 @@ std::uint64_t alignmentOf(DataItem const& item) {
   return isWhole ? item.size : 1;
 }
 
+// Moves an item and everything in it.
+void shift(DataItem& item, std::uint64_t bytes) {
+  item.offset += bytes;
+  for (DataItem* each = item.firstChild; each != nullptr; each = each->next) shift(*each, bytes);
+}
+
+/// Lays out one record.
 class Layout {
  public:
   explicit Layout(Diagnostics& diagnostics) : m_diagnostics(diagnostics) {}
 
-  // The offset of `item` is set.
+  // Sets the size of an item whose offset is set.
   void place(DataItem& item) {
     if (item.isGroup()) {
       placeChildren(item);
@@ -62,7 +68,7 @@ class Layout {
       item.size = sizeOf(item);
     }
     if (item.size > kMaxItemSize / item.occurrences()) {
-      m_diagnostics.report(Code::size, item.place, "the item is larger than 2 GB");
+      m_diagnostics.report(Code::size, item.place, "item is larger than 2 GB");
       item.size = kMaxItemSize / item.occurrences();
     }
   }
@@ -70,6 +76,7 @@ class Layout {
  private:
   void placeChildren(DataItem& group) {
     std::uint64_t size = 0;
+    DataItem* last = nullptr;  // the last item with storage of its own
     m_widest = 1;
     for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
       child->slack = 0;
@@ -78,6 +85,7 @@ class Layout {
         placeRedefinition(*child, group, size);
         continue;
       }
+      last = child;
       child->offset = group.offset + size;
       place(*child);
       size += child->size * child->occurrences();
@@ -88,13 +96,12 @@ class Layout {
       size = std::min(size + slack, kMaxItemSize + 1);
       m_widest = std::max(m_widest, alignment);
     }
-    std::uint64_t slack = (m_widest - size % m_widest) % m_widest;
-    if (group.occurrences() > 1 && slack != 0) {
-      size += slack;
-      group.firstChild->slack += slack;
-      for (DataItem* child = group.firstChild; child != nullptr; child = child->next) {
-        child->offset += slack;
-      }
+    std::uint64_t filling = (m_widest - size % m_widest) % m_widest;
+    if (group.occurrences() > 1 && filling != 0) {
+      size += filling;
+      last->slack += filling;
+      // The items after it redefine it.
+      for (DataItem* child = last; child != nullptr; child = child->next) shift(*child, filling);
     }
     group.size = size;
   }
@@ -106,20 +113,20 @@ class Layout {
     std::uint64_t room = redefined.size * redefined.occurrences();
     std::uint64_t needed = item.size * item.occurrences();
     if (needed <= room) return;
-    // Nothing is of size 0 but what was reported.
+    // Only an item with an error has size 0.
     if (room > 0) reportLarger(item, needed, room);
-    // The group grows by what sticks out at its end.
+    // The group contains the part that exceeds the redefined item.
     size = std::max(size, item.offset - group.offset + needed);
   }
 
   void reportLarger(DataItem const& item, std::uint64_t needed, std::uint64_t room) {
     m_diagnostics.report(Code::redefinesSize, item.place,
-                         "the item is larger (" + std::to_string(needed) +
-                             " bytes) than what it redefines (" + std::to_string(room) + ")");
+                         "item of " + std::to_string(needed) + " bytes redefines an item of " +
+                             std::to_string(room) + " bytes");
   }
 
   Diagnostics& m_diagnostics;
-  std::uint64_t m_widest = 1;  // alignment since the group that began last
+  std::uint64_t m_widest = 1;  // the largest alignment since the beginning of the last group
 };
 
 }  // namespace

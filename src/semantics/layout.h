@@ -1,14 +1,17 @@
 // The storage layout.
 //
-// Items lie one behind the other, a table's occurrences too. An item that
-// redefines lies where the redefined one does and takes no room of its own.
-// SYNCHRONIZED moves a binary item of 2, 4 or 8 bytes, an index or a pointer
-// up to a multiple of its size from the beginning of the record; the room in
-// between is the group's. A table is filled up to the widest such item so that
-// each of its occurrences lies alike, and that room is put ahead of its items.
-// Items count for it from the beginning of the last group in the table on that
-// has ended by its end, which is how other compilers came to lay out tables
-// within tables; files have kept that.
+// Items follow one another without gaps, and so do the occurrences of a table. An
+// item that redefines another begins where that begins and adds nothing to the
+// size of the group, unless it is larger.
+//
+// SYNCHRONIZED moves a binary item of 2, 4 or 8 bytes, an index or a pointer to a
+// multiple of its size from the beginning of the record. The bytes in between
+// belong to the group. A table that contains such items is filled up to a multiple
+// of the widest one, so that all occurrences are aligned alike. GnuCOBOL defines
+// the details, since its data files depend on them:
+// - The filling precedes the last item directly below the table.
+// - The widest item is searched only from the beginning of the last group in the
+//   table on, whatever its level is.
 #pragma once
 
 #include "semantics/data_item.h"
@@ -16,15 +19,15 @@
 
 namespace fdmorph::compiler {
 
-/// Largest size of an item with all its occurrences.
+/// The maximum size of an item with all its occurrences, in bytes.
 inline constexpr std::uint64_t kMaxItemSize = 0x7FFFFFFF;
 
-/// Bytes of an elementary item by its picture, usage and sign; 0 where these
-/// don't fit together.
+/// The size in bytes of an elementary item by its picture, usage and sign; 0 if
+/// these do not go together.
 std::uint64_t sizeOf(DataItem const& item);
 
-/// Sets size and offset of a record and everything in it. Reports what is too
-/// large, and redefinitions that are larger than what they redefine.
+/// Sets the sizes and offsets of a record and all items in it. Reports items that
+/// are too large and redefinitions that are larger than the redefined item.
 void layOut(DataItem& record, Diagnostics& diagnostics);
 
 }  // namespace fdmorph::compiler

@@ -3,11 +3,11 @@
 namespace fdmorph::compiler {
 namespace {
 
-// Items looked at over all searches. A source needs as many only if it has far
-// more items of one name than its references can tell apart.
+// The limit of items tried in all searches. Only a source with very many items of
+// one name reaches it, and its references are ambiguous.
 constexpr std::uint64_t kMaxSteps = 20'000'000;
 
-// More items of one name than these are told apart by their groups.
+// Longer chains are searched by the names of the groups around the items.
 constexpr std::size_t kMaxChainLength = 16;
 
 bool isData(DataItem const& item) {
@@ -21,7 +21,7 @@ bool isFillerName(std::string_view name) {
 }
 
 void NameIndex::extend(std::size_t count) {
-  // Few at a time, they would be moved again and again.
+  // Avoids rehashing when all items are added at once.
   if (m_itemCount == 0) m_chains.reserve(count * 2);
   for (; m_itemCount < count; ++m_itemCount) {
     DataItem& item = m_data.items[m_itemCount];
@@ -40,7 +40,7 @@ void NameIndex::extendFiles() {
       m_files[record] = file.name;
       m_lastOfFile = record;
     }
-    // More records may come.
+    // The last file may get more records.
     if (m_file + 1 == m_data.files.size()) return;
   }
 }
@@ -51,46 +51,42 @@ void NameIndex::add(Chain& chain, DataItem& item, Link link) {
   ++chain.length;
 }
 
-NameIndex::Outcome NameIndex::resolve(QualifiedName const& name, DataItem const& from,
-                                      DataItem*& item) {
-  Outcome inRecord = resolveInRecord(name, from, item);
-  return inRecord == Outcome::unknown ? resolveAnywhere(name, item) : inRecord;
+NameIndex::Found NameIndex::resolve(QualifiedName const& name, DataItem const& from) {
+  Found inRecord = resolveInRecord(name, from);
+  return inRecord.outcome == Outcome::unknown ? resolveAnywhere(name) : inRecord;
 }
 
-NameIndex::Outcome NameIndex::resolveInRecord(QualifiedName const& name, DataItem const& from,
-                                              DataItem*& item) {
-  return searchIn(recordOf(from), name, &DataItem::sameInRecord, item);
+NameIndex::Found NameIndex::resolveInRecord(QualifiedName const& name, DataItem const& from) {
+  return searchIn(recordOf(from), name, &DataItem::sameInRecord);
 }
 
-NameIndex::Outcome NameIndex::resolveAnywhere(QualifiedName const& name, DataItem*& item) {
-  return searchIn(nullptr, name, &DataItem::sameName, item);
+NameIndex::Found NameIndex::resolveAnywhere(QualifiedName const& name) {
+  return searchIn(nullptr, name, &DataItem::sameName);
 }
 
-NameIndex::Outcome NameIndex::searchIn(DataItem const* record, QualifiedName const& name, Link link,
-                                       DataItem*& item) {
-  auto found = m_chains.find({record, name.name});
-  if (found == m_chains.end()) return Outcome::unknown;
-  Chain& chain = found->second;
-  DataItem* match = nullptr;
-  Outcome outcome = Outcome::unknown;
+NameIndex::Found NameIndex::searchIn(DataItem const* record, QualifiedName const& name, Link link) {
+  auto entry = m_chains.find({record, name.name});
+  if (entry == m_chains.end()) return {};
+  Chain& chain = entry->second;
+  Found found;
   if (chain.length > kMaxChainLength && !name.qualifiers.empty()) {
     qualify(record, name, chain, link);
     std::vector<DataItem*> const* list = shortestList(record, name);
-    if (list == nullptr) return Outcome::unknown;
-    for (std::size_t i = 0; i < list->size() && outcome != Outcome::ambiguous; ++i) {
-      outcome = take(name, *(*list)[i], match);
+    if (list == nullptr) return {};
+    for (std::size_t i = 0; i < list->size() && found.outcome != Outcome::ambiguous; ++i) {
+      tryItem(name, *(*list)[i], found);
     }
   } else {
-    for (DataItem* each = chain.last; each != nullptr && outcome != Outcome::ambiguous;
+    for (DataItem* each = chain.last; each != nullptr && found.outcome != Outcome::ambiguous;
          each = each->*link) {
-      outcome = take(name, *each, match);
+      tryItem(name, *each, found);
     }
   }
-  if (outcome == Outcome::found) item = match;
-  return outcome;
+  if (found.outcome != Outcome::found) found.item = nullptr;
+  return found;
 }
 
-// Puts what is new in a chain under the names of the groups around it.
+// Adds the new items of a chain to m_qualified.
 void NameIndex::qualify(DataItem const* record, QualifiedName const& name, Chain& chain,
                         Link link) {
   for (DataItem* each = chain.last; each != chain.qualified; each = each->*link) {
@@ -116,15 +112,14 @@ std::vector<DataItem*> const* NameIndex::shortestList(DataItem const* record,
   return shortest;
 }
 
-// The outcome up to and with this candidate.
-NameIndex::Outcome NameIndex::take(QualifiedName const& name, DataItem& candidate,
-                                   DataItem*& match) {
-  if (++m_steps > kMaxSteps) return Outcome::ambiguous;
-  if (fits(name, candidate)) {
-    if (match != nullptr) return Outcome::ambiguous;
-    match = &candidate;
+// Adds a candidate to the result of a search.
+void NameIndex::tryItem(QualifiedName const& name, DataItem& candidate, Found& found) {
+  if (++m_steps > kMaxSteps) {
+    found.outcome = Outcome::ambiguous;
+  } else if (matches(name, candidate)) {
+    found.outcome = found.item == nullptr ? Outcome::found : Outcome::ambiguous;
+    found.item = &candidate;
   }
-  return match == nullptr ? Outcome::unknown : Outcome::found;
 }
 
 std::vector<QualifiedName const*> NameIndex::findOutside(std::vector<QualifiedName> const& names,
@@ -140,7 +135,7 @@ std::vector<QualifiedName const*> NameIndex::findOutside(std::vector<QualifiedNa
 void NameIndex::removeMatches(Wanted& wanted, DataItem const& item) const {
   auto found = wanted.find(item.name);
   if (found != wanted.end()) {
-    std::erase_if(found->second, [&](QualifiedName const* each) { return fits(*each, item); });
+    std::erase_if(found->second, [&](QualifiedName const* each) { return matches(*each, item); });
     if (found->second.empty()) wanted.erase(found);
   }
   DataItem const* each = item.firstChild;
@@ -152,8 +147,8 @@ std::string_view NameIndex::fileOf(DataItem const& record) const {
   return file == m_files.end() ? std::string_view() : file->second;
 }
 
-// Qualifiers name groups around the item, from the inside out, and its file.
-bool NameIndex::fits(QualifiedName const& name, DataItem const& item) const {
+// Qualifiers are names of groups around the item, innermost first, and of its file.
+bool NameIndex::matches(QualifiedName const& name, DataItem const& item) const {
   DataItem const* group = item.parent;
   for (std::string_view qualifier : name.qualifiers) {
     while (group != nullptr && !equalsIgnoringCase(group->name, qualifier)) group = group->parent;
@@ -176,19 +171,19 @@ void Redefinitions::visit(DataItem& item) {
                  (equalsIgnoringCase(m_base->name, target.name) || isAlias(target.name, item));
   if (!isKnown) {
     m_diagnostics.report(Code::redefines, target.place,
-                         "REDEFINES names " + quoted(target.name) +
-                             ", which isn't the item before it in the same group");
+                         "cannot redefine " + quoted(target.name) +
+                             ", which is not the preceding item of the same group");
     m_base = &item;
     return;
   }
   if (m_base->occurs) {
     m_diagnostics.report(Code::redefinesTable, target.place,
-                         quoted(target.name) + " is a table, which should not be redefined");
+                         "redefined item " + quoted(target.name) + " is a table");
   }
   item.redefined = m_base;
 }
 
-// The names are gathered only where one is asked for, each once.
+// Collects the names of items on demand, each once.
 bool Redefinitions::isAlias(std::string_view name, DataItem const& upTo) {
   DataItem* next = m_lastAlias == nullptr ? m_base->next : m_lastAlias->next;
   for (; next != nullptr && next != &upTo; next = next->next) {

@@ -3,251 +3,29 @@
 #include <algorithm>
 #include <array>
 
+#include "source/diagnostics.h"
 #include "text/letter_case.h"
 
 namespace fdmorph::compiler {
 namespace {
 
-/// How often each symbol stands in a picture.
-class Counts {
- public:
-  explicit Counts(std::vector<PictureRun> const& runs) {
-    for (PictureRun const& run : runs) m_counts[index(run.symbol)] += run.count;
-  }
-
-  std::uint64_t of(char symbol) const { return m_counts[index(symbol)]; }
-  bool has(std::string_view symbols) const {
-    for (char each : symbols) {
-      if (of(each) != 0) return true;
-    }
-    return false;
-  }
-
- private:
-  static std::size_t index(char symbol) { return static_cast<unsigned char>(symbol) & 0x7FU; }
-
-  std::array<std::uint64_t, 128> m_counts{};
+/// A symbol and its repetitions. CR and DB are 'C' and 'D', the currency sign is
+/// '$' and the decimal point '.', whatever characters the program uses.
+struct PictureRun {
+  char symbol;
+  std::uint64_t count;
 };
 
-/// The rules on the order of symbols in a numeric picture.
-class OrderCheck {
- public:
-  OrderCheck(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture)
-      : m_runs(runs), m_counts(counts), m_picture(picture) {}
-
-  void check() {
-    for (m_at = 0; m_at < m_runs.size() && m_picture.isValid(); ++m_at) checkRun();
-    if (m_counts.has("+-") && m_counts.has("CD")) fail("a sign stands beside CR or DB");
-    if (m_counts.has("+") && m_counts.has("-")) fail("both '+' and '-' stand in the picture");
-    if (m_counts.has("Z") && m_counts.has("*")) fail("both 'Z' and '*' stand in the picture");
-    if (m_counts.of('V') + m_counts.of('.') > 1) fail("the picture has two decimal points");
-    if (m_counts.has("P") && m_counts.has(".")) fail("'P' and a decimal point exclude each other");
-  }
-
- private:
-  void fail(char const* text) {
-    if (m_picture.isValid()) m_picture.errors.emplace_back(text);
-  }
-
-  bool isLast() const { return m_at + 1 == m_runs.size(); }
-  bool isFirst() const { return m_at == 0; }
-
-  void checkRun() {
-    PictureRun const& run = m_runs[m_at];
-    switch (run.symbol) {
-      case 'S':
-        if (!isFirst() || run.count > 1) fail("'S' isn't the first symbol of the picture");
-        break;
-      case 'C':
-      case 'D':
-        if (!isLast() || run.count > 1) fail("CR or DB isn't at the end of the picture");
-        break;
-      case 'Z':
-      case '*':
-        if (m_hasNine) fail("a suppressed zero follows a '9'");
-        if (m_hasFloating) fail("a suppressed zero follows a floating sign");
-        m_hasSuppressed = true;
-        break;
-      case '9':
-        m_hasNine = true;
-        break;
-      case 'P':
-        checkScaling();
-        break;
-      case '$':
-      case '+':
-      case '-':
-        checkFloating(run);
-        break;
-      default:
-        break;
-    }
-  }
-
-  // Scaling positions are the outermost ones on their side.
-  void checkScaling() {
-    bool isLeft = true;
-    for (std::size_t i = 0; i < m_at; ++i) {
-      char symbol = m_runs[i].symbol;
-      if (symbol != 'S' && symbol != 'V' && symbol != '+' && symbol != '-' && symbol != '$') {
-        isLeft = false;
-      }
-    }
-    bool isRight = true;
-    for (std::size_t i = m_at + 1; i < m_runs.size(); ++i) {
-      char symbol = m_runs[i].symbol;
-      if (symbol != 'V' && symbol != '+' && symbol != '-' && symbol != 'C' && symbol != 'D') {
-        isRight = false;
-      }
-    }
-    if (!isLeft && !isRight) fail("'P' stands between other symbols of the picture");
-  }
-
-  // One sign is fixed, at an end; more of them float, ahead of the digits.
-  void checkFloating(PictureRun const& run) {
-    bool isFixed = m_counts.of(run.symbol) == 1;
-    bool isSign = run.symbol != '$';
-    if (isFixed) {
-      bool isInFront = !m_hasNine && !m_hasSuppressed && !m_hasFloating;
-      bool isBehind = isLast() || (m_at + 2 == m_runs.size() && isEndSign(m_runs[m_at + 1].symbol));
-      if (!isInFront && !isBehind) {
-        fail(isSign ? "a sign stands between other symbols of the picture"
-                    : "the currency sign stands between other symbols of the picture");
-      }
-      return;
-    }
-    if (m_hasNine || m_hasSuppressed) fail("a floating sign follows digits");
-    if (m_hasFloating && m_floating != run.symbol) fail("two signs float");
-    m_hasFloating = true;
-    m_floating = run.symbol;
-  }
-
-  static bool isEndSign(char symbol) {
-    return symbol == '+' || symbol == '-' || symbol == 'C' || symbol == 'D' || symbol == '$';
-  }
-
-  std::vector<PictureRun> const& m_runs;
-  Counts const& m_counts;
-  Picture& m_picture;
-  std::size_t m_at = 0;
-  bool m_hasNine = false;
-  bool m_hasSuppressed = false;
-  bool m_hasFloating = false;
-  char m_floating = 0;
+struct PictureRuns {
+  std::string text;  // with constants replaced by their values
+  std::vector<PictureRun> runs;
+  std::vector<std::string> errors;
 };
-
-// The first currency symbol stands for the whole sign.
-void findSize(std::vector<PictureRun> const& runs, std::size_t currencySize, Picture& picture) {
-  bool hasCurrency = std::any_of(runs.begin(), runs.end(),
-                                 [](PictureRun const& run) { return run.symbol == '$'; });
-  if (hasCurrency) picture.size += currencySize - 1;
-  for (PictureRun const& run : runs) {
-    bool isStored = run.symbol != 'S' && run.symbol != 'V' && run.symbol != 'P';
-    bool isPair = run.symbol == 'C' || run.symbol == 'D';
-    if (isStored) picture.size += run.count * (isPair ? 2U : 1U);
-  }
-}
-
-// Digits before and behind the decimal point; where it isn't written, it
-// stands right of the last digit or left of leading scaling positions.
-void findDigits(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture) {
-  std::uint64_t nines = counts.of('9') + counts.of('Z') + counts.of('*');
-  for (char symbol : {'+', '-', '$'}) {
-    if (counts.of(symbol) > 1) nines += counts.of(symbol) - 1;
-  }
-  bool isBehind = false;
-  bool hasDigits = false;
-  std::uint64_t behind = 0;
-  for (PictureRun const& run : runs) {
-    switch (run.symbol) {
-      case 'V':
-      case '.':
-        isBehind = true;
-        break;
-      case 'P':
-        if (!hasDigits) isBehind = true;
-        if (isBehind && !hasDigits) behind += run.count;
-        break;
-      case '9':
-      case 'Z':
-      case '*':
-        hasDigits = true;
-        if (isBehind) behind += run.count;
-        break;
-      case '+':
-      case '-':
-      case '$':
-        if (isBehind && counts.of(run.symbol) > 1) behind += run.count;
-        break;
-      default:
-        break;
-    }
-  }
-  if (nines + counts.of('P') > kMaxDigits) {
-    picture.errors.push_back("a number has more than " + std::to_string(kMaxDigits) + " digits");
-    return;
-  }
-  picture.nines = static_cast<std::uint32_t>(nines);
-  picture.digits = static_cast<std::uint32_t>(nines + counts.of('P'));
-  picture.scale = static_cast<std::uint32_t>(behind);
-}
-
-// An exponent: sign, digits, E, sign, digits.
-bool isFloatingPoint(std::vector<PictureRun> const& runs) {
-  std::string shape;
-  for (PictureRun const& run : runs) {
-    char symbol = run.symbol == '-' ? '+' : run.symbol;
-    shape += symbol == 'V' ? '.' : symbol;
-  }
-  return shape == "+9.9E+9" || shape == "+.9E+9" || shape == "+9.E+9" || shape == "+9E+9";
-}
-
-void checkCharacters(Counts const& counts, Picture& picture) {
-  if (counts.has("SVPZ*+-$.CDE,")) {
-    picture.errors.emplace_back("symbols of numbers and of texts stand in one picture");
-  }
-}
-
-bool hasPositions(Counts const& counts) {
-  return counts.has("AXNGZ*91") || counts.of('+') > 1 || counts.of('-') > 1 || counts.of('$') > 1;
-}
-
-void checkBoolean(Counts const& counts, Picture& picture) {
-  picture.isBoolean = counts.has("1");
-  if (picture.isBoolean && counts.has("ABENPSVXZ9G0/,.+-*$CD")) {
-    picture.errors.emplace_back("symbols of bits and others stand in one picture");
-  }
-}
-
-Category findCategory(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture) {
-  checkBoolean(counts, picture);
-  if (picture.isBoolean) return Category::alphanumeric;
-  if (counts.has("NG")) {
-    checkCharacters(counts, picture);
-    if (counts.has("AX9")) {
-      picture.errors.emplace_back("national and other characters stand in one picture");
-    }
-    return counts.has("B0/") ? Category::nationalEdited : Category::national;
-  }
-  if (counts.has("AX")) {
-    checkCharacters(counts, picture);
-    if (counts.has("X9")) {
-      return counts.has("B0/") ? Category::alphanumericEdited : Category::alphanumeric;
-    }
-    return counts.has("B0/") ? Category::alphanumericEdited : Category::alphabetic;
-  }
-  if (counts.has("E")) {
-    if (!isFloatingPoint(runs)) picture.errors.emplace_back("this is no floating-point picture");
-    return Category::numericEdited;
-  }
-  OrderCheck(runs, counts, picture).check();
-  findDigits(runs, counts, picture);
-  return counts.has("B0/,.+-$Z*CD") ? Category::numericEdited : Category::numeric;
-}
 
 constexpr std::string_view kSymbols = "ABENPSVXZ91G0/,.+-*";
 constexpr std::uint64_t kMaxRepetitions = 0x7FFFFFFF;
 
+/// Splits a picture string into runs of symbols.
 class RunReader {
  public:
   RunReader(std::string_view text, PictureRules rules, ConstantLookup const& constant)
@@ -276,14 +54,15 @@ class RunReader {
     } else if (m_rules.isDecimalComma && (c == ',' || c == '.')) {
       symbol = c == ',' ? '.' : ',';
     } else if (kSymbols.find(symbol) == std::string_view::npos) {
-      m_out.errors.push_back("'" + std::string(1, c) + "' is no symbol of a picture");
+      std::string_view character = firstCharacters(m_text.substr(m_at), 1);
+      m_out.errors.push_back("unknown picture symbol " + quoted(character));
       return;
     }
     m_out.text += m_text[m_at++];
     add(symbol, 1);
   }
 
-  // A run goes on after a repetition: 9(3)99 is five nines.
+  // A repetition does not end a run: 9(3)99 is five nines.
   void add(char symbol, std::uint64_t count) {
     if (!m_out.runs.empty() && m_out.runs.back().symbol == symbol) {
       m_out.runs.back().count += count;
@@ -296,48 +75,52 @@ class RunReader {
   void readRepetition() {
     std::size_t end = m_text.find(')', m_at);
     if (end == std::string_view::npos) {
-      m_out.errors.push_back("the picture lacks a closing parenthesis");
+      m_out.errors.push_back("expected ')' at the end of the picture");
       return;
     }
     std::string_view inside = m_text.substr(m_at + 1, end - m_at - 1);
     if (m_out.runs.empty() || m_text[m_at - 1] == ')') {
-      m_out.errors.push_back("a repetition follows no symbol of the picture");
+      m_out.errors.push_back("expected a picture symbol before '('");
       return;
     }
-    std::uint64_t count = 0;
-    if (!readCount(inside, count)) return;
-    if (count == 0) {
-      m_out.errors.push_back("a symbol of the picture is repeated zero times");
+    std::optional<std::uint64_t> count = readCount(inside);
+    if (!count) return;
+    if (*count == 0) {
+      m_out.errors.push_back("picture symbol is repeated zero times");
       return;
     }
-    // A constant's value takes the place of its name.
+    // The value of a constant replaces its name.
     bool isNumber = isAllDigits(inside);
     m_out.text += '(';
-    m_out.text += isNumber ? std::string(inside) : std::to_string(count);
+    m_out.text += isNumber ? std::string(inside) : std::to_string(*count);
     m_out.text += ')';
-    add(m_out.runs.back().symbol, count - 1);
+    add(m_out.runs.back().symbol, *count - 1);
     m_at = end + 1;
   }
 
-  bool readCount(std::string_view inside, std::uint64_t& count) {
-    if (!isAllDigits(inside)) {
-      std::optional<std::uint64_t> value = m_constant(inside);
+  std::optional<std::uint64_t> readCount(std::string_view inside) {
+    std::uint64_t count = 0;
+    if (isAllDigits(inside)) {
+      for (char c : inside) {
+        count = count * 10 + static_cast<std::uint64_t>(c - '0');
+        if (count > kMaxRepetitions) break;
+      }
+    } else {
+      std::optional<std::uint64_t> value =
+          m_constant ? m_constant(inside) : std::optional<std::uint64_t>();
       if (!value) {
-        m_out.errors.push_back("the repetition '" + std::string(inside.substr(0, 31)) +
-                               "' is neither a number nor a constant");
-        return false;
+        m_out.errors.push_back("expected a number or constant in parentheses, found " +
+                               quoted(inside));
+        return std::nullopt;
       }
       count = *value;
     }
-    for (char c : isAllDigits(inside) ? inside : std::string_view()) {
-      count = count * 10 + static_cast<std::uint64_t>(c - '0');
-      if (count > kMaxRepetitions) break;
-    }
-    if (count > kMaxRepetitions) m_out.errors.push_back(kTooLong);
-    return count <= kMaxRepetitions;
+    if (count <= kMaxRepetitions) return count;
+    m_out.errors.push_back(kTooLong);
+    return std::nullopt;
   }
 
-  static constexpr char kTooLong[] = "the picture describes too many characters";
+  static constexpr char kTooLong[] = "picture describes too many characters";
 
   std::string_view m_text;
   PictureRules m_rules;
@@ -346,31 +129,264 @@ class RunReader {
   PictureRuns m_out;
 };
 
+/// The number of times that each symbol occurs in a picture.
+class Counts {
+ public:
+  explicit Counts(std::vector<PictureRun> const& runs) {
+    for (PictureRun const& run : runs) m_counts[index(run.symbol)] += run.count;
+  }
+
+  std::uint64_t of(char symbol) const { return m_counts[index(symbol)]; }
+  bool has(std::string_view symbols) const {
+    for (char each : symbols) {
+      if (of(each) != 0) return true;
+    }
+    return false;
+  }
+
+ private:
+  static std::size_t index(char symbol) { return static_cast<unsigned char>(symbol) & 0x7FU; }
+
+  std::array<std::uint64_t, 128> m_counts{};
+};
+
+/// Checks the order of the symbols in a numeric picture.
+class OrderCheck {
+ public:
+  OrderCheck(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture)
+      : m_runs(runs), m_counts(counts), m_picture(picture) {}
+
+  void check() {
+    for (m_at = 0; m_at < m_runs.size() && m_picture.isValid(); ++m_at) checkRun();
+    if (m_counts.has("+-") && m_counts.has("CD")) fail("sign together with CR or DB");
+    if (m_counts.has("+") && m_counts.has("-")) fail("both '+' and '-' in the picture");
+    if (m_counts.has("Z") && m_counts.has("*")) fail("both 'Z' and '*' in the picture");
+    if (m_counts.of('V') + m_counts.of('.') > 1) fail("more than one decimal point in the picture");
+    if (m_counts.has("P") && m_counts.has(".")) fail("'P' together with a decimal point");
+  }
+
+ private:
+  void fail(char const* text) {
+    if (m_picture.isValid()) m_picture.errors.emplace_back(text);
+  }
+
+  bool isLast() const { return m_at + 1 == m_runs.size(); }
+  bool isFirst() const { return m_at == 0; }
+
+  void checkRun() {
+    PictureRun const& run = m_runs[m_at];
+    switch (run.symbol) {
+      case 'S':
+        if (!isFirst() || run.count > 1) fail("'S' is not the first symbol of the picture");
+        break;
+      case 'C':
+      case 'D':
+        if (!isLast() || run.count > 1) fail("CR or DB is not at the end of the picture");
+        break;
+      case 'Z':
+      case '*':
+        if (m_hasNine) fail("zero suppression after '9'");
+        if (m_hasFloating) fail("zero suppression after a floating sign");
+        m_hasSuppressed = true;
+        break;
+      case '9':
+        m_hasNine = true;
+        break;
+      case 'P':
+        checkScaling();
+        break;
+      case '$':
+      case '+':
+      case '-':
+        checkFloating(run);
+        break;
+      default:
+        break;
+    }
+  }
+
+  // Scaling positions are at the left or right end of the digits.
+  void checkScaling() {
+    bool isLeft = true;
+    for (std::size_t i = 0; i < m_at; ++i) {
+      char symbol = m_runs[i].symbol;
+      if (symbol != 'S' && symbol != 'V' && symbol != '+' && symbol != '-' && symbol != '$') {
+        isLeft = false;
+      }
+    }
+    bool isRight = true;
+    for (std::size_t i = m_at + 1; i < m_runs.size(); ++i) {
+      char symbol = m_runs[i].symbol;
+      if (symbol != 'V' && symbol != '+' && symbol != '-' && symbol != 'C' && symbol != 'D') {
+        isRight = false;
+      }
+    }
+    if (!isLeft && !isRight) fail("'P' is not at an end of the picture");
+  }
+
+  // A single sign is fixed, at an end of the picture. Several signs float before
+  // the digits.
+  void checkFloating(PictureRun const& run) {
+    bool isFixed = m_counts.of(run.symbol) == 1;
+    bool isSign = run.symbol != '$';
+    if (isFixed) {
+      bool isAtBegin = !m_hasNine && !m_hasSuppressed && !m_hasFloating;
+      bool isAtEnd = isLast() || (m_at + 2 == m_runs.size() && isEndSign(m_runs[m_at + 1].symbol));
+      if (!isAtBegin && !isAtEnd) {
+        fail(isSign ? "sign is not at an end of the picture"
+                    : "currency sign is not at an end of the picture");
+      }
+      return;
+    }
+    if (m_hasNine || m_hasSuppressed) fail("floating sign after digits");
+    if (m_hasFloating && m_floating != run.symbol) fail("two different floating signs");
+    m_hasFloating = true;
+    m_floating = run.symbol;
+  }
+
+  static bool isEndSign(char symbol) {
+    return symbol == '+' || symbol == '-' || symbol == 'C' || symbol == 'D' || symbol == '$';
+  }
+
+  std::vector<PictureRun> const& m_runs;
+  Counts const& m_counts;
+  Picture& m_picture;
+  std::size_t m_at = 0;
+  bool m_hasNine = false;
+  bool m_hasSuppressed = false;
+  bool m_hasFloating = false;
+  char m_floating = 0;
+};
+
+// The first currency symbol is as long as the currency string.
+void findSize(std::vector<PictureRun> const& runs, std::size_t currencySize, Picture& picture) {
+  bool hasCurrency = std::any_of(runs.begin(), runs.end(),
+                                 [](PictureRun const& run) { return run.symbol == '$'; });
+  if (hasCurrency) picture.size += currencySize - 1;
+  for (PictureRun const& run : runs) {
+    bool isStored = run.symbol != 'S' && run.symbol != 'V' && run.symbol != 'P';
+    bool isPair = run.symbol == 'C' || run.symbol == 'D';
+    if (isStored) picture.size += run.count * (isPair ? 2U : 1U);
+  }
+}
+
+// Counts the digits before and after the decimal point. If the picture has none, it
+// follows the last digit or precedes leading scaling positions.
+void findDigits(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture) {
+  std::uint64_t nines = counts.of('9') + counts.of('Z') + counts.of('*');
+  for (char symbol : {'+', '-', '$'}) {
+    if (counts.of(symbol) > 1) nines += counts.of(symbol) - 1;
+  }
+  bool isFraction = false;
+  bool hasDigits = false;
+  std::uint64_t scale = 0;
+  for (PictureRun const& run : runs) {
+    switch (run.symbol) {
+      case 'V':
+      case '.':
+        isFraction = true;
+        break;
+      case 'P':
+        if (!hasDigits) isFraction = true;
+        if (isFraction && !hasDigits) scale += run.count;
+        break;
+      case '9':
+      case 'Z':
+      case '*':
+        hasDigits = true;
+        if (isFraction) scale += run.count;
+        break;
+      case '+':
+      case '-':
+      case '$':
+        if (isFraction && counts.of(run.symbol) > 1) scale += run.count;
+        break;
+      default:
+        break;
+    }
+  }
+  if (nines + counts.of('P') > kMaxDigits) {
+    picture.errors.push_back("picture has more than " + std::to_string(kMaxDigits) + " digits");
+    return;
+  }
+  picture.nines = static_cast<std::uint32_t>(nines);
+  picture.digits = static_cast<std::uint32_t>(nines + counts.of('P'));
+  picture.scale = static_cast<std::uint32_t>(scale);
+}
+
+// A floating-point picture is sign, digits, E, sign, digits.
+bool isFloatingPoint(std::vector<PictureRun> const& runs) {
+  std::string shape;
+  for (PictureRun const& run : runs) {
+    char symbol = run.symbol == '-' ? '+' : run.symbol;
+    shape += symbol == 'V' ? '.' : symbol;
+  }
+  return shape == "+9.9E+9" || shape == "+.9E+9" || shape == "+9.E+9" || shape == "+9E+9";
+}
+
+void checkCharacters(Counts const& counts, Picture& picture) {
+  if (counts.has("SVPZ*+-$.CDE,")) {
+    picture.errors.emplace_back("numeric and alphanumeric symbols in one picture");
+  }
+}
+
+bool hasPositions(Counts const& counts) {
+  return counts.has("AXNGZ*91") || counts.of('+') > 1 || counts.of('-') > 1 || counts.of('$') > 1;
+}
+
+void checkBoolean(Counts const& counts, Picture& picture) {
+  picture.isBoolean = counts.has("1");
+  if (picture.isBoolean && counts.has("ABENPSVXZ9G0/,.+-*$CD")) {
+    picture.errors.emplace_back("boolean and other symbols in one picture");
+  }
+}
+
+Category findCategory(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture) {
+  checkBoolean(counts, picture);
+  if (picture.isBoolean) return Category::alphanumeric;
+  if (counts.has("NG")) {
+    checkCharacters(counts, picture);
+    if (counts.has("AX9")) {
+      picture.errors.emplace_back("national and other character symbols in one picture");
+    }
+    return counts.has("B0/") ? Category::nationalEdited : Category::national;
+  }
+  if (counts.has("AX")) {
+    checkCharacters(counts, picture);
+    if (counts.has("X9")) {
+      return counts.has("B0/") ? Category::alphanumericEdited : Category::alphanumeric;
+    }
+    return counts.has("B0/") ? Category::alphanumericEdited : Category::alphabetic;
+  }
+  if (counts.has("E")) {
+    if (!isFloatingPoint(runs)) picture.errors.emplace_back("invalid floating-point picture");
+    return Category::numericEdited;
+  }
+  OrderCheck(runs, counts, picture).check();
+  findDigits(runs, counts, picture);
+  return counts.has("B0/,.+-$Z*CD") ? Category::numericEdited : Category::numeric;
+}
+
 }  // namespace
 
 Picture analysePicture(std::string_view text, PictureRules rules, ConstantLookup const& constant) {
-  PictureRuns read = readPictureRuns(text, rules, constant);
+  PictureRuns read = RunReader(text, rules, constant).read();
   Picture picture;
   picture.text = std::move(read.text);
   picture.errors = std::move(read.errors);
   if (!picture.isValid()) return picture;
   Counts counts(read.runs);
   if (!hasPositions(counts)) {
-    picture.errors.emplace_back("the picture describes no character");
+    picture.errors.emplace_back("picture describes no character");
     return picture;
   }
   findSize(read.runs, rules.currencySize, picture);
   picture.isSigned = counts.has("S");
   picture.category = findCategory(read.runs, counts, picture);
   if (picture.isSigned && picture.category == Category::numericEdited) {
-    picture.warnings.emplace_back("'S' has no meaning in an edited picture");
+    picture.warnings.emplace_back("'S' has no effect in an edited picture");
   }
   return picture;
-}
-
-PictureRuns readPictureRuns(std::string_view text, PictureRules rules,
-                            ConstantLookup const& constant) {
-  return RunReader(text, rules, constant).read();
 }
 
 }  // namespace fdmorph::compiler

@@ -51,7 +51,7 @@ constexpr std::array kUsages{
     UsageEntry{bit, "bit", bits, 0, false},
 };
 
-// An entry is read by the usage's number.
+// A usage is the index of its entry.
 constexpr bool isInOrder() {
   for (std::size_t i = 0; i <= static_cast<std::size_t>(bit); ++i) {
     if (static_cast<std::size_t>(kUsages[i].usage) != i) return false;

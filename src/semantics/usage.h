@@ -1,4 +1,4 @@
-// The usages: their words, what pictures they take and what they store.
+// The usages: their names in the dictionary and how they store items.
 #pragma once
 
 #include <cstdint>
@@ -53,25 +53,26 @@ enum class Usage : std::uint8_t {
 enum class Storage : std::uint8_t {
   characters,
   nationalCharacters,
-  binary,        ///< of 1, 2, 4 or 8 bytes, by the digits
-  nativeBinary,  ///< the same, also for pictures of X
-  shortBinary,   ///< of as few bytes as the digits need
+  binary,        ///< 1, 2, 4 or 8 bytes, depending on the digits
+  nativeBinary,  ///< as binary, also with pictures of X
+  shortBinary,   ///< as few bytes as the digits need
   packed,
   packedUnsigned,
   bits,
-  fixed,  ///< without a picture, always of one size
+  fixed,  ///< of one size, without a picture
 };
 
 struct UsageEntry {
   Usage usage;
   std::string_view name;  ///< in the dictionary
   Storage storage;
-  std::uint8_t size;  ///< bytes of fixed storage
-  bool isNumeric;     ///< fixed storage: a number, not an address
+  std::uint8_t size;  ///< in bytes, of fixed storage
+  bool isNumeric;     ///< of fixed storage: a number, not an address
 };
 
 UsageEntry const& entryOf(Usage usage);
 
+/// Whether items of this usage have a PICTURE clause.
 inline bool takesPicture(Usage usage) {
   return entryOf(usage).storage != Storage::fixed;
 }

@@ -11,7 +11,7 @@
 namespace fdmorph::compiler {
 namespace {
 
-// The characters of UTF-8, or the bytes of anything else.
+// The characters of a text in UTF-8, or the bytes of any other text.
 std::vector<std::string_view> charactersOf(std::string_view text) {
   std::vector<std::string_view> characters;
   bool isCharacters = isUtf8(text);
@@ -24,7 +24,7 @@ std::vector<std::string_view> charactersOf(std::string_view text) {
   return characters;
 }
 
-// `text` again and again, as many characters, or bytes, as there is room for.
+// Repeats `text` up to a size in characters or bytes.
 std::optional<std::string> repeated(std::string const& text, std::uint64_t size,
                                     bool countsCharacters = false) {
   if (size > kMaxLiteralSize || text.empty()) return std::nullopt;
@@ -38,8 +38,9 @@ std::optional<std::string> repeated(std::string const& text, std::uint64_t size,
   }
 }
 
-// Digits with a sign and a decimal point at will, and blanks around them.
-bool isNumber(std::string_view text) {
+// Whether a text is digits with an optional sign and decimal point, and blanks
+// around them.
+bool isNumberText(std::string_view text) {
   text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
   text = text.substr(0, text.find_last_not_of(' ') + 1);  // npos + 1 is 0
   if (!text.empty() && (text.front() == '-' || text.front() == '+')) text.remove_prefix(1);
@@ -62,7 +63,7 @@ std::optional<std::string> textValue(Literal const& value, ValueTarget const& ta
     if (!all) return all;
     text = std::move(*all);
   }
-  if (target.isNumber && !isNumber(text)) return std::nullopt;
+  if (target.isNumber && !isNumberText(text)) return std::nullopt;
   return text;
 }
 

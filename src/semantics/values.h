@@ -1,4 +1,4 @@
-// What the literals of VALUE clauses mean for an item.
+// The literals of VALUE clauses as texts.
 #pragma once
 
 #include <cstdint>
@@ -9,19 +9,19 @@
 
 namespace fdmorph::compiler {
 
-/// What a value is for.
+/// The item that a value is for.
 struct ValueTarget {
-  bool isNumber = false;    ///< told without quotes: only what reads as a number
-  bool isWhole = true;      ///< has no digits behind the decimal point
-  bool isNational = false;  ///< `size` counts characters, and not bytes
-  bool isBoolean = false;   ///< made of bits
-  std::uint64_t size = 0;   ///< of the item, for values that fill it
+  bool isNumber = false;    ///< its values are written without quotes
+  bool isWhole = true;      ///< it has no digits after the decimal point
+  bool isNational = false;  ///< `size` is in characters, not in bytes
+  bool isBoolean = false;   ///< its picture is made of the symbol 1
+  std::uint64_t size = 0;   ///< for values that fill the item
 };
 
-/// The text of a value: figurative constants as the characters that they stand
-/// for. One space is any number of them, since values are filled up with
-/// spaces. Nothing for values without characters, with too many, or that an
-/// item can't be told to have.
-std::optional<std::string> valueText(Literal const& value, ValueTarget const& target);
+/// The text of a value, with figurative constants as the characters that they
+/// stand for. SPACE is one space, since values are padded with spaces. Returns
+/// nothing for values that have no characters or too many, or are not a number
+/// where the item is.
+[[nodiscard]] std::optional<std::string> valueText(Literal const& value, ValueTarget const& target);
 
 }  // namespace fdmorph::compiler

@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <string_view>
 
-#include "text/letter_case.h"
 #include "text/utf8.h"
 
 namespace fdmorph::compiler {
@@ -40,6 +39,7 @@ constexpr std::array kCodes{
     CodeEntry{Code::constant, "constant", true},
     CodeEntry{Code::size, "size", true},
     CodeEntry{Code::environment, "environment", true},
+    CodeEntry{Code::noData, "no-data", true},
     CodeEntry{Code::directive, "directive", false},
     CodeEntry{Code::sourceDirective, "source-directive", false},
     CodeEntry{Code::leftOut, "left-out", false},
@@ -55,7 +55,7 @@ constexpr std::array kCodes{
     CodeEntry{Code::clauseWarning, "clause-ignored", false},
 };
 
-// The table is read by the code's number.
+// A code is the index of its entry.
 constexpr bool isInOrder() {
   for (std::size_t i = 0; i < kCodes.size(); ++i) {
     if (static_cast<std::size_t>(kCodes[i].code) != i) return false;
@@ -64,47 +64,48 @@ constexpr bool isInOrder() {
 }
 static_assert(isInOrder() && kCodes.size() == kCodeCount);
 
-// Characters shown of a source line, and of these ahead of the caret where the
-// beginning of the line is left out.
+// In characters: what is shown of a source line, and how much of that precedes
+// the caret where the beginning of the line is left out.
 constexpr std::size_t kMaxLineLength = 160;
-constexpr std::size_t kAheadOfCaret = 80;
-constexpr std::string_view kLeftOut = "...";
+constexpr std::size_t kLengthBeforeCaret = 80;
+constexpr std::string_view kEllipsis = "...";
 constexpr std::size_t kMaxQuoteLength = 60;
 
 bool isControl(char c) {
   return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
 }
 
-std::string printable(std::string_view text) {
-  std::string result(text);
-  std::replace_if(result.begin(), result.end(), isControl, ' ');
-  return result;
-}
-
-void printPlace(LinePlace const& line, std::string& out) {
-  ((out += printable(line.file)) += ':') += std::to_string(line.line);
-  ((out += ':') += std::to_string(line.column)) += ": ";
-}
-
-// The text behind its first characters.
-std::string_view behind(std::string_view text, std::size_t characters) {
-  std::size_t at = 0;
-  for (; at < text.size() && characters > 0; --characters) {
-    do {
-      ++at;
-    } while (at < text.size() && isUtf8Continuation(text[at]));
+void appendPrintable(std::string& out, std::string_view text) {
+  while (!text.empty()) {
+    std::size_t length = utf8Length(text);
+    if (length == 0) {
+      out += '?';
+    } else if (isControl(text.front())) {
+      out += ' ';
+    } else {
+      out += text.substr(0, length);
+    }
+    text.remove_prefix(std::max<std::size_t>(length, 1));
   }
-  return text.substr(at);
 }
 
-// The line, or the part of it around its column, and a caret below.
-void printLine(LinePlace const& line, std::string& out) {
-  std::size_t begin = line.column > kMaxLineLength ? line.column - 1 - kAheadOfCaret : 0;
-  std::string_view ahead = begin > 0 ? kLeftOut : std::string_view();
-  std::string_view shown = behind(line.text, begin);
-  shown.remove_suffix(behind(shown, kMaxLineLength).size());
-  (((out += "  ") += ahead) += printable(shown)) += '\n';
-  (out.append(ahead.size() + line.column + 1 - begin, ' ') += '^') += '\n';
+void printPlace(LinePlace const& place, std::string& out) {
+  appendPrintable(out, place.file);
+  (out += ':') += std::to_string(place.line);
+  ((out += ':') += std::to_string(place.column)) += ": ";
+}
+
+// Prints the line, or the part of it around the column, and a caret below.
+void printLine(LinePlace const& place, std::string& out) {
+  bool isCut = place.column > kMaxLineLength;
+  std::size_t begin = isCut ? place.column - 1 - kLengthBeforeCaret : 0;
+  std::string_view ellipsis = isCut ? kEllipsis : std::string_view();
+  std::string_view shown = place.text;
+  shown.remove_prefix(firstCharacters(shown, begin).size());
+  (out += "  ") += ellipsis;
+  appendPrintable(out, firstCharacters(shown, kMaxLineLength));
+  out += '\n';
+  (out.append(ellipsis.size() + place.column + 1 - begin, ' ') += '^') += '\n';
 }
 
 }  // namespace
@@ -113,18 +114,16 @@ CodeEntry const& entryOf(Code code) {
   return kCodes[static_cast<std::size_t>(code)];
 }
 
-CodeEntry const* codesBegin() {
-  return kCodes.data();
-}
-CodeEntry const* codesEnd() {
-  return kCodes.data() + kCodes.size();
+std::span<CodeEntry const> allCodes() {
+  return kCodes;
 }
 
 std::string quoted(std::string_view text) {
-  if (text.size() > kMaxQuoteLength) {
-    return "'" + printable(text.substr(0, kMaxQuoteLength)) + "...'";
-  }
-  return "'" + printable(text) + "'";
+  std::string_view shown = firstCharacters(text, kMaxQuoteLength);
+  std::string result = "'";
+  appendPrintable(result, shown);
+  if (shown.size() < text.size()) result += kEllipsis;
+  return result += '\'';
 }
 
 void Diagnostics::report(Code code, Place place, std::string text) {
@@ -136,20 +135,21 @@ void Diagnostics::report(Code code, Place place, std::string text) {
 
 void Diagnostics::printReport(Report const& report, std::string& out) const {
   CodeEntry const& entry = entryOf(report.code);
-  LinePlace line;
+  LinePlace place;
   if (report.place.isKnown()) {
-    line = m_sources.locate(report.place);
-    printPlace(line, out);
+    place = m_sources.locate(report.place);
+    printPlace(place, out);
   } else {
     out += "zbc: ";
   }
-  (out += entry.isError ? "error: " : "warning: ") += report.text;
-  ((out += " [") += entry.text) += "]\n";
+  out += entry.isError ? "error: " : "warning: ";
+  appendPrintable(out, report.text);
+  ((out += " [") += entry.name) += "]\n";
   if (!report.place.isKnown()) return;
-  printLine(line, out);
-  Place place = m_sources.copiedFrom(report.place.text);
-  for (; place.isKnown(); place = m_sources.copiedFrom(place.text)) {
-    printPlace(m_sources.locate(place), out);
+  printLine(place, out);
+  Place copy = m_sources.copiedFrom(report.place.text);
+  for (; copy.isKnown(); copy = m_sources.copiedFrom(copy.text)) {
+    printPlace(m_sources.locate(copy), out);
     out += "note: copied from here\n";
   }
 }

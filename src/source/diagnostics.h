@@ -1,10 +1,11 @@
-// The one reporter: every error and warning of a compilation passes through
-// here, and it alone knows whether there was an error.
+// The reporter of a compilation. All errors and warnings pass through it, and
+// it alone decides whether the compilation has failed.
 #pragma once
 
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +14,8 @@
 
 namespace fdmorph::compiler {
 
+/// What a diagnostic is about. Its name in brackets ends the first line of the
+/// message; the man page explains it.
 enum class Code : std::uint8_t {
   // Errors.
   file,
@@ -43,6 +46,7 @@ enum class Code : std::uint8_t {
   constant,
   size,
   environment,
+  noData,
   // Warnings.
   directive,
   sourceDirective,
@@ -63,42 +67,46 @@ inline constexpr std::size_t kCodeCount = static_cast<std::size_t>(Code::clauseW
 
 struct CodeEntry {
   Code code;
-  std::string_view text;  ///< as it stands in brackets
+  std::string_view name;
   bool isError;
 };
 
 CodeEntry const& entryOf(Code code);
 
-/// The whole table, for its documentation.
-CodeEntry const* codesBegin();
-CodeEntry const* codesEnd();
+/// All codes, in the order of the enumeration.
+std::span<CodeEntry const> allCodes();
 
 class Diagnostics {
  public:
-  /// Reports beyond this number, of errors and of warnings, are only counted.
+  /// The number of errors, and of warnings, that are printed. More of them are
+  /// only counted.
   static constexpr std::size_t kMaxReports = 100;
 
+  /// `sources` must outlive this object.
   explicit Diagnostics(Sources const& sources) : m_sources(sources) {}
 
-  /// Notes an error or a warning, as the code is. A place that is not known
-  /// belongs to the command line.
+  /// Records an error or a warning, depending on the code. `text` is lower
+  /// case, has no full stop, and says what was expected and what was found. A
+  /// diagnostic without a known place is about the command line or a file.
   void report(Code code, Place place, std::string text);
 
-  /// What places are looked up in.
+  /// The sources that places are located in.
   Sources const& sources() const { return m_sources; }
 
-  /// How often a code was reported.
+  /// The number of reports with this code.
   std::size_t countOf(Code code) const { return m_counts[static_cast<std::size_t>(code)]; }
-  /// Where it was reported last.
+  /// The place of the last of them; unknown if there is none.
   Place lastOf(Code code) const { return m_places[static_cast<std::size_t>(code)]; }
 
   bool hasErrors() const { return m_errors != 0; }
   std::size_t errorCount() const { return m_errors; }
 
-  /// Everything noted, in the order of the source: a line
+  /// All reports in the order of the source. Each is a line
   /// `FILE:LINE:COLUMN: error: TEXT [code]`, the source line, a caret, and a
-  /// note for each COPY statement that led there.
-  std::string print() const;
+  /// note for each COPY statement that includes the text. The result is valid
+  /// UTF-8 whatever the source is: control characters become blanks, and bytes
+  /// that belong to no character become question marks.
+  [[nodiscard]] std::string print() const;
 
  private:
   struct Report {
@@ -117,8 +125,8 @@ class Diagnostics {
   std::size_t m_warnings = 0;
 };
 
-/// Text of the source between apostrophes, for a message: cut when long, and
-/// without control characters.
+/// Text of the source in apostrophes, for a message. Cut after 60 characters,
+/// and printable as in Diagnostics::print.
 std::string quoted(std::string_view text);
 
 }  // namespace fdmorph::compiler

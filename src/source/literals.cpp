@@ -18,7 +18,7 @@ unsigned codeOf(std::string_view digits) {
   return code;
 }
 
-// Bytes beyond ASCII are no text: what they mean lies in the program.
+// Bytes beyond ASCII are not text: the program decides what they mean.
 LiteralContent decodeBytes(std::string_view digits) {
   LiteralContent content;
   for (std::size_t at = 0; at + 2 <= digits.size(); at += 2, ++content.characters) {
@@ -28,7 +28,7 @@ LiteralContent decodeBytes(std::string_view digits) {
   return content;
 }
 
-// Units of UTF-16, in which a pair of surrogates is one character.
+// The digits are units of UTF-16, in which two surrogates are one character.
 LiteralContent decodeNational(std::string_view digits) {
   constexpr std::size_t kUnit = 4;
   auto isIn = [](unsigned code, unsigned first) { return code >= first && code < first + 0x400; };
@@ -65,7 +65,7 @@ LiteralContent decodeLiteral(std::string_view literal) {
   if (prefix == "H") return decodeNumber(inside, 16);
   if (prefix == "B") return decodeNumber(inside, 2);
   LiteralContent content;
-  content.isBinary = prefix == "Z";  // it ends in a NUL
+  content.isBinary = prefix == "Z";  // ends in a NUL
   char mark = literal[quote];
   for (std::size_t i = 0; i < inside.size(); ++i) {
     content.text += inside[i];

@@ -1,4 +1,4 @@
-// What literals stand for.
+// The content of literals in quotes.
 #pragma once
 
 #include <cstddef>
@@ -7,25 +7,24 @@
 
 namespace fdmorph::compiler {
 
-/// Bytes of the longest literal. Compilers take no longer ones.
+/// The maximum length of a literal in bytes, that of other compilers.
 inline constexpr std::size_t kMaxLiteralSize = 8191;
 
-/// The content of a literal in quotes.
 struct LiteralContent {
-  std::string text;  ///< in UTF-8 where the source is
-  std::size_t characters = 0;
-  bool isNumber = false;  ///< H"..": the text is a number
-  bool isBinary = false;  ///< holds bytes that no text stands for
+  std::string text;            ///< in UTF-8 where the source is
+  std::size_t characters = 0;  ///< of the text
+  bool isNumber = false;       ///< H".." and B"..": the text is a decimal number
+  bool isBinary = false;       ///< has bytes that are not text
 };
 
-/// Takes quotes and prefix off a literal, undoes doubled quotes and decodes
-/// hexadecimal ones.
-LiteralContent decodeLiteral(std::string_view literal);
+/// Removes the quotes and the prefix of a literal, replaces doubled quotes by
+/// single ones and decodes hexadecimal digits.
+[[nodiscard]] LiteralContent decodeLiteral(std::string_view literal);
 
-/// Whether a literal has national characters: N".." or NX"..".
+/// Whether a literal has national characters: N"..", G"..", NX".." or GX"..".
 bool isNationalLiteral(std::string_view literal);
 
-/// The literal with this content, in double quotes.
+/// A literal with this content, in double quotes.
 std::string quotedLiteral(std::string_view content);
 
 }  // namespace fdmorph::compiler

@@ -13,7 +13,7 @@ bool isWordCharacter(char c) {
   return isLetter(c) || isDigit(c) || c == '-';
 }
 
-// The words of a line; quotes and parentheses only separate.
+// The words of a line. Quotes and parentheses separate them.
 std::vector<std::string_view> wordsOf(std::string_view line) {
   std::vector<std::string_view> words;
   std::size_t at = 0;
@@ -35,8 +35,8 @@ bool isConditionalWord(std::string_view word) {
   return isOneOf(word, {"IF", "ELIF", "ELSE-IF", "ELSE", "END-IF"});
 }
 
-// `SET SOURCEFORMAT"FREE"` or `SET CONSTANT name(value)` among other settings,
-// which are passed over.
+// `SET SOURCEFORMAT"FREE"` or `SET CONSTANT name(value)`. Other settings are
+// ignored.
 SourceDirective readSetDirective(std::vector<std::string_view> const& words) {
   SourceDirective directive;
   for (std::size_t i = 0; i + 1 < words.size(); ++i) {
@@ -48,8 +48,8 @@ SourceDirective readSetDirective(std::vector<std::string_view> const& words) {
   return directive;
 }
 
-// `>>SOURCE FORMAT IS FREE`, with both fill words left out at will. Directives
-// for the listing and for the procedure division don't concern the data.
+// `>>SOURCE FORMAT IS FREE`, where FORMAT and IS are optional. Directives for the
+// listing and for the procedure division have no effect on data.
 SourceDirective readStandardDirective(std::vector<std::string_view> const& words) {
   SourceDirective directive;
   if (words.empty()) {

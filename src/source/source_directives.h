@@ -1,4 +1,4 @@
-// Directives that stand in the source on a line of their own.
+// Compiler directives in the source: lines that begin with ">>" or "$".
 #pragma once
 
 #include <optional>
@@ -8,19 +8,19 @@
 
 namespace fdmorph::compiler {
 
-/// What a line of directives asks for.
+/// What a directive line says.
 struct SourceDirective {
-  std::optional<Format> format;  ///< the lines after it are in this format
-  bool isConditional = false;    ///< conditional compilation: obeyed where the text is used
-  bool isKnown = true;           ///< false: it is passed over
+  std::optional<Format> format;  ///< the format of the following lines, if it changes
+  bool isConditional = false;    ///< conditional compilation: evaluated where the text is used
+  bool isKnown = true;           ///< false: the directive is ignored
 };
 
-/// Reads a line that begins, blanks left out, with ">>", or with "$" and the
-/// word of a directive: a picture may begin with "$", too. Any other line gives
-/// nothing.
-std::optional<SourceDirective> readSourceDirective(std::string_view line);
+/// Reads a line. A directive begins, after blanks, with ">>", or with "$" and
+/// the word of a directive, since a picture may begin with "$" too. Returns
+/// nothing for other lines.
+[[nodiscard]] std::optional<SourceDirective> readSourceDirective(std::string_view line);
 
-/// The format of this name, in any case.
-std::optional<Format> formatOfName(std::string_view name);
+/// The format called FIXED, VARIABLE or FREE, in any letter case.
+[[nodiscard]] std::optional<Format> formatOfName(std::string_view name);
 
 }  // namespace fdmorph::compiler

@@ -8,21 +8,19 @@
 #include <cerrno>
 #include <cstring>
 
-#include "text/letter_case.h"
 #include "text/utf8.h"
 
 namespace fdmorph::compiler {
 namespace {
 
-std::size_t charactersIn(std::string_view text) {
-  return text.size() -
-         static_cast<std::size_t>(std::count_if(text.begin(), text.end(), isUtf8Continuation));
+std::size_t characterLength(std::string_view text) {
+  return std::max<std::size_t>(utf8Length(text), 1);
 }
 
 bool readAll(int file, std::string& content) {
   std::size_t done = 0;
   for (;;) {
-    // One byte more than is left shows the end without another turn.
+    // A buffer that is one byte too large shows the end of the file in one read.
     if (done == content.size()) content.resize(content.size() * 2);
     ssize_t got = ::read(file, content.data() + done, content.size() - done);
     if (got < 0 && errno == EINTR) continue;
@@ -38,7 +36,7 @@ bool readAll(int file, std::string& content) {
 }  // namespace
 
 std::optional<std::string> DiskTree::read(std::string const& path) {
-  // A pipe would wait for its other end.
+  // Opening a pipe must not block.
   int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) return std::nullopt;
   struct stat state {};
@@ -63,13 +61,27 @@ std::string whyUnreadable(std::string const& path) {
   return ::access(path.c_str(), R_OK) != 0 ? std::strerror(errno) : std::strerror(EIO);
 }
 
+LineTable::LineTable(std::string_view content) {
+  m_begins.push_back(content.starts_with(kByteOrderMark) ? kByteOrderMark.size() : 0);
+  for (std::size_t at = content.find('\n'); at != std::string_view::npos;
+       at = content.find('\n', at + 1)) {
+    m_begins.push_back(static_cast<std::uint32_t>(at + 1));
+  }
+}
+
+std::size_t LineTable::lineAt(std::size_t offset) const {
+  auto next = std::upper_bound(m_begins.begin(), m_begins.end(), offset);
+  return next == m_begins.begin() ? 0 : static_cast<std::size_t>(next - m_begins.begin()) - 1;
+}
+
 SourceFile const* Sources::file(std::string const& path, std::string const& name) {
   auto known = m_files.find(path);
   if (known != m_files.end()) return known->second.get();
   std::optional<std::string> content = m_tree.read(path);
   if (!content) return nullptr;
+  LineTable lines(*content);
   auto file = std::make_unique<SourceFile>(
-      SourceFile{path, name.empty() ? path : name, std::move(*content)});
+      SourceFile{path, name.empty() ? path : name, std::move(*content), std::move(lines)});
   return (m_files[path] = std::move(file)).get();
 }
 
@@ -82,13 +94,12 @@ LinePlace Sources::locate(Place place) const {
   SourceFile const& file = *m_texts[place.text].file;
   std::string_view content = file.content;
   std::size_t offset = std::min<std::size_t>(place.offset, content.size());
-  std::string_view before = content.substr(0, offset);
-  std::size_t begin = before.rfind('\n') + 1;  // npos + 1 is 0
-  std::string_view text = content.substr(begin);
-  text = text.substr(0, text.find('\n'));
+  std::size_t line = file.lines.lineAt(offset);
+  std::size_t begin = file.lines.beginOf(line);
+  std::string_view text = content.substr(begin, content.find('\n', begin) - begin);
   if (!text.empty() && text.back() == '\r') text.remove_suffix(1);
-  return {file.name, static_cast<std::size_t>(std::count(before.begin(), before.end(), '\n')) + 1,
-          charactersIn(before.substr(begin)) + 1, text};
+  std::string_view before = content.substr(begin, offset - std::min(offset, begin));
+  return {file.name, line + 1, countCharacters(before) + 1, text};
 }
 
 std::vector<Place> Sources::pathTo(Place place) const {
@@ -103,9 +114,21 @@ bool Sources::isBefore(Place left, Place right) const {
   std::vector<Place> rights = pathTo(right);
   return std::lexicographical_compare(
       lefts.begin(), lefts.end(), rights.begin(), rights.end(), [](Place a, Place b) {
-        // Texts of one statement are opened in order.
+        // One statement may include several texts; their numbers ascend.
         return a.offset != b.offset ? a.offset < b.offset : a.text < b.text;
       });
+}
+
+std::size_t countCharacters(std::string_view text) {
+  std::size_t count = 0;
+  for (; !text.empty(); ++count) text.remove_prefix(characterLength(text));
+  return count;
+}
+
+std::string_view firstCharacters(std::string_view text, std::size_t count) {
+  std::size_t end = 0;
+  for (; end < text.size() && count > 0; --count) end += characterLength(text.substr(end));
+  return text.substr(0, end);
 }
 
 }  // namespace fdmorph::compiler

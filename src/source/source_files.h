@@ -1,5 +1,7 @@
-// The files of one compilation and the chain of COPY statements that led to
-// each text.
+// The files of one compilation and the COPY statements that include them.
+//
+// Passes hand on byte offsets. They become lines and columns only when a
+// diagnostic is printed.
 #pragma once
 
 #include <cstdint>
@@ -12,12 +14,11 @@
 
 namespace fdmorph::compiler {
 
-/// A character: the text that it is read from, counted in the order of reading
-/// (0 is no text), and its byte in the file. Lines and columns are worked out
-/// of it only for a diagnostic.
+/// A byte of the source. A text is one reading of a file: a file that is copied
+/// twice makes two texts. Texts are numbered from 1 in the order of reading.
 struct Place {
-  std::uint32_t text = 0;
-  std::uint32_t offset = 0;
+  std::uint32_t text = 0;    ///< 0: the place is unknown
+  std::uint32_t offset = 0;  ///< bytes from the beginning of the file
 
   bool isKnown() const { return text != 0; }
   bool operator==(Place const& other) const = default;
@@ -28,57 +29,77 @@ class FileTree {
  public:
   virtual ~FileTree() = default;
 
-  /// The bytes of a file; nothing if it can't be read.
-  virtual std::optional<std::string> read(std::string const& path) = 0;
+  /// The bytes of a file, or nothing if it cannot be read.
+  [[nodiscard]] virtual std::optional<std::string> read(std::string const& path) = 0;
 };
 
-/// The file system. Only regular files, and at most kLongestFile bytes of them.
+/// The file system. Reads only regular files of at most kMaxFileSize bytes.
 class DiskTree : public FileTree {
  public:
   static constexpr std::size_t kMaxFileSize = std::size_t{2} << 30;
 
-  std::optional<std::string> read(std::string const& path) override;
+  [[nodiscard]] std::optional<std::string> read(std::string const& path) override;
 };
 
-/// Why a file of the file system can't be read, in words.
+/// The reason why DiskTree cannot read a file, in words.
 std::string whyUnreadable(std::string const& path);
+
+inline constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+/// Where the lines of a file begin. A byte order mark belongs to no line.
+class LineTable {
+ public:
+  explicit LineTable(std::string_view content);
+
+  /// The index, from 0, of the line that holds a byte.
+  std::size_t lineAt(std::size_t offset) const;
+
+  /// The offset of the first byte of a line.
+  std::size_t beginOf(std::size_t line) const { return m_begins[line]; }
+
+ private:
+  std::vector<std::uint32_t> m_begins;  // ascending
+};
 
 /// A file with its content, read once.
 struct SourceFile {
   std::string path;
   std::string name;  ///< in messages: the path, unless the user calls the file otherwise
   std::string content;
+  LineTable lines;
 };
 
-/// A line of a file, for a diagnostic.
+/// A place as a diagnostic shows it.
 struct LinePlace {
-  std::string_view file;   ///< its name in messages
-  std::size_t line = 0;    ///< from 1
-  std::size_t column = 0;  ///< characters from 1; a tab is one
-  std::string_view text;   ///< the line without its end
+  std::string_view file;  ///< its name in messages
+  std::size_t line = 0;   ///< from 1
+  std::size_t column =
+      0;                  ///< in characters, from 1; a tab is one, and so is a byte of no character
+  std::string_view text;  ///< the line without its end
 };
 
 class Sources {
  public:
   explicit Sources(FileTree& tree) : m_tree(tree) {}
 
-  /// The file of this path; null if it can't be read. Owned here. Messages
-  /// call it `name`; by the path where that is empty, or where the file is
-  /// known already.
-  SourceFile const* file(std::string const& path, std::string const& name = {});
+  /// The file of this path, owned by this object; null if it cannot be read.
+  /// `name` is its name in messages, the path if empty. The first call for a
+  /// path decides the name.
+  [[nodiscard]] SourceFile const* file(std::string const& path, std::string const& name = {});
 
-  /// A new text: `file` as it is read by the statement at `copiedFrom`.
-  std::uint32_t open(SourceFile const* file, Place copiedFrom);
+  /// Begins a new text, `file` as included by the statement at `copiedFrom`,
+  /// which is unknown for the main source. Returns the number of the text.
+  [[nodiscard]] std::uint32_t open(SourceFile const* file, Place copiedFrom);
 
-  /// The file that a text is read from, and the statement that reads it.
+  /// The file of a text, and the statement that includes it.
   SourceFile const* fileOf(std::uint32_t text) const { return m_texts[text].file; }
   Place copiedFrom(std::uint32_t text) const { return m_texts[text].copiedFrom; }
   std::size_t textCount() const { return m_texts.size() - 1; }
 
-  /// The line of a known place.
+  /// The line and column of a known place.
   LinePlace locate(Place place) const;
 
-  /// Whether `left` stands before `right` in the text with all members in it.
+  /// Whether `left` precedes `right` in the source with all members expanded.
   bool isBefore(Place left, Place right) const;
 
  private:
@@ -93,5 +114,12 @@ class Sources {
   std::map<std::string, std::unique_ptr<SourceFile>> m_files;
   std::vector<Text> m_texts{1};
 };
+
+/// The number of characters in `text`. A byte that belongs to no UTF-8
+/// character counts as one.
+std::size_t countCharacters(std::string_view text);
+
+/// The first `count` characters of `text`, or all of it if it has fewer.
+std::string_view firstCharacters(std::string_view text, std::size_t count);
 
 }  // namespace fdmorph::compiler

@@ -10,17 +10,62 @@
 namespace fdmorph::compiler {
 namespace {
 
-// Behind this column a tab is one blank, so that a line of nothing but tabs
-// doesn't grow without bound.
+// Tabs after this column are one blank wide, which bounds the growth of a line
+// of tabs.
 constexpr std::size_t kLastTabStop = 65536;
 
 constexpr std::size_t kIndicator = 6;  // columns from 0
 constexpr std::size_t kTextBegin = 7;
 constexpr std::size_t kTextEnd = 72;
-constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool isQuote(char c) {
   return c == '"' || c == '\'';
+}
+
+/// One line of a file, with its tabs expanded.
+class SourceLine {
+ public:
+  /// Takes the line that begins at `offset` of the file, and must outlive its
+  /// use here. Ends the life of views of the line before.
+  void set(std::string_view line, std::size_t offset, unsigned tabs);
+
+  std::string_view text() const { return m_text; }
+  std::size_t size() const { return m_text.size(); }
+  char at(std::size_t column) const { return column < size() ? m_text[column] : ' '; }
+
+  /// The offset in the file of a column, which counts from 0.
+  std::uint32_t offsetOf(std::size_t column) const {
+    if (!m_hasTabs) return static_cast<std::uint32_t>(m_offset + column);
+    return column < m_offsets.size() ? m_offsets[column] : m_end;
+  }
+
+  /// Whether each column is one byte of the file.
+  bool isPlain() const { return !m_hasTabs; }
+
+ private:
+  std::string_view m_text;
+  std::size_t m_offset = 0;
+  bool m_hasTabs = false;
+  std::string m_expanded;
+  std::vector<std::uint32_t> m_offsets;
+  std::uint32_t m_end = 0;
+};
+
+void SourceLine::set(std::string_view line, std::size_t offset, unsigned tabs) {
+  m_text = line;
+  m_offset = offset;
+  m_hasTabs = line.find('\t') != std::string_view::npos;
+  if (!m_hasTabs) return;
+  m_expanded.clear();
+  m_offsets.clear();
+  for (std::size_t i = 0; i < line.size(); ++i) {
+    bool isStop = line[i] == '\t' && m_expanded.size() < kLastTabStop;
+    std::size_t width = isStop ? tabs - m_expanded.size() % tabs : 1;
+    m_expanded.append(width, line[i] == '\t' ? ' ' : line[i]);
+    m_offsets.insert(m_offsets.end(), width, static_cast<std::uint32_t>(offset + i));
+  }
+  m_end = static_cast<std::uint32_t>(offset + line.size());
+  m_text = m_expanded;
 }
 
 class Reader {
@@ -52,10 +97,10 @@ class Reader {
     if (begin == std::string_view::npos) return;
     if (text.substr(begin).starts_with("*>")) return;
     if (readDirective(begin)) return;
-    // Directives may stand behind a sequence number.
+    // A sequence number may precede a directive.
     bool isNumbered = m_rules.format != Format::free && begin < kIndicator;
-    std::size_t behind = isNumbered ? text.find_first_not_of(' ', kIndicator) : begin;
-    if (isNumbered && behind != std::string_view::npos && readDirective(behind)) return;
+    std::size_t afterNumber = isNumbered ? text.find_first_not_of(' ', kIndicator) : begin;
+    if (isNumbered && afterNumber != std::string_view::npos && readDirective(afterNumber)) return;
     if (m_rules.format == Format::free) {
       readFreeLine(begin);
     } else {
@@ -78,7 +123,7 @@ class Reader {
   }
 
   void reportDirective(std::size_t column) {
-    report(Code::sourceDirective, column, "this directive is passed over");
+    report(Code::sourceDirective, column, "unknown directive is ignored");
   }
 
   void changeFormat(Format format) {
@@ -86,7 +131,7 @@ class Reader {
     m_out.formats.push_back({m_line.offsetOf(m_line.size()), format});
   }
 
-  // *CBL and *CONTROL choose what is listed.
+  // *CBL and *CONTROL control the listing.
   bool isListingControl() const {
     std::size_t begin = m_line.text().find_first_not_of(' ', kTextBegin);
     if (begin == std::string_view::npos || m_line.at(begin) != '*') return false;
@@ -111,7 +156,7 @@ class Reader {
     cutContinuationMark();
   }
 
-  // In free format a hyphen behind the closing quote continues the literal.
+  // In free format a hyphen after the closing quote continues the literal.
   void cutContinuationMark() {
     std::string& text = m_out.text;
     if (m_openQuote != 0 || text.size() < 2 || text.back() != '-') return;
@@ -134,12 +179,12 @@ class Reader {
       m_out.debugLines.push_back(static_cast<std::uint32_t>(m_out.text.size() + 1));
       addCode(kTextBegin, end, 0, true);
     } else if (isLetter(indicator)) {
-      // Lines for other compilers.
-      if (!m_out.letter) m_out.letter = m_line.offsetOf(kIndicator);
+      // A letter marks lines for other compilers.
+      if (!m_out.excludedLine) m_out.excludedLine = m_line.offsetOf(kIndicator);
     } else if (indicator != '*' && indicator != '/') {
+      std::string_view character = firstCharacters(m_line.text().substr(kIndicator), 1);
       report(Code::indicator, kIndicator,
-             "column 7 holds " + quoted(std::string_view(&indicator, 1)) +
-                 ", which marks no kind of line");
+             "unknown indicator " + quoted(character) + " in column 7");
     }
   }
 
@@ -151,24 +196,24 @@ class Reader {
       padLiteral();
       addCode(begin + 1, end, m_openQuote, false);
     } else if (m_closedAtEdge != 0 && m_line.at(begin) == m_closedAtEdge) {
-      // The quote in column 72 is the first of a doubled one, or the last of a
-      // literal that goes on.
+      // The quote in column 72 either begins a doubled quote or is the closing
+      // quote of a literal that is continued.
       addCode(begin + 1, end, continuesPastQuote(begin) ? m_closedAtEdge : '\0', false);
     } else {
       trimEnd();
-      // Two literals, and no doubled quote.
+      // These are two literals, not a doubled quote.
       if (isAtQuote && !m_out.text.empty() && isQuote(m_out.text.back())) m_out.text += ' ';
       addCode(begin, end, 0, false);
     }
   }
 
   bool continuesPastQuote(std::size_t begin) {
-    if (m_line.at(begin + 1) == m_closedAtEdge) return false;  // scanned as a quote
+    if (m_line.at(begin + 1) == m_closedAtEdge) return false;  // a doubled quote
     m_out.text.pop_back();
     return true;
   }
 
-  // An open literal reaches to the edge of its line.
+  // An open literal extends to column 72 of its line.
   void padLiteral() {
     if (m_rules.format == Format::fixed && m_lastEnd < kTextEnd) {
       m_out.text.append(kTextEnd - m_lastEnd, ' ');
@@ -180,8 +225,8 @@ class Reader {
     m_out.text.resize(last == std::string::npos ? 0 : last + 1);
   }
 
-  // Appends the columns up to `end`, a comment at their end left out. `quote`
-  // is the literal that is open at `begin`.
+  // Appends the columns from `begin` up to `end` without a comment at their end.
+  // `quote` is the delimiter of the literal that is open at `begin`, or 0.
   void addCode(std::size_t begin, std::size_t end, char quote, bool isNewLine) {
     if (begin >= end) return;
     std::size_t lastQuote = std::string::npos;
@@ -223,14 +268,14 @@ class Reader {
       return;
     }
     for (std::size_t at = begin; at < end; ++at) {
-      // Nobody asks where a blank stands.
+      // The place of a blank is never used.
       bool isBlank = m_line.text()[at] == ' ' && at > begin;
       if (!isBlank && !isInStep(m_line.offsetOf(at))) startPiece(m_line.offsetOf(at));
       m_out.text += m_line.text()[at];
     }
   }
 
-  // Whether the next character of the text stands where the last piece says.
+  // Whether the next character of the text continues the last piece.
   bool isInStep(std::uint32_t offset) const {
     if (m_out.pieces.empty()) return false;
     SourceText::Piece const& last = m_out.pieces.back();
@@ -241,46 +286,35 @@ class Reader {
     m_out.pieces.push_back({static_cast<std::uint32_t>(m_out.text.size()), offset});
   }
 
-  void report(Code code, std::size_t column, std::string text) {
+  void report(Code code, std::size_t column, std::string message) {
     auto at = static_cast<std::uint32_t>(m_out.text.size());
-    m_out.faults.push_back({at, m_line.offsetOf(column), code, std::move(text)});
+    m_out.faults.push_back({at, m_line.offsetOf(column), code, std::move(message)});
   }
 
   ReadingRules m_rules;
   SourceLine m_line;
   SourceText m_out;
-  // What the last line of code left behind.
-  char m_openQuote = 0;     // the literal that it didn't close
-  char m_closedAtEdge = 0;  // the literal that it closed in column 72
-  std::size_t m_lastEnd = 0;
-  std::size_t m_lastQuote = 0;  // its last closing quote, in the text
-  bool m_isContinued = false;   // a free line ended in a continuation mark
+  // The state after the last line of code.
+  char m_openQuote = 0;         // the delimiter of the literal that is open, or 0
+  char m_closedAtEdge = 0;      // the delimiter of the literal closed in column 72, or 0
+  std::size_t m_lastEnd = 0;    // the column where the line ended
+  std::size_t m_lastQuote = 0;  // the last closing quote of the line, in the text
+  bool m_isContinued = false;   // the line, in free format, ended in a continuation mark
 };
 
 }  // namespace
 
-void SourceLine::set(std::string_view line, std::size_t offset, unsigned tabs) {
-  m_text = line;
-  m_offset = offset;
-  m_hasTabs = line.find('\t') != std::string_view::npos;
-  if (!m_hasTabs) return;
-  m_expanded.clear();
-  m_offsets.clear();
-  for (std::size_t i = 0; i < line.size(); ++i) {
-    bool isStop = line[i] == '\t' && m_expanded.size() < kLastTabStop;
-    std::size_t width = isStop ? tabs - m_expanded.size() % tabs : 1;
-    m_expanded.append(width, line[i] == '\t' ? ' ' : line[i]);
-    m_offsets.insert(m_offsets.end(), width, static_cast<std::uint32_t>(offset + i));
-  }
-  m_end = static_cast<std::uint32_t>(offset + line.size());
-  m_text = m_expanded;
-}
-
 Format SourceText::formatAt(std::uint32_t offset) const {
-  auto behind = std::upper_bound(
+  auto next = std::upper_bound(
       formats.begin(), formats.end(), offset,
       [](std::uint32_t wanted, FormatChange const& each) { return wanted < each.offset; });
-  return std::prev(behind)->format;
+  return std::prev(next)->format;
+}
+
+bool hasTextPastMargin(std::string_view line, unsigned tabs) {
+  SourceLine expanded;
+  expanded.set(line, 0, tabs);
+  return expanded.text().find_first_not_of(' ', kTextEnd) != std::string_view::npos;
 }
 
 SourceText readSource(std::string_view content, ReadingRules rules) {

@@ -270,8 +270,8 @@ Literal ValueParser::parseItemLength(QualifiedName const& name) {
     m_tokens.error(Code::constant, name.place, std::move(text));
     return broken(name.place);
   };
-  DataItem* item = nullptr;
-  switch (m_lengths.find(name, m_tree.lastItem(), item)) {
+  auto [outcome, item] = m_lengths.find(name, m_tree.lastItem());
+  switch (outcome) {
     case ItemLengths::Outcome::found:
       break;
     case ItemLengths::Outcome::unknown:

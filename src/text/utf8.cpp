@@ -1,10 +1,7 @@
 #include "text/utf8.h"
 
 namespace fdmorph {
-namespace {
 
-// The length in bytes of the UTF-8 character at the start of `text`; 0 if there
-// is none.
 std::size_t utf8Length(std::string_view text) {
   auto byte = [text](std::size_t i) { return static_cast<unsigned char>(text[i]); };
   unsigned char first = byte(0);
@@ -25,8 +22,6 @@ std::size_t utf8Length(std::string_view text) {
   bool isNoCharacter = first == 0xEF && byte(1) == 0xBF && byte(2) > 0xBD;
   return isOverlong || isBeyond || isSurrogate || isNoCharacter ? 0 : length;
 }
-
-}  // namespace
 
 bool isUtf8(std::string_view text) {
   while (!text.empty()) {

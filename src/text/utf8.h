@@ -15,6 +15,10 @@ constexpr bool isUtf8Continuation(char c) {
 /// and control characters.
 [[nodiscard]] bool isUtf8(std::string_view text);
 
+/// The length in bytes of the UTF-8 character at the beginning of `text`, which
+/// is not empty; 0 if its first bytes are not such a character.
+std::size_t utf8Length(std::string_view text);
+
 /// Appends the UTF-8 form of a code point.
 void appendUtf8(std::string& out, unsigned code);
 

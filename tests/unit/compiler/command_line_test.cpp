@@ -43,13 +43,13 @@ TEST_F(CompilerCommandLine, TakesTheSourceAheadOfOptionsToo) {
 }
 
 TEST_F(CompilerCommandLine, ReportsUsageErrors) {
-  EXPECT_EQ(read({}).error, "no source is named");
-  EXPECT_EQ(read({"-C", "noobj"}).error, "no source is named");
+  EXPECT_EQ(read({}).error, "no source file");
+  EXPECT_EQ(read({"-C", "noobj"}).error, "no source file");
   EXPECT_EQ(read({"-x", "a.cbl"}).error, "unknown option -x");
-  EXPECT_EQ(read({"a.cbl", "b.cbl"}).error, "more than one source is named");
-  EXPECT_EQ(read({"-C", "TABS(0)", "a.cbl"}).error, "wrong parameter in directive TABS(0)");
+  EXPECT_EQ(read({"a.cbl", "b.cbl"}).error, "more than one source file");
+  EXPECT_EQ(read({"-C", "TABS(0)", "a.cbl"}).error, "invalid parameter in directive TABS(0)");
   EXPECT_EQ(read({"@none", "a.cbl"}).error,
-            "can't read directive file none: No such file or directory");
+            "cannot read directive file none: No such file or directory");
   EXPECT_EQ(read({"@none", "a.cbl"}).action, Action::usageError);
 }
 

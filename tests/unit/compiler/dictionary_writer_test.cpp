@@ -96,7 +96,7 @@ TEST(DictionaryWriter, HoldsTheItemsOfACopybookTogetherThatBeginsBelowLevel01) {
 TEST(DictionaryWriter, PutsBlanksInPlaceOfControlCharacters) {
   std::string dictionary = compile(
                                "PROGRAM-ID. \"A\x01"
-                               "B\".\nDATA DIVISION.")
+                               "B\".\nDATA DIVISION.\nWORKING-STORAGE SECTION.\n01 C PIC X.")
                                .dictionary;
   EXPECT_NE(dictionary.find("<program name=\"A B\""), std::string::npos);
 }

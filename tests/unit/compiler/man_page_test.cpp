@@ -14,9 +14,9 @@ TEST(ManPage, DocumentsEveryCode) {
   std::ifstream file(ZBC_MAN_PAGE);
   std::stringstream page;
   page << file.rdbuf();
-  for (CodeEntry const* entry = codesBegin(); entry != codesEnd(); ++entry) {
-    std::string line = "\n.B " + std::string(entry->text) + "\n";
-    EXPECT_NE(page.str().find(line), std::string::npos) << entry->text;
+  for (CodeEntry const& entry : allCodes()) {
+    std::string line = "\n.B " + std::string(entry.name) + "\n";
+    EXPECT_NE(page.str().find(line), std::string::npos) << entry.name;
   }
 }
 

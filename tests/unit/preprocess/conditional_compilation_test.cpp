@@ -101,24 +101,21 @@ TEST_P(WrongCondition, IsReportedAtItsPlace) {
 INSTANTIATE_TEST_SUITE_P(
     All, WrongCondition,
     testing::Values(
-        WrongSource{"01 A PIC X.\n>>IF 1 = 1",
-                    "a.cpy:2:8: error: the IF directive lacks its END-IF [conditional]"},
-        WrongSource{"01 A PIC X.\n>>END-IF",
-                    "a.cpy:2:8: error: END-IF belongs to no IF directive [conditional]"},
+        WrongSource{"01 A PIC X.\n>>IF 1 = 1", "a.cpy:2:8: error: IF without END-IF [conditional]"},
+        WrongSource{"01 A PIC X.\n>>END-IF", "a.cpy:2:8: error: END-IF without IF [conditional]"},
         WrongSource{"01 A PIC X.\n>>IF 1 = 1\n>>ELSE\n>>ELSE\n>>END-IF",
-                    "a.cpy:4:8: error: ELSE belongs to no IF directive [conditional]"},
+                    "a.cpy:4:8: error: ELSE without IF [conditional]"},
         WrongSource{
             "01 A PIC X.\n>>IF 1 = \"1\"\n>>END-IF",
-            "a.cpy:2:17: error: '\"1\"' is compared with a value of another kind [conditional]"},
+            "a.cpy:2:17: error: expected a number to compare with, found '\"1\"' [conditional]"},
         WrongSource{"01 A PIC X.\n>>IF 1 = 1 X\n>>END-IF",
-                    "a.cpy:2:19: error: 'X' doesn't fit into the condition [conditional]"},
-        WrongSource{
-            "01 A PIC X.\n>>IF (1 = 1\n>>END-IF",
-            "a.cpy:2:8: error: the end of the line stands where ')' is missing [conditional]"},
+                    "a.cpy:2:19: error: unexpected 'X' after the condition [conditional]"},
+        WrongSource{"01 A PIC X.\n>>IF (1 = 1\n>>END-IF",
+                    "a.cpy:2:8: error: expected ')' before the end of the line [conditional]"},
         WrongSource{"01 A PIC X.\n>>DEFINE N AS 1\n>>DEFINE N AS 2",
-                    "a.cpy:3:17: error: 'N' is defined already, with another value [conditional]"},
+                    "a.cpy:3:17: error: 'N' is already defined with another value [conditional]"},
         WrongSource{"01 A PIC X.\n>>DEFINE N AS",
-                    "a.cpy:2:17: error: 'N' is defined by no value [conditional]"}),
+                    "a.cpy:2:17: error: expected a value for 'N' [conditional]"}),
     [](auto const& test) { return parameterName(test.index, test.param.source); });
 
 TEST(ConditionalText, EndsDeepNestingWithAnError) {

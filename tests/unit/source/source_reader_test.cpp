@@ -29,7 +29,7 @@ TEST_F(SourceReader, TakesTheWholeLineInVariableFormat) {
 
 TEST_F(SourceReader, DropsCommentsAndLinesOfOtherCompilers) {
   EXPECT_EQ(read("      * no\n      / no\n      c no\n       yes *> no\n"), "\nyes\n");
-  EXPECT_EQ(result.letter, 28U);  // the byte of the c
+  EXPECT_EQ(result.excludedLine, 28U);  // the byte of the c
   EXPECT_TRUE(result.faults.empty());
 }
 

@@ -131,9 +131,8 @@ INSTANTIATE_TEST_SUITE_P(
         WrongSource{"78 N VALUE LENGTH OF B.", "a.cpy:1:29: error: 'B' is not defined [constant]"},
         WrongSource{"01 R.\n 05 B PIC X.\n01 S.\n 05 B PIC X.\n78 N VALUE LENGTH OF B.",
                     "a.cpy:5:29: error: 'B' is ambiguous [constant]"},
-        WrongSource{
-            "01 R.\n 05 B PIC X.\n78 N VALUE LENGTH OF R.\n 05 C PIC X.",
-            "a.cpy:3:29: error: the length of 'R' is taken before its last item [constant]"},
+        WrongSource{"01 R.\n 05 B PIC X.\n78 N VALUE LENGTH OF R.\n 05 C PIC X.",
+                    "a.cpy:3:29: error: length of 'R' is used before its last item [constant]"},
         WrongSource{"01 R.\n 05 B PIC X.\n66 C RENAMES B.\n78 N VALUE LENGTH OF C.",
                     "a.cpy:4:29: error: the length of 'C', an item of level 66, is not known yet "
                     "[constant]"},

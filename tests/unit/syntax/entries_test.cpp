@@ -122,8 +122,7 @@ TEST(Entries, MayRedefineATableWithAWarning) {
   CompilationResult result = compile("01 A.\n 05 B PIC X OCCURS 2.\n 05 D REDEFINES B PIC XX.");
   EXPECT_EQ(result.status, kStatusOk);
   EXPECT_EQ(result.diagnostics,
-            "a.cpy:3:24: warning: 'B' is a table, which should not be redefined "
-            "[redefines-table]\n"
+            "a.cpy:3:24: warning: redefined item 'B' is a table [redefines-table]\n"
             "          05 D REDEFINES B PIC XX.\n"
             "                         ^\n");
 }
@@ -248,7 +247,8 @@ TEST(Entries, HaveOneValueButForConditions) {
 TEST(Entries, OfTheLinkageSectionMayHaveAnyLengthWithoutAPicture) {
   MemoryTree tree;
   tree.files["a.cpy"] = fixed(
-      "PROGRAM-ID. P.\nDATA DIVISION.\nLINKAGE SECTION.\n01 A ANY LENGTH.\n01 B PIC N ANY LENGTH.");
+      "PROGRAM-ID. P.\nDATA DIVISION.\nWORKING-STORAGE SECTION.\n01 C PIC X.\n"
+      "LINKAGE SECTION.\n01 A ANY LENGTH.\n01 B PIC N ANY LENGTH.");
   EXPECT_EQ(compile(tree).diagnostics, "");
   // A copybook may be one for that section.
   EXPECT_EQ(lengthOf("01 A ANY LENGTH.", "A"), "1");

@@ -1,0 +1,2 @@
+       01  REC.
+           COPY PART.

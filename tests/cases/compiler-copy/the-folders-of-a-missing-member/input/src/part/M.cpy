@@ -1,0 +1,2 @@
+           COPY NOWHERE.
+           COPY "/no/where".

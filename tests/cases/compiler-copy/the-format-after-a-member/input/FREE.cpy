@@ -1,0 +1,2 @@
+       >>SOURCE FORMAT FREE
+05 D PIC X(4).

@@ -1,0 +1,1 @@
+       01  GRÖSSE               PIC Q.
