@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "semantics/layout.h"
 #include "support/compiled_source.h"
+#include "support/item_builder.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -108,10 +110,68 @@ TEST(Layout, FillsOccurrencesOfSynchronizedItemsUp) {
             "8");
 }
 
+class LayoutOffsets : public testing::Test {
+ protected:
+  void layOutRecord() {
+    layOut(*builder.data.workingStorage.first, diagnostics);
+    EXPECT_EQ(diagnostics.print(), "");
+  }
+
+  MemoryTree tree;
+  Sources sources{tree};
+  Diagnostics diagnostics{sources};
+  ItemBuilder builder;
+};
+
+TEST_F(LayoutOffsets, OfATableAreFilledUpBeforeTheLastItem) {
+  // 4 bytes, 3 of filling and 1, as GnuCOBOL has it.
+  builder.add(1, "R");
+  builder.add(5, "P", "X(4)");
+  DataItem& table = builder.addTable(5, "T", 2);
+  DataItem& aligned = builder.addAligned(10, "A");
+  DataItem& last = builder.add(10, "B", "X");
+  DataItem& next = builder.add(5, "Z", "X");
+  layOutRecord();
+  EXPECT_EQ(table.size, 8U);
+  EXPECT_EQ(aligned.offset, 4U);
+  EXPECT_EQ(last.offset, 11U);
+  EXPECT_EQ(last.slack, 3U);
+  EXPECT_EQ(next.offset, 20U);
+}
+
+TEST_F(LayoutOffsets, IncludeTheFillingOfATableAtAllLevels) {
+  builder.add(1, "R");
+  builder.addTable(5, "T", 2);
+  builder.add(10, "P", "X(4)");
+  DataItem& group = builder.add(10, "G");
+  DataItem& inner = builder.add(15, "H");
+  DataItem& aligned = builder.addAligned(20, "A");
+  DataItem& last = builder.add(20, "B", "X");
+  layOutRecord();
+  EXPECT_EQ(group.offset, 7U);
+  EXPECT_EQ(inner.offset, 7U);
+  EXPECT_EQ(aligned.offset, 7U);
+  EXPECT_EQ(last.offset, 11U);
+}
+
+TEST_F(LayoutOffsets, OfARedefinitionFollowThoseOfTheFilledItem) {
+  builder.add(1, "R");
+  DataItem& table = builder.addTable(5, "T", 2);
+  builder.addAligned(10, "A");
+  DataItem& base = builder.add(10, "B", "X(2)");
+  DataItem& redefinition = builder.add(10, "C", "XX");
+  redefinition.isRedefinition = true;
+  redefinition.redefined = &base;
+  layOutRecord();
+  EXPECT_EQ(table.size, 8U);
+  EXPECT_EQ(base.offset, 6U);
+  EXPECT_EQ(redefinition.offset, 6U);
+}
+
 TEST(Layout, HasALimit) {
   CompilationResult result = compile("01 A PIC X(2147483647) OCCURS 2.");
   EXPECT_EQ(result.diagnostics,
-            "a.cpy:1:11: error: the item is larger than 2 GB [size]\n"
+            "a.cpy:1:11: error: item is larger than 2 GB [size]\n"
             "         01 A PIC X(2147483647) OCCURS 2.\n"
             "            ^\n");
 }

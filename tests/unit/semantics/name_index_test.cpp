@@ -1,45 +1,105 @@
-// References to items by their names.
+// The index of names.
+
+#include "semantics/name_index.h"
 
 #include <gtest/gtest.h>
 
-#include "support/compiled_source.h"
+#include "support/item_builder.h"
+#include "support/memory_tree.h"
 
 namespace fdmorph::compiler {
 namespace {
 
-/// A record of `count` groups that all have an item N, and a table that
-/// depends on one of them.
-std::string groupsAndTable(int count, std::string const& name) {
-  std::string lines = "01 R.\n";
-  for (int i = 1; i <= count; ++i) {
-    lines += " 05 G" + std::to_string(i) + ".\n  10 N PIC 9.\n  10 G.\n   15 M PIC 9.\n";
+using Outcome = NameIndex::Outcome;
+
+class NameIndexTest : public testing::Test {
+ protected:
+  NameIndex::Found find(std::string_view name, std::vector<std::string_view> qualifiers = {}) {
+    NameIndex index(builder.data);
+    index.extend(builder.data.items.size());
+    return index.resolveAnywhere({name, std::move(qualifiers)});
   }
-  return lines + " 05 T PIC X OCCURS 1 TO 3 DEPENDING ON " + name + ".\n";
+
+  ItemBuilder builder;
+};
+
+TEST_F(NameIndexTest, FindsAnItemInAnyLetterCase) {
+  builder.add(1, "REC");
+  DataItem& item = builder.add(5, "Item", "X");
+  NameIndex::Found found = find("ITEM");
+  EXPECT_EQ(found.outcome, Outcome::found);
+  EXPECT_EQ(found.item, &item);
+  EXPECT_EQ(find("OTHER").outcome, Outcome::unknown);
+  EXPECT_EQ(find("OTHER").item, nullptr);
 }
 
-TEST(Reference, IsToldFromOthersOfItsNameByItsGroup) {
-  // Few items of a name are looked through, many are looked up.
-  for (int count : {3, 40}) {
-    CompilationResult result = compile(groupsAndTable(count, "N OF G2"));
-    EXPECT_EQ(attributeOf(result.dictionary, "T", "odo"), "R.G2.N") << result.diagnostics;
-    result = compile(groupsAndTable(count, "M IN G IN G3 OF R"));
-    EXPECT_EQ(attributeOf(result.dictionary, "T", "odo"), "R.G3.G.M") << result.diagnostics;
-    result = compile(groupsAndTable(count, "N"));
-    EXPECT_NE(result.diagnostics.find("'N' is ambiguous"), std::string::npos);
-    result = compile(groupsAndTable(count, "M OF G"));
-    EXPECT_NE(result.diagnostics.find("'M' is ambiguous"), std::string::npos);
-    result = compile(groupsAndTable(count, "N OF NONE"));
-    EXPECT_NE(result.diagnostics.find("'N' is not defined"), std::string::npos);
-    // The groups have their order.
-    result = compile(groupsAndTable(count, "M OF G2 OF G"));
-    EXPECT_NE(result.diagnostics.find("'M' is not defined"), std::string::npos);
-  }
+TEST_F(NameIndexTest, NeedsQualifiersForItemsOfOneName) {
+  builder.add(1, "R");
+  builder.add(5, "G");
+  builder.add(10, "A", "X");
+  builder.add(5, "H");
+  DataItem& second = builder.add(10, "A", "X");
+  EXPECT_EQ(find("A").outcome, Outcome::ambiguous);
+  EXPECT_EQ(find("A").item, nullptr);
+  EXPECT_EQ(find("A", {"H"}).item, &second);
+  EXPECT_EQ(find("A", {"H", "R"}).item, &second);
+  EXPECT_EQ(find("A", {"R"}).outcome, Outcome::ambiguous);
+  EXPECT_EQ(find("A", {"R", "H"}).outcome, Outcome::unknown);
 }
 
-TEST(Reference, IsFoundOnceInGroupsOfTheSameName) {
-  std::string lines = groupsAndTable(40, "N OF H");
-  lines += " 05 H.\n  10 H.\n   15 N PIC 9.";
-  EXPECT_EQ(attributeOf(compile(lines).dictionary, "T", "odo"), "R.H.H.N");
+TEST_F(NameIndexTest, PrefersTheRecordOfTheReference) {
+  builder.add(1, "R");
+  DataItem& near = builder.add(5, "A", "X");
+  DataItem& from = builder.add(5, "B", "X");
+  builder.add(1, "S");
+  builder.add(5, "A", "X");
+  DataItem& far = builder.add(5, "C", "X");
+  NameIndex index(builder.data);
+  index.extend(builder.data.items.size());
+  EXPECT_EQ(index.resolve({"A"}, from).item, &near);
+  EXPECT_EQ(index.resolve({"C"}, from).item, &far);
+  EXPECT_EQ(index.resolveInRecord({"C"}, from).outcome, Outcome::unknown);
+}
+
+TEST_F(NameIndexTest, HasOnlyTheItemsThatItWasExtendedBy) {
+  builder.add(1, "A", "X");
+  builder.add(1, "B", "X");
+  NameIndex index(builder.data);
+  EXPECT_EQ(index.resolveAnywhere({"A"}).outcome, Outcome::unknown);
+  index.extend(1);
+  EXPECT_EQ(index.resolveAnywhere({"A"}).outcome, Outcome::found);
+  EXPECT_EQ(index.resolveAnywhere({"B"}).outcome, Outcome::unknown);
+  index.extend(2);
+  EXPECT_EQ(index.resolveAnywhere({"B"}).outcome, Outcome::found);
+}
+
+TEST_F(NameIndexTest, LeavesFillersOut) {
+  builder.add(1, "FILLER", "X");
+  EXPECT_EQ(find("FILLER").outcome, Outcome::unknown);
+}
+
+TEST_F(NameIndexTest, QualifiesByTheFileOfARecord) {
+  DataItem& record = builder.add(1, "R");
+  DataItem& item = builder.add(5, "A", "X");
+  FileDescription& file = builder.data.files.emplace_back();
+  file.name = "F";
+  file.records = builder.data.workingStorage;
+  builder.data.workingStorage = {};
+  EXPECT_EQ(find("A", {"F"}).item, &item);
+  EXPECT_EQ(find("R", {"F"}).item, &record);
+  EXPECT_EQ(find("A", {"E"}).outcome, Outcome::unknown);
+}
+
+TEST_F(NameIndexTest, FindsNamesThatAreNotInAGroup) {
+  DataItem& group = builder.add(1, "R");
+  builder.add(5, "A", "X");
+  builder.add(1, "B", "X");
+  NameIndex index(builder.data);
+  index.extend(builder.data.items.size());
+  std::vector<QualifiedName> names{{"A"}, {"B"}, {"R"}};
+  std::vector<QualifiedName const*> outside = index.findOutside(names, group);
+  ASSERT_EQ(outside.size(), 1U);
+  EXPECT_EQ(outside.front(), &names[1]);
 }
 
 }  // namespace

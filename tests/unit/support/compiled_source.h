@@ -1,25 +1,14 @@
 // Sources from memory, and what the compiler makes of them.
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 
 #include "compiler/compilation.h"
+#include "support/memory_tree.h"
 
 namespace fdmorph::compiler {
-
-class MemoryTree : public FileTree {
- public:
-  std::optional<std::string> read(std::string const& path) override {
-    auto found = files.find(path);
-    if (found == files.end()) return std::nullopt;
-    return found->second;
-  }
-
-  std::map<std::string, std::string> files;
-};
 
 /// `lines` moved to column 8.
 inline std::string fixed(std::string_view lines) {
