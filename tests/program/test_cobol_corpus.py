@@ -159,11 +159,13 @@ def test_the_copybook_describes_the_same_record(conversion: Conversion, tmp_path
 
 
 @pytest.mark.parametrize("source", named(EMPTY))
-def test_a_program_without_an_item_has_an_empty_dictionary(source: Path, tmp_path: Path) -> None:
+def test_a_program_without_an_item_has_no_dictionary(source: Path, tmp_path: Path) -> None:
     link_members(source, tmp_path, {})
     copy = stage(source, tmp_path)
-    assert compile_source(copy).returncode == 0
-    assert list(described_items(ET.parse(copy.with_suffix(".xml")).getroot())) == []
+    result = compile_source(copy)
+    assert result.returncode == 1
+    assert b"[no-data]" in result.stderr
+    assert not copy.with_suffix(".xml").exists()
 
 
 @pytest.mark.parametrize("source", named(REFUSED))
