@@ -1,6 +1,7 @@
 #include "syntax/parser.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 #include "source/literals.h"
@@ -169,6 +170,7 @@ void Parser::parseSection() {
   m_tokens.take();
   m_tokens.expectPeriod("section header");
   m_data.isProgram = true;
+  bool wasSkipped = std::exchange(m_isSectionSkipped, false);
   switch (name.keyword) {
     case Keyword::file:
       m_tree.openSection(Section::file);
@@ -186,7 +188,7 @@ void Parser::parseSection() {
     case Keyword::report:
     case Keyword::communication:
       m_tree.openSection(Section::none);
-      skipSection();
+      m_isSectionSkipped = true;
       break;
     case Keyword::configuration:
     case Keyword::inputOutput:
@@ -196,8 +198,10 @@ void Parser::parseSection() {
     default:
       m_tree.openSection(m_tree.section());
       m_tokens.error(Code::syntax, name.place, "unknown section " + describe(name));
+      m_isSectionSkipped = wasSkipped;
       break;
   }
+  if (m_isSectionSkipped) skipSection();
 }
 
 // Screens and reports describe no data of their own.

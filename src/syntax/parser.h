@@ -92,6 +92,7 @@ class Parser {
   EntryParser m_entries;
   FileParser m_files;
   EnvironmentParser m_environment;
+  bool m_isSectionSkipped = false;  // the open one describes no data of the program
 };
 
 }  // namespace fdmorph::compiler

@@ -64,6 +64,14 @@ TEST(Parser, ReportsAnUnknownSection) {
             "2:1: error: unknown section 'STORAGE' [syntax]\n");
 }
 
+TEST(Parser, SkipsAnUnknownSectionAfterASkippedOne) {
+  ParsedSource text(
+      "DATA DIVISION.\nSCREEN SECTION.\n01 A LINE 5.\nFORMS SECTION.\n01 B LINE 6.\n"
+      "LINKAGE SECTION.\n01 D PIC X.");
+  EXPECT_EQ(text.reports(), "4:1: error: unknown section 'FORMS' [syntax]\n");
+  EXPECT_EQ(text.data.items.size(), 1);
+}
+
 /// A program whose SPECIAL-NAMES paragraph holds `names`, and its data.
 std::string programWith(std::string const& names, std::string const& data) {
   return "ENVIRONMENT DIVISION.\nCONFIGURATION SECTION.\nSPECIAL-NAMES.\n" + names +
