@@ -147,6 +147,7 @@ ROWS = {
     "zbc-continued-literal": shape_row("continued-literal", status=1),
     "zbc-continued-literals": shape_row("continued-literals"),
     "zbc-one-line": shape_row("one-line"),
+    "zbc-comment-lines": shape_row("comment-lines"),
     "zbc-tabs": shape_row("tabs"),
     "zbc-copy-statements": shape_row("copy-statements", 1_000, 300),
     "zbc-copy-members": shape_row("copy-members", 1_000, 300),

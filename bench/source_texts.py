@@ -67,6 +67,20 @@ def one_line(path, count):
     return path
 
 
+def comment_lines(path, count):
+    """A paragraph of `count` lines of comment, past area A, ahead of one item."""
+
+    def lines():
+        yield "PROGRAM-ID. P."
+        yield "REMARKS."
+        yield from itertools.repeat(f"    {TEXT}.", count)
+        yield "DATA DIVISION."
+        yield "WORKING-STORAGE SECTION."
+        yield "01 A PIC X."
+
+    return write_lines(path, lines())
+
+
 def tabs(path, count):
     """`count` items with tabs in their lines."""
     return write_program(path, (f"01\tITEM-{i}\tPIC X(8)\tVALUE SPACES." for i in range(count)))
@@ -118,6 +132,7 @@ KINDS = {
         "continued-literal": continued_literal,
         "continued-literals": continued_literals,
         "one-line": one_line,
+        "comment-lines": comment_lines,
         "tabs": tabs,
         "copy-statements": copy_statements,
         "copy-members": copy_members,
