@@ -77,8 +77,9 @@ class ItemCheck {
     if (takesPicture(m_item.effectiveUsage) && !m_item.isIncomplete) {
       report(Code::pictureMissing, name() + " has no PICTURE clause");
     }
-    if (m_item.isJustified)
+    if (m_item.isJustified) {
       report(Code::clause, "JUSTIFIED requires an alphanumeric or national picture");
+    }
     if (m_item.isBlankWhenZero) report(Code::clause, "BLANK WHEN ZERO requires a numeric picture");
   }
 
