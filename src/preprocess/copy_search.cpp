@@ -53,25 +53,27 @@ SourceFile const* CopySearch::find(std::string_view member, std::string_view lib
   return entry->second;
 }
 
-std::vector<std::string> CopySearch::foldersSearched(std::string_view copyingPath) const {
+std::vector<std::string> CopySearch::foldersSearched(std::string_view copyingPath) {
   std::vector<std::string> folders;
-  for (std::string& each : foldersFor(folderOf(copyingPath))) {
-    addOnce(folders, withoutSlash(std::move(each)));
+  for (std::string const& each : foldersFor(folderOf(copyingPath))) {
+    addOnce(folders, withoutSlash(each));
   }
   return folders;
 }
 
-std::vector<std::string> CopySearch::foldersFor(std::string const& copyingFolder) const {
-  std::vector<std::string> folders{folderOf(m_sourcePath)};
-  addOnce(folders, copyingFolder);
-  for (std::string const& each : m_rules.folders) addOnce(folders, withSlash(each));
-  return folders;
+std::vector<std::string> const& CopySearch::foldersFor(std::string const& copyingFolder) {
+  if (!m_folders.empty() && m_copyingFolder == copyingFolder) return m_folders;
+  m_copyingFolder = copyingFolder;
+  m_folders = {folderOf(m_sourcePath)};
+  addOnce(m_folders, copyingFolder);
+  for (std::string const& each : m_rules.folders) addOnce(m_folders, withSlash(each));
+  return m_folders;
 }
 
 SourceFile const* CopySearch::search(std::string const& member, std::string const& library,
                                      std::string const& copyingFolder) {
   if (member.front() == '/') return searchFolder("", member);
-  std::vector<std::string> folders = foldersFor(copyingFolder);
+  std::vector<std::string> const& folders = foldersFor(copyingFolder);
   if (!library.empty()) {
     for (std::string const& folder : folders) {
       for (std::string const& each : spellingsOf(library)) {

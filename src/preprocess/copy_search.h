@@ -31,10 +31,10 @@ class CopySearch {
 
   /// The folders that are searched for a member of a file, without a slash at
   /// their ends, each once and in their order.
-  [[nodiscard]] std::vector<std::string> foldersSearched(std::string_view copyingPath) const;
+  [[nodiscard]] std::vector<std::string> foldersSearched(std::string_view copyingPath);
 
  private:
-  std::vector<std::string> foldersFor(std::string const& copyingFolder) const;
+  std::vector<std::string> const& foldersFor(std::string const& copyingFolder);
   SourceFile const* search(std::string const& member, std::string const& library,
                            std::string const& copyingFolder);
   SourceFile const* searchFolder(std::string const& folder, std::string const& member);
@@ -42,7 +42,9 @@ class CopySearch {
   Sources& m_sources;
   CopyRules m_rules;
   std::string m_sourcePath;
-  bool m_isSourceSkipped = false;  // the last search came across the main source
+  std::vector<std::string> m_folders;  // that foldersFor returned last
+  std::string m_copyingFolder;         // and for which folder
+  bool m_isSourceSkipped = false;      // the last search came across the main source
   std::unordered_map<std::string, SourceFile const*> m_found;
 };
 

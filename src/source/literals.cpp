@@ -1,5 +1,6 @@
 #include "source/literals.h"
 
+#include <algorithm>
 #include <charconv>
 
 #include "text/letter_case.h"
@@ -67,11 +68,14 @@ LiteralContent decodeLiteral(std::string_view literal) {
   LiteralContent content;
   content.isBinary = prefix == "Z";  // ends in a NUL
   char mark = literal[quote];
-  for (std::size_t i = 0; i < inside.size(); ++i) {
-    content.text += inside[i];
-    if (inside[i] == mark) ++i;
-    if (!isUtf8Continuation(content.text.back())) ++content.characters;
+  content.text.reserve(inside.size());
+  for (std::size_t at = 0; at < inside.size();) {
+    std::size_t end = std::min(inside.find(mark, at), inside.size() - 1) + 1;
+    content.text += inside.substr(at, end - at);
+    at = end + (inside[end - 1] == mark ? 1 : 0);  // a quote is written twice
   }
+  content.characters = static_cast<std::size_t>(std::count_if(
+      content.text.begin(), content.text.end(), [](char c) { return !isUtf8Continuation(c); }));
   return content;
 }
 
