@@ -267,7 +267,7 @@ def file_descriptions(path, count):
 
 
 def mistakes(path, count):
-    """`count` entries, each with a mistake."""
+    """`count` entries, each with an error."""
     return write_program(path, (f"01  ITEM-{i} PIC X(0)." for i in range(count)))
 
 

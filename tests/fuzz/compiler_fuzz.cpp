@@ -76,7 +76,7 @@ bool isWellFormed(std::string const& document) {
   return true;
 }
 
-// What a terminal might obey.
+// Whether a text has control characters, which a terminal may interpret.
 bool hasControls(std::string_view text) {
   for (char c : text) {
     if ((static_cast<unsigned char>(c) < ' ' && c != '\n') || c == '\x7F') return true;

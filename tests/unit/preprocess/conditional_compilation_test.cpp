@@ -9,7 +9,7 @@ namespace fdmorph::compiler {
 namespace {
 
 /// The size of a record A of one byte that is a byte longer if the condition,
-/// behind some definitions, holds.
+/// after some definitions, holds.
 std::string lengthIf(std::string const& condition) {
   std::string source = ">>DEFINE TWO AS 2\n>>DEFINE NAME AS \"x\"\n01 A.\n 05 B PIC X.\n>>IF " +
                        condition + "\n 05 C PIC X.\n>>END-IF";

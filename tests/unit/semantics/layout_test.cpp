@@ -54,7 +54,7 @@ TEST(Layout, OfBitsHasEightInAByte) {
 
 TEST(Layout, OfATableInATableCountsFromTheGroupThatEndedLast) {
   // H is of 2 bytes and lies at an even place in F, which repeats alike. C ends
-  // behind F: for it H counts, and it is filled up to 14 bytes.
+  // after F: H counts for it, and it is filled up to 14 bytes.
   char const* lines =
       "01 B.\n 05 A PIC X(6).\n 05 C OCCURS 2.\n  10 D PIC X.\n  10 F OCCURS 3.\n"
       "   15 G PIC X.\n   15 H PIC 9(4) COMP SYNC.";
