@@ -74,6 +74,25 @@ def test_no_source_file_is_too_long() -> None:
     assert names(long) == []
 
 
+def limits() -> list[list[str]]:
+    """The rows of the table of limits in SECURITY.md, a list of cells each."""
+    text = (ROOT / "SECURITY.md").read_text(encoding="utf-8")
+    table = text.partition("\n## Limits\n")[2].partition("\n## ")[0]
+    rows = [line.strip("| ").split(" | ") for line in table.splitlines() if line.startswith("|")]
+    return rows[2:]
+
+
+def test_each_limit_has_a_value_a_line_and_a_test_that_exists() -> None:
+    files = {path.name for path in tracked("tests/*")}
+    assert limits()
+    for cells in limits():
+        assert len(cells) == 5, cells
+        assert all(cells), cells
+        named = re.findall(r"`([^`]+)`", cells[4])
+        assert named, cells
+        assert set(named) <= files, cells
+
+
 @pytest.mark.skipif(shutil.which("clang-tidy") is None, reason="clang-tidy is not installed")
 @pytest.mark.parametrize(
     ("declaration", "finding"),

@@ -30,8 +30,7 @@ void writeMessage(int descriptor) {
 // Runs on a stack of its own, at any point of the program, so only calls that
 // are safe in a signal handler may follow.
 void onStackOverflow(int /*emergency*/, stackoverflow_context_t /*context*/) {
-  int log = console.logMode ? open(kLogFileName, O_WRONLY | O_APPEND | O_CLOEXEC) : -1;
-  writeMessage(log >= 0 ? log : STDERR_FILENO);
+  writeMessage(console.logDescriptor >= 0 ? console.logDescriptor : STDERR_FILENO);
   _exit(kStatusError);
 }
 

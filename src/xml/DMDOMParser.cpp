@@ -32,6 +32,18 @@ using Kind = ParserReport::Kind;
 // Ordinary documents stay far below this many entity expansions.
 constexpr XMLSize_t kEntityExpansionLimit = 50'000;
 
+MessageKind messageKindOf(Kind kind) {
+  switch (kind) {
+    case Kind::warning:
+      return MessageKind::warning;
+    case Kind::error:
+      return MessageKind::error;
+    case Kind::uncounted:
+      break;
+  }
+  return MessageKind::status;
+}
+
 }  // namespace
 
 /// The objects of the XML library that one parser uses.
@@ -243,9 +255,7 @@ void CDMDOMParser::recordReports(std::vector<ParserReport>* record) {
 }
 
 void printReport(ParserReport const& report) {
-  std::cerr << report.line << std::endl;
-  if (report.kind == Kind::warning) ++console.m_nWarningCount;
-  if (report.kind == Kind::error) ++console.m_nErrorCount;
+  if (countMessage(messageKindOf(report.kind))) std::cerr << report.line << std::endl;
 }
 
 bool nothingCounted() {

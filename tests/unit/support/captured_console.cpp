@@ -16,7 +16,9 @@ void resetConsole(std::streambuf* out, std::streambuf* err) {
   console.quietMode = console.logMode = console.outputLost = false;
   console.headerShown = true;
   console.savedCoutBuffer = console.savedCerrBuffer = nullptr;
+  console.logDescriptor = -1;
   console.m_nErrorCount = console.m_nWarningCount = 0;
+  console.maxShownMessages = kMaxShownMessages;
 }
 
 }  // namespace

@@ -1,6 +1,9 @@
 // The buffers of the standard streams in a quiet or a logged run.
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <iomanip>
@@ -112,6 +115,60 @@ TEST_F(Streams, LogThatCannotBeOpenedIsSilent) {
   EXPECT_EQ(std::cout.rdbuf(), captured.outBuffer());
   EXPECT_EQ(countOf("\n", captured.out()), 3) << "the banner alone";
   EXPECT_EQ(captured.err(), "");
+}
+
+TEST_F(Streams, LogIsNotAFifo) {
+  ASSERT_EQ(mkfifo("fdmorph.log", 0600), 0);
+  openLog();
+  EXPECT_FALSE(console.logMode);
+  EXPECT_TRUE(std::filesystem::is_fifo("fdmorph.log"));
+}
+
+// Not even with a reader, who would see the end of the text at once.
+TEST_F(Streams, LogIsNotAFifoWithAReader) {
+  ASSERT_EQ(mkfifo("fdmorph.log", 0600), 0);
+  int reader = open("fdmorph.log", O_RDONLY | O_NONBLOCK);
+  ASSERT_GE(reader, 0);
+  openLog();
+  EXPECT_FALSE(console.logMode);
+  close(reader);
+}
+
+TEST_F(Streams, LogIsNotAFifoBehindALink) {
+  ASSERT_EQ(mkfifo("pipe", 0600), 0);
+  std::filesystem::create_symlink("pipe", "fdmorph.log");
+  openLog();
+  EXPECT_FALSE(console.logMode);
+}
+
+TEST_F(Streams, LogIsOpenedThroughALinkOfTheUser) {
+  std::filesystem::create_symlink("elsewhere", "fdmorph.log");
+  openLog();
+  EXPECT_TRUE(console.logMode);
+  out() << "a" << endLine;
+  RestoreStreams();
+  EXPECT_EQ(folder.read("elsewhere"), "a\n");
+}
+
+TEST_F(Streams, LogIsNotOpenedThroughALinkOfAnotherUser) {
+  folder.write("precious", "text\n");
+  std::filesystem::create_symlink("precious", "fdmorph.log");
+  constexpr uid_t kAnother = 12345;
+  if (lchown("fdmorph.log", kAnother, static_cast<gid_t>(-1)) != 0) {
+    GTEST_SKIP() << "only the superuser can make such a link";
+  }
+  openLog();
+  EXPECT_FALSE(console.logMode);
+  out() << "a" << endLine;
+  EXPECT_EQ(folder.read("precious"), "text\n");
+  EXPECT_EQ(captured.out(), "a\n");
+}
+
+TEST_F(Streams, LogIsNotLeftToOtherPrograms) {
+  openLog();
+  EXPECT_NE(fcntl(console.logDescriptor, F_GETFD) & FD_CLOEXEC, 0);
+  RestoreStreams();
+  EXPECT_EQ(console.logDescriptor, -1);
 }
 
 TEST_F(Streams, QuietModeAfterALogSavesTheLogsBuffer) {
