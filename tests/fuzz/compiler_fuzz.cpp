@@ -4,25 +4,23 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <string>
 #include <string_view>
 #include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/parsers/SAXParser.hpp>
 #include <xercesc/sax/HandlerBase.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLException.hpp>
 
+#include "fuzz_input.h"
 #include "support/compiled_source.h"
+#include "text/utf8.h"
 
 namespace {
 
 using namespace fdmorph::compiler;
 
 constexpr char kSource[] = "source.cbl";
-constexpr char kSeparator = '\x1E';
-constexpr char kLastMember = 'Z';
+constexpr std::size_t kMaxFiles = 27;  // the members are A to Z
 
 // In the byte of a digit these are its low bits, so that a seed begins with a
 // digit from 0 to 7, or with a character from 8 to ? for narrow tabs.
@@ -43,26 +41,24 @@ Directives directivesOf(std::uint8_t choice) {
 MemoryTree filesOf(std::string_view text) {
   MemoryTree tree;
   std::string name = kSource;
-  for (char member = 'A';; ++member) {
-    std::size_t end = text.find(kSeparator);
-    tree.files[name] = text.substr(0, end);
-    if (end == std::string_view::npos || member > kLastMember) return tree;
-    text.remove_prefix(end + 1);
-    name = std::string(1, member);
+  char member = 'A';
+  for (std::string_view file : fdmorph::splitFuzzFiles(text, kMaxFiles)) {
+    tree.files[name] = file;
+    name = std::string(1, member++);
   }
+  return tree;
 }
 
 [[noreturn]] void fail(char const* rule, CompilationResult const& result) {
-  std::cerr << rule << "\nstatus " << result.status << "\n"
-            << result.diagnostics << result.dictionary << std::flush;
-  std::abort();
+  fdmorph::failFuzzRun(rule, "status " + std::to_string(result.status) + "\n" + result.diagnostics +
+                                 result.dictionary);
 }
 
 bool isWellFormed(std::string const& document) {
-  static bool const isStarted = (xercesc::XMLPlatformUtils::Initialize(), true);
+  fdmorph::startFuzzLibrary();
   xercesc::SAXParser parser;
   xercesc::HandlerBase throwing;  // on what is no well-formed XML
-  parser.setErrorHandler(isStarted ? &throwing : nullptr);
+  parser.setErrorHandler(&throwing);
   parser.setValidationScheme(xercesc::SAXParser::Val_Never);
   xercesc::MemBufInputSource source(reinterpret_cast<XMLByte const*>(document.data()),
                                     document.size(), "dictionary");
@@ -76,12 +72,15 @@ bool isWellFormed(std::string const& document) {
   return true;
 }
 
-// Whether a text has control characters, which a terminal may interpret.
+// Whether a text has control characters, which a terminal may interpret, or is
+// no UTF-8. A C1 control character is C2 80 to C2 9F.
 bool hasControls(std::string_view text) {
-  for (char c : text) {
-    if ((static_cast<unsigned char>(c) < ' ' && c != '\n') || c == '\x7F') return true;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    auto byte = static_cast<unsigned char>(text[i]);
+    if ((byte < ' ' && byte != '\n') || byte == 0x7F) return true;
+    if (byte == 0xC2 && static_cast<unsigned char>(text[i + 1]) < 0xA0) return true;
   }
-  return false;
+  return !fdmorph::isUtf8(text);
 }
 
 void check(CompilationResult const& result) {

@@ -1,22 +1,39 @@
-// Schemas, all the way to the copybook.
+// Sets of schemas, all the way to the copybook, and their validation. The first
+// byte chooses the options; the first file is main.xsd, the others are b.xsd,
+// c.xsd and so on, which it may include, import or redefine.
 
-#include "cobol/DMCOBOLGenerator.h"
-#include "input_file.h"
-#include "schema/schema_loader.h"
-#include "schema/schema_preprocessing.h"
-#include "xml/DMDOMParser.h"
-#include "xml/paths.h"
+#include "driver/settings.h"
+#include "fuzz_input.h"
+
+namespace {
+
+using namespace fdmorph;
+
+constexpr std::size_t kMaxFiles = 6;
+constexpr unsigned kUnique = 1;
+constexpr unsigned kNoCountIn = 2;
+
+}  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
-  using fdmorph::CDMDOMParser;
-  fdmorph::FuzzInputFile file(data, size, ".xsd");
-  fdmorph::CDMXMLNodeStore store;
-  CDMDOMParser parser(store);
-  if (!parser.ParseFile(file.name(), CDMDOMParser::FILE_TYPE::XML_SCHEMA, true)) return 0;
-  fdmorph::SchemaFileLoader loader(store);
-  fdmorph::SchemaSet const schema = fdmorph::SchemaPreprocessing(loader).PreProcessSchema(
-      parser.getXMLDocument(), fdmorph::getFullPath(file.name()));
-  fdmorph::CDMCOBOLGenerator generator(&schema.main);
-  generator.GenerateFile("/dev/null", "P-", true, true);
+  if (size == 0) return 0;
+  startFuzzLibrary();
+  std::string name = "main.xsd";
+  char next = 'b';
+  for (std::string_view file : splitFuzzFiles(fuzzText(data + 1, size - 1), kMaxFiles)) {
+    writeFuzzFile(name, file);
+    name = std::string(1, next++) + ".xsd";
+  }
+  Settings settings;
+  settings.givenName = settings.schemaFile = "main.xsd";
+  settings.copybookFile = "main.cpy";
+  settings.dataPrefix = "P-";
+  settings.promptOverwrite = false;
+  settings.uniqueNames = (data[0] & kUnique) != 0;
+  settings.countIn = (data[0] & kNoCountIn) == 0;
+  beginFuzzRun();
+  static_cast<void>(runSchemaToCobol(settings));
+  beginFuzzRun();
+  static_cast<void>(runValidation(settings));
   return 0;
 }
