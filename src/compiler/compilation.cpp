@@ -100,14 +100,14 @@ int compilerMain(std::vector<std::string> const& arguments) {
     case CommandLine::Action::version:
       return print(stdout, "zbc " FDMORPH_VERSION "\n") ? kStatusOk : kStatusError;
     case CommandLine::Action::usageError:
-      print(stderr, "zbc: " + line.error + "\n" + helpText());
+      print(stderr, "zbc: " + printable(line.error) + "\n" + helpText());
       return kStatusUsageError;
     case CommandLine::Action::compile:
       break;
   }
   std::string target = dictionaryPath(line.sourcePath);
   if (line.directives.writesDictionary && target == line.sourcePath) {
-    print(stderr, "zbc: the dictionary would replace its source " + target + "\n");
+    print(stderr, "zbc: the dictionary would replace its source " + printable(target) + "\n");
     return kStatusUsageError;
   }
   CompilationResult result;
@@ -120,7 +120,7 @@ int compilerMain(std::vector<std::string> const& arguments) {
   print(stderr, result.diagnostics);
   if (result.dictionary.empty()) return result.status;
   if (std::optional<std::string> why = replaceFile(target, result.dictionary)) {
-    print(stderr, "zbc: error: cannot write " + target + ": " + *why + " [file]\n");
+    print(stderr, "zbc: error: cannot write " + printable(target) + ": " + *why + " [file]\n");
     return kStatusError;
   }
   return result.status;

@@ -71,19 +71,26 @@ constexpr std::size_t kLengthBeforeCaret = 80;
 constexpr std::string_view kEllipsis = "...";
 constexpr std::size_t kMaxQuoteLength = 60;
 
-bool isControl(char c) {
-  return static_cast<unsigned char>(c) < ' ' || c == '\x7F';
+constexpr char kReplacement = '?';
+
+// Whether a terminal may obey a character: those of ASCII, delete, and the C1
+// characters U+0080 to U+009F (ECMA-48).
+bool isControl(std::string_view character) {
+  auto first = static_cast<unsigned char>(character.front());
+  if (character.size() == 1) return first < ' ' || first == 0x7F;
+  return first == 0xC2 && static_cast<unsigned char>(character[1]) < 0xA0;
 }
 
 void appendPrintable(std::string& out, std::string_view text) {
   while (!text.empty()) {
     std::size_t length = utf8Length(text);
-    if (length == 0) {
-      out += '?';
-    } else if (isControl(text.front())) {
+    std::string_view character = text.substr(0, length);
+    if (text.front() == '\t') {
       out += ' ';
+    } else if (length == 0 || isControl(character)) {
+      out += kReplacement;
     } else {
-      out += text.substr(0, length);
+      out += character;
     }
     text.remove_prefix(std::max<std::size_t>(length, 1));
   }
@@ -124,6 +131,12 @@ std::string quoted(std::string_view text) {
   appendPrintable(result, shown);
   if (shown.size() < text.size()) result += kEllipsis;
   return result += '\'';
+}
+
+std::string printable(std::string_view text) {
+  std::string result;
+  appendPrintable(result, text);
+  return result;
 }
 
 void Diagnostics::report(Code code, Place place, std::string text) {

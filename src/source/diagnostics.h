@@ -103,9 +103,8 @@ class Diagnostics {
 
   /// All reports in the order of the source. Each is a line
   /// `FILE:LINE:COLUMN: error: TEXT [code]`, the source line, a caret, and a
-  /// note for each COPY statement that includes the text. The result is valid
-  /// UTF-8 whatever the source is: control characters become blanks, and bytes
-  /// that belong to no character become question marks.
+  /// note for each COPY statement that includes the text. Everything in it is
+  /// printable, whatever the source and the names of its files hold.
   [[nodiscard]] std::string print() const;
 
  private:
@@ -125,8 +124,13 @@ class Diagnostics {
   std::size_t m_warnings = 0;
 };
 
+/// `text` as a terminal can show it, in valid UTF-8: a tab is one blank, and each
+/// other control character is a question mark, and so is each byte that belongs to
+/// no character. Line feeds are control characters here.
+std::string printable(std::string_view text);
+
 /// Text of the source in apostrophes, for a message. Cut after 60 characters,
-/// and printable as in Diagnostics::print.
+/// and made printable.
 std::string quoted(std::string_view text);
 
 }  // namespace fdmorph::compiler

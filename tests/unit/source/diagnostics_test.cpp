@@ -40,12 +40,34 @@ TEST_F(DiagnosticsTest, NameTheProgramWithoutAPlace) {
 }
 
 TEST_F(DiagnosticsTest, PrintBytesThatAreNotUtf8AsQuestionMarks) {
-  std::uint32_t text = open("\xE9.cpy", "a\xE9\xFF b\x01 \xC3\xA9\n");
+  std::uint32_t text = open("\xE9.cpy", "a\xE9\xFF b \xC3\xA9\n");
   diagnostics.report(Code::syntax, {text, 4}, "found " + compiler::quoted("\xE9"));
   EXPECT_EQ(diagnostics.print(),
             "?.cpy:1:5: error: found '?' [syntax]\n"
-            "  a?? b  \xC3\xA9\n"
+            "  a?? b \xC3\xA9\n"
             "      ^\n");
+}
+
+// Escape, delete, and the C1 characters CSI and NEL.
+TEST_F(DiagnosticsTest, PrintControlCharactersAsQuestionMarks) {
+  std::uint32_t text = open("\x1B.cpy",
+                            "a\x1B[2J\x7F \xC2\x9B"
+                            "1m\xC2\x85\r\v b\n");
+  diagnostics.report(Code::syntax, {text, 0}, "found " + compiler::quoted("\x1B]0;\a\xC2\x9B"));
+  EXPECT_EQ(diagnostics.print(),
+            "?.cpy:1:1: error: found '?]0;?"
+            "?' [syntax]\n"
+            "  a?[2J? ?1m??? b\n"
+            "  ^\n");
+}
+
+TEST_F(DiagnosticsTest, PrintATabAsOneBlank) {
+  std::uint32_t text = open("a.cpy", "a\tb\n");
+  diagnostics.report(Code::syntax, {text, 2}, "found 'b'");
+  EXPECT_EQ(diagnostics.print(),
+            "a.cpy:1:3: error: found 'b' [syntax]\n"
+            "  a b\n"
+            "    ^\n");
 }
 
 TEST_F(DiagnosticsTest, CountReportsByCode) {
@@ -56,6 +78,14 @@ TEST_F(DiagnosticsTest, CountReportsByCode) {
   EXPECT_EQ(diagnostics.countOf(Code::syntax), 2U);
   EXPECT_EQ(diagnostics.lastOf(Code::syntax), (Place{text, 1}));
   EXPECT_EQ(diagnostics.errorCount(), 2U);
+}
+
+// U+0080 and U+009F are the first and the last of the C1 characters.
+TEST(Printable, KeepsTextAndReplacesControlCharactersAtTheirBounds) {
+  using namespace std::string_view_literals;
+  EXPECT_EQ(printable("\0\x1F ~\x7F\xC2\x80\xC2\x9F\xC2\xA0\xC4\x80"sv), "?? ~???\xC2\xA0\xC4\x80");
+  EXPECT_EQ(printable("a\nb"), "a?b");
+  EXPECT_EQ(printable("\xC2"), "?");
 }
 
 TEST(Quoted, CutsBetweenCharacters) {
