@@ -8,7 +8,7 @@
 #include "preprocess/text_manipulation.h"
 #include "semantics/checker.h"
 #include "syntax/parser.h"
-#include "text/output_file.h"
+#include "text/file_replacement.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -114,7 +114,7 @@ int compilerMain(std::vector<std::string> const& arguments) {
   try {
     result = compileSource(line.sourcePath, line.directives, tree, sourceName());
   } catch (std::bad_alloc const&) {
-    print(stderr, "zbc: error: the source needs more memory than there is [size]\n");
+    print(stderr, kOutOfMemory);
     return kStatusError;
   }
   print(stderr, result.diagnostics);

@@ -11,6 +11,9 @@ inline constexpr int kStatusOk = 0;
 inline constexpr int kStatusError = 1;
 inline constexpr int kStatusUsageError = 2;
 
+/// The line for a source that needs more memory than there is.
+inline constexpr char kOutOfMemory[] = "zbc: error: out of memory [size]\n";
+
 /// The result of a compilation.
 struct CompilationResult {
   int status = kStatusOk;

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "text/file_replacement.h"
 #include "text/letter_case.h"
-#include "text/output_file.h"
 
 namespace fdmorph::compiler {
 namespace {

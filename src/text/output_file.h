@@ -1,18 +1,19 @@
-// Files that the programs write.
+// Files that the converter writes.
 #pragma once
 
-#include <fstream>
 #include <memory>
-#include <optional>
 #include <ostream>
+#include <streambuf>
 #include <string>
-#include <string_view>
+
+#include "text/file_replacement.h"
 
 namespace fdmorph {
 
 /// A text output that goes to a file, or to the standard output stream if no
-/// file is open. The destructor closes the file and restores the buffer of the
-/// standard output stream; only close() reports a failed write.
+/// file is open. An earlier file of the name stays until close() replaces it as
+/// a whole. The destructor restores the buffer of the standard output stream,
+/// and drops a file that was not closed.
 class OutputFile {
  public:
   OutputFile() = default;
@@ -20,12 +21,12 @@ class OutputFile {
   OutputFile(OutputFile const&) = delete;
   OutputFile& operator=(OutputFile const&) = delete;
 
-  /// Creates the file `name`, or truncates it. It is written in blocks of
-  /// 64 KB. False, without a message, if it cannot be opened; an empty name
+  /// Begins a new file `name`, which is written in blocks of 64 KB. False,
+  /// without a message, if the name cannot be opened for writing; an empty name
   /// never can. To be called once.
   [[nodiscard]] bool open(std::string const& name);
 
-  bool isOpen() const { return m_file.is_open(); }
+  bool isOpen() const { return m_isOpen; }
 
   /// The stream to write to.
   std::ostream& stream();
@@ -35,28 +36,42 @@ class OutputFile {
   /// first.
   void aimStandardOutput();
 
-  /// Completes the file and restores the buffer of the standard output stream.
-  /// Text that did not reach the file is reported by reportWriteFailure.
-  /// False in that case, and if no file is open.
+  /// Completes the file, puts it in place, and restores the buffer of the
+  /// standard output stream. If some text did not reach the file, this is
+  /// reported by reportWriteFailure, and an earlier file stays. False in that
+  /// case, and if no file is open.
   bool close();
 
  private:
-  bool finish();
+  /// Collects blocks and hands them to the file. After a failed write it
+  /// accepts nothing.
+  class Blocks : public std::streambuf {
+   public:
+    explicit Blocks(FileReplacement& file) : m_file(file) {}
+
+    void open();
+    void fail() { m_hasFailed = true; }
+    bool isComplete() const { return !m_hasFailed; }
+
+   protected:
+    int_type overflow(int_type c) override;
+    int sync() override;
+
+   private:
+    FileReplacement& m_file;
+    std::unique_ptr<char[]> m_block;
+    bool m_hasFailed = false;
+  };
+
+  void restoreStandardOutput();
 
   std::string m_name;
-  std::unique_ptr<char[]> m_block;  // must outlive m_file, which writes from it
-  std::ofstream m_file;
+  FileReplacement m_file;
+  Blocks m_blocks{m_file};
+  std::ostream m_stream{&m_blocks};
+  bool m_isOpen = false;
   bool m_isAimed = false;
   std::streambuf* m_savedBuffer = nullptr;  // of the standard output stream
 };
-
-/// The folder of a path with its slash; empty for the current one.
-std::string folderOf(std::string_view path);
-
-/// Puts a file in place as a whole. It is first written under another name in
-/// the same folder; on failure nothing of it stays, and an earlier file of the
-/// name does. The result is the reason of a failure, in words, or nothing.
-[[nodiscard]] std::optional<std::string> replaceFile(std::string const& path,
-                                                     std::string const& content);
 
 }  // namespace fdmorph

@@ -79,7 +79,8 @@ TEST_F(OutputFileTest, AimedStandardOutputLandsInTheFileInOrder) {
   EXPECT_EQ(captured.out(), "after");
 }
 
-TEST_F(OutputFileTest, DestructorRestoresStandardOutput) {
+TEST_F(OutputFileTest, DestructorRestoresStandardOutputAndLeavesTheOldFile) {
+  folder.write("a.txt", "old");
   {
     OutputFile file;
     ASSERT_TRUE(file.open(folder.path("a.txt")));
@@ -87,7 +88,17 @@ TEST_F(OutputFileTest, DestructorRestoresStandardOutput) {
     out() << "inside";
   }
   EXPECT_EQ(std::cout.rdbuf(), captured.outBuffer());
-  EXPECT_EQ(folder.read("a.txt"), "inside");
+  EXPECT_EQ(folder.read("a.txt"), "old");
+}
+
+TEST_F(OutputFileTest, EarlierFileStaysUntilTheNewOneIsClosed) {
+  folder.write("a.txt", "old");
+  OutputFile file;
+  ASSERT_TRUE(file.open(folder.path("a.txt")));
+  file.stream() << std::string(100'000, 'x') << std::flush;
+  EXPECT_EQ(folder.read("a.txt"), "old");
+  EXPECT_TRUE(file.close());
+  EXPECT_EQ(folder.read("a.txt"), std::string(100'000, 'x'));
 }
 
 TEST_F(OutputFileTest, SilencedOutputStaysSilencedAfterTheFile) {
@@ -122,32 +133,18 @@ TEST_F(OutputFileTest, FailedWriteOfAnAimedStreamIsReportedByClose) {
   EXPECT_TRUE(std::cout.good());
 }
 
+// The only file in the folder is the new one, under its temporary name.
 TEST_F(OutputFileTest, TextWaitsForItsBlock) {
   OutputFile file;
   ASSERT_TRUE(file.open(folder.path("a.txt")));
+  std::filesystem::directory_iterator const written(folder.path(""));
   std::string const line(1000, 'x');
   for (int i = 0; i < 65; ++i) file.stream() << line;
-  EXPECT_EQ(folder.read("a.txt"), "");
+  EXPECT_EQ(std::filesystem::file_size(written->path()), 0U);
   file.stream() << line;
-  EXPECT_NE(folder.read("a.txt"), "");
+  EXPECT_EQ(std::filesystem::file_size(written->path()), 65'536U);
   EXPECT_TRUE(file.close());
   EXPECT_EQ(folder.read("a.txt"), std::string(66'000, 'x'));
-}
-
-TEST(FolderOf, EndsWithItsSlash) {
-  EXPECT_EQ(folderOf("a/b/c.txt"), "a/b/");
-  EXPECT_EQ(folderOf("/c.txt"), "/");
-  EXPECT_EQ(folderOf("c.txt"), "");
-}
-
-TEST(ReplaceFile, ReplacesAnEarlierFileAndLeavesNothingElse) {
-  TemporaryFolder folder;
-  EXPECT_EQ(replaceFile(folder.path("a.xml"), "one"), std::nullopt);
-  EXPECT_EQ(replaceFile(folder.path("a.xml"), "two"), std::nullopt);
-  EXPECT_EQ(folder.read("a.xml"), "two");
-  EXPECT_EQ(replaceFile(folder.path("none/a.xml"), "three"), "No such file or directory");
-  std::filesystem::directory_iterator files(folder.path(""));
-  EXPECT_EQ(std::distance(begin(files), end(files)), 1);
 }
 
 }  // namespace
