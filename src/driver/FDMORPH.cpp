@@ -1,10 +1,12 @@
 // fdmorph: converts between COBOL data definitions and XML Schema.
 
 #include <clocale>
+#include <new>
 
 #include "driver/command_line.h"
 #include "driver/process_setup.h"
 #include "text/console.h"
+#include "text/early_end.h"
 
 namespace fdmorph {
 namespace {
@@ -14,7 +16,7 @@ int run(int argc, char** argv) {
     printUsage();
     return kStatusOk;
   }
-  openRequestedLog(argc, argv);
+  if (!openRequestedLog(argc, argv)) return kStatusError;
   auto [settings, status] = scanArguments(argc, argv);
   if (status) return *status;
   if (settings.givenName.empty()) {
@@ -42,6 +44,11 @@ int main(int argc, char** argv) {
   std::setlocale(LC_ALL, "");
   fdmorph::secureStandardStreams();
   fdmorph::guardStack();
-  int status = fdmorph::run(argc, argv);
-  return fdmorph::flushConsole() || status != fdmorph::kStatusOk ? status : fdmorph::kStatusError;
+  fdmorph::guardEnd();
+  try {
+    int status = fdmorph::run(argc, argv);
+    return fdmorph::flushConsole() || status != fdmorph::kStatusOk ? status : fdmorph::kStatusError;
+  } catch (std::bad_alloc const&) {  // of a size that no memory has
+    fdmorph::endWithoutMemory();
+  }
 }

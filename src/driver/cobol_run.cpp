@@ -1,7 +1,6 @@
-#include <cstdio>
-
 #include "dictionary/DMXMLGenerator.h"
 #include "driver/command_line.h"
+#include "driver/compiler_files.h"
 #include "driver/compiler_process.h"
 #include "driver/file_helpers.h"
 #include "driver/settings.h"
@@ -24,8 +23,6 @@ bool hasExtension(std::string const& extension, char const* wanted) {
 struct RunFiles {
   std::string baseName;   // of the source, up to its last dot
   std::string extension;  // of the source, with its dot
-  std::string dictionaryFile;
-  std::string tempSourceFile;  // empty if the source itself is compiled
   std::string schemaFile;
   std::string copybookFile;
 };
@@ -44,26 +41,31 @@ RunFiles splitSourceName(std::string const& sourceFile) {
   return files;
 }
 
-// Copybooks are compiled as a copy, and so are programs whose dictionary would
-// replace a file of the user's.
-void chooseCompilerFiles(std::string const& sourceFile, RunFiles& files) {
-  files.dictionaryFile = files.baseName + ".xml";
-  bool isCopied = hasExtension(files.extension, ".CPY") || FileExists(files.dictionaryFile, false);
-  if (!isCopied) return;
-  std::string temporary = GetTemporaryFilename(".xml .cbl");
-  files.dictionaryFile = temporary + ".xml";
-  files.tempSourceFile = temporary + ".cbl";
-  CopyFileToFile(sourceFile, files.tempSourceFile);
+void chooseOutputs(Settings const& settings, RunFiles& files) {
+  files.schemaFile = settings.schemaFile.empty() ? files.baseName + ".xsd" : settings.schemaFile;
+  files.copybookFile =
+      settings.copybookFile.empty() ? files.baseName + "-fdmorph.cpy" : settings.copybookFile;
+}
+
+// Without questions nothing else protects the source. An existing mapping file
+// is read then, not written.
+bool isAnyOutputRefused(Settings const& settings, RunFiles const& files) {
+  if (settings.promptOverwrite) return false;
+  std::string const& mappingFile = settings.mappingFile;
+  bool writesMapping = !mappingFile.empty() && !FileExists(mappingFile, false);
+  return (writesMapping && isRefusedOutput(mappingFile, settings.sourceFile)) ||
+         isRefusedOutput(files.schemaFile, settings.sourceFile) ||
+         isRefusedOutput(files.copybookFile, settings.sourceFile);
 }
 
 // Runs the compiler. False, with a report, if it failed; also in a child that
 // did not become the compiler.
-bool compile(Settings const& settings, RunFiles const& files) {
-  std::string const& source =
-      files.tempSourceFile.empty() ? settings.sourceFile : files.tempSourceFile;
+bool compile(Settings const& settings, CompilerFiles const& files) {
   out() << "Checking " << settings.sourceFile << " for errors" << endLine;
-  switch (runCompiler(ProcessSpaceyFilename(source), ProcessSpaceyFilename(settings.directiveFile),
-                      settings.sourceFile)) {
+  switch (files.isReady()
+              ? runCompiler(ProcessSpaceyFilename(files.source()),
+                            ProcessSpaceyFilename(settings.directiveFile), settings.sourceFile)
+              : CompileOutcome::failed) {
     case CompileOutcome::notCreated:
       out() << "Error : Unable to create cobol compiler process" << endLine;
       return false;
@@ -81,16 +83,8 @@ bool compile(Settings const& settings, RunFiles const& files) {
   return true;
 }
 
-// The dictionary is removed with the other by-products: its tree is in memory.
-void removeByProducts(RunFiles const& files) {
-  if (!files.tempSourceFile.empty()) std::remove(files.tempSourceFile.c_str());
-  std::string stem = files.tempSourceFile.empty() ? files.baseName + ".xml" : files.tempSourceFile;
-  std::size_t dot = stem.rfind('.');
-  if (dot != std::string::npos && dot != 0) stem.resize(dot + 1);
-  for (char const* extension : {"dbi", "xml", "int"}) std::remove((stem + extension).c_str());
-}
-
-/// The outputs of one dictionary.
+/// The outputs of one dictionary. The functions return false if the run cannot
+/// go on, and say why.
 class DictionaryOutputs {
  public:
   DictionaryOutputs(Settings const& settings, RunFiles const& files, CDMXMLElement* dictionary)
@@ -102,8 +96,9 @@ class DictionaryOutputs {
   bool applyMappingFile(CDMXMLNodeStore& store) {
     std::string const& mappingFile = m_settings.mappingFile;
     if (mappingFile.empty()) return true;
-    if (!FileExists(mappingFile, m_settings.promptOverwrite)) {
-      generate(OutputType::FT_EXTERNAL_MAPPING, std::string());
+    if (!FileExists(mappingFile, m_settings.promptOverwrite) &&
+        !generate(OutputType::FT_EXTERNAL_MAPPING, mappingFile, std::string())) {
+      return false;
     }
     CDMDOMParser parser(store);
     if (!parser.ParseFile(mappingFile, CDMDOMParser::FILE_TYPE::XML_DOCUMENT, false)) {
@@ -119,14 +114,14 @@ class DictionaryOutputs {
     return true;
   }
 
-  void writeSchema() {
-    if (mayWrite(m_files.schemaFile)) generate(OutputType::FT_XML_SCHEMA, std::string());
+  bool writeSchema() {
+    if (!mayWrite(m_files.schemaFile)) return true;
+    return generate(OutputType::FT_XML_SCHEMA, m_files.schemaFile, std::string());
   }
 
-  void writeCopybook() {
-    if (mayWrite(m_files.copybookFile)) {
-      generate(OutputType::FT_ENHANCED_COBOL, m_settings.dataPrefix);
-    }
+  bool writeCopybook() {
+    if (!mayWrite(m_files.copybookFile)) return true;
+    return generate(OutputType::FT_ENHANCED_COBOL, m_files.copybookFile, m_settings.dataPrefix);
   }
 
  private:
@@ -134,9 +129,13 @@ class DictionaryOutputs {
     return !FileExists(name, m_settings.promptOverwrite) || !m_settings.promptOverwrite;
   }
 
-  void generate(OutputType type, std::string const& prefix) {
+  // False if the output is refused. A failed write is reported and does not
+  // stop the run.
+  bool generate(OutputType type, std::string const& name, std::string const& prefix) {
+    if (isRefusedOutput(name, m_settings.sourceFile)) return false;
     m_generator.GenerateFile(m_files.baseName + ".xml", m_settings.mappingFile, m_files.schemaFile,
                              m_files.copybookFile, type, prefix, m_settings.countIn);
+    return true;
   }
 
   Settings const& m_settings;
@@ -163,13 +162,11 @@ int runCobolToSchema(Settings const& settings) {
     printUsage();
     return stopRun();
   }
-  chooseCompilerFiles(settings.sourceFile, files);
-  if (!compile(settings, files)) return stopRun();
-
-  files.schemaFile = settings.schemaFile.empty() ? files.baseName + ".xsd" : settings.schemaFile;
-  files.copybookFile =
-      settings.copybookFile.empty() ? files.baseName + "-fdmorph.cpy" : settings.copybookFile;
-  if (!parser.ParseFile(files.dictionaryFile, CDMDOMParser::FILE_TYPE::XML_DOCUMENT, false)) {
+  chooseOutputs(settings, files);
+  if (isAnyOutputRefused(settings, files)) return stopRun();
+  CompilerFiles compilerFiles(settings.sourceFile, files.baseName, !isProgram);
+  if (!compile(settings, compilerFiles)) return stopRun();
+  if (!parser.ParseFile(compilerFiles.dictionary(), CDMDOMParser::FILE_TYPE::XML_DOCUMENT, false)) {
     out() << endLine;
     parser.DisplayErrorSummary();
     out() << "Failed to create " << files.schemaFile << endLine;
@@ -177,10 +174,9 @@ int runCobolToSchema(Settings const& settings) {
   }
   DictionaryOutputs outputs(settings, files, parser.getXMLDocument());
   parser.releaseDocument();
-  removeByProducts(files);
-  if (!outputs.applyMappingFile(store)) return stopRun();
-  outputs.writeSchema();
-  outputs.writeCopybook();
+  compilerFiles.removeByProducts();  // the dictionary as well: its tree is in memory
+  bool isDone = outputs.applyMappingFile(store) && outputs.writeSchema() && outputs.writeCopybook();
+  if (!isDone) return stopRun();
   out() << endLine;
   parser.DisplayErrorSummary();
   RestoreStreams();

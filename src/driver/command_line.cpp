@@ -4,6 +4,7 @@
 #include <cstring>
 #include <utility>
 
+#include "driver/file_helpers.h"
 #include "driver/options.h"
 #include "text/console.h"
 #include "text/letter_case.h"
@@ -169,6 +170,15 @@ std::optional<int> ArgumentScan::takeValidation(Option const& option) {
   return std::nullopt;
 }
 
+// Whether an argument, or the value in it, is the name of the log's file. The
+// log is opened ahead of the scan that would tell which arguments are names.
+bool isLogNamed(int argc, char** argv) {
+  return std::any_of(argv + 1, argv + argc, [](char const* argument) {
+    return isSameFile(argument, kLogFileName) ||
+           (argument[0] == '-' && argument[1] != '\0' && isSameFile(argument + 2, kLogFileName));
+  });
+}
+
 // The names of the options of a run, as the usage text lists them.
 std::string optionNames(bool Option::*isOfRun) {
   std::string names;
@@ -187,12 +197,17 @@ int stopRun(int status) {
   return status;
 }
 
-void openRequestedLog(int argc, char** argv) {
+bool openRequestedLog(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     if (!startsWith(argv[i], logOption().name.data()) || isFileNameOption(argv[i - 1])) continue;
+    if (isLogNamed(argc, argv)) {
+      out() << "Error : The log " << kLogFileName << " is a file of the command line" << endLine;
+      return false;
+    }
     openLog();
-    return;
+    break;
   }
+  return true;
 }
 
 ScannedArguments scanArguments(int argc, char** argv) {

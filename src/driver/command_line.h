@@ -15,8 +15,10 @@ struct ScannedArguments {
 };
 
 /// Opens the log if the command line asks for one. It must be in place before
-/// anything else is printed, so the arguments are searched for it first.
-void openRequestedLog(int argc, char** argv);
+/// anything else is printed, so the arguments are searched for it first. False,
+/// with a report on the console, if an argument names the file that the log
+/// would replace.
+[[nodiscard]] bool openRequestedLog(int argc, char** argv);
 
 /// Scans the arguments. If that ends the run, everything that is to be said
 /// has been printed.

@@ -15,7 +15,7 @@ enum class CompileOutcome {
 
 /// Runs the compiler `zbc` on `compileFile` with the directives that make it
 /// write its data dictionary, and waits for it. `directiveFile` may be empty;
-/// both names are quoted if they hold a blank. The compiler's messages call the
+/// both names are in double quotes if they hold a blank. The compiler's messages call the
 /// source `sourceName`.
 ///
 /// The child has no exit of its own: if the compiler cannot be started, or was
@@ -24,5 +24,13 @@ enum class CompileOutcome {
 [[nodiscard]] CompileOutcome runCompiler(std::string const& compileFile,
                                          std::string const& directiveFile,
                                          std::string const& sourceName);
+
+/// `name`, which is in double quotes if it holds a blank, as a word of a shell
+/// command.
+[[nodiscard]] std::string shellWord(std::string const& name);
+
+/// Ends a compiler that is running, and waits for its end. May be called in a
+/// signal handler.
+void endCompiler();
 
 }  // namespace fdmorph

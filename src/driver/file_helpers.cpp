@@ -1,5 +1,7 @@
 #include "driver/file_helpers.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -65,6 +67,12 @@ std::string randomName() {
   return name;
 }
 
+// Always false.
+bool reportFailedCopy(std::string const& source, std::string const& target) {
+  out() << "Error : Unable to copy file contents of " << source << " to " << target << endLine;
+  return false;
+}
+
 // The suffixes of a list of extensions, each with its dot.
 std::vector<std::string> splitExtensions(std::string const& extensions) {
   std::istringstream words(extensions);
@@ -91,13 +99,31 @@ bool FileExists(std::string const& name, bool prompt) {
   return !prompt || !askToOverwrite(name);
 }
 
+bool isDanglingLink(std::string const& name) {
+  struct stat state {};
+  return lstat(name.c_str(), &state) == 0 && S_ISLNK(state.st_mode) &&
+         stat(name.c_str(), &state) != 0;
+}
+
+bool isSameFile(std::string const& left, std::string const& right) {
+  struct stat one {};
+  struct stat other {};
+  return stat(left.c_str(), &one) == 0 && stat(right.c_str(), &other) == 0 &&
+         S_ISREG(one.st_mode) && one.st_dev == other.st_dev && one.st_ino == other.st_ino;
+}
+
+bool isRefusedOutput(std::string const& name, std::string const& input) {
+  bool isLog = console.logMode && isSameFile(name, kLogFileName);
+  if (!isLog && !isSameFile(name, input)) return false;
+  out() << "Error : Output file " << name << " is the same file as "
+        << (isLog ? std::string_view(kLogFileName) : std::string_view(input)) << endLine;
+  return true;
+}
+
 bool CopyFileToFile(std::string const& source, std::string const& target) {
   std::ifstream in(source, std::ios::in | std::ios::binary);
   std::ofstream copy(target, std::ios::out | std::ios::trunc | std::ios::binary);
-  if (!in.is_open() || !copy.is_open()) {
-    out() << "Error : Unable to copy file contents of " << source << " to " << target << endLine;
-    return false;
-  }
+  if (!in.is_open() || !copy.is_open()) return reportFailedCopy(source, target);
   std::string line;
   while (!in.eof() && !in.bad() && copy.good()) {
     std::getline(in, line);
@@ -108,7 +134,7 @@ bool CopyFileToFile(std::string const& source, std::string const& target) {
     reportWriteFailure(target);
     return false;
   }
-  return !in.bad();
+  return !in.bad() || reportFailedCopy(source, target);
 }
 
 std::string GetTemporaryFilename(std::string const& extensions) {

@@ -12,11 +12,21 @@ namespace fdmorph {
 /// reported and gives true.
 [[nodiscard]] bool FileExists(std::string const& name, bool prompt);
 
+/// Whether `name` is a symbolic link to a file that does not exist.
+[[nodiscard]] bool isDanglingLink(std::string const& name);
+
+/// Whether both names stand for one regular file, by whatever path or link.
+[[nodiscard]] bool isSameFile(std::string const& left, std::string const& right);
+
+/// Whether the output `name` is the file `input`, or the log, and so cannot be
+/// written; it is reported then.
+[[nodiscard]] bool isRefusedOutput(std::string const& name, std::string const& input);
+
 /// Writes the lines of `source` to `target`, replacing what is there: each up
 /// to its first NUL and with a line end. What follows the last line end is a
 /// line as well, even an empty one. False, with a report, if either file does
 /// not open or the copy is not complete.
-bool CopyFileToFile(std::string const& source, std::string const& target);
+[[nodiscard]] bool CopyFileToFile(std::string const& source, std::string const& target);
 
 /// A name in the current directory, without an extension, such that no file
 /// of that name with any of `extensions` exists. They are separated by blanks,

@@ -2,16 +2,19 @@
 
 #include <fcntl.h>
 #include <sigsegv.h>
+#include <sys/mman.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <csignal>
-#include <cstring>
 #include <initializer_list>
 
+#include "driver/compiler_process.h"
 #include "driver/settings.h"
 #include "text/console.h"
+#include "text/early_end.h"
+#include "text/pending_files.h"
 
 namespace fdmorph {
 namespace {
@@ -20,18 +23,34 @@ namespace {
 // program, independent of the limit at its start.
 constexpr rlim_t kWantedStack = rlim_t{1} << 30;
 constexpr std::size_t kHandlerStack = std::size_t{64} << 10;
-constexpr char kMessage[] = "Internal Error : Input is nested too deeply\n";
+constexpr std::size_t kStackProbe = std::size_t{1} << 20;
+constexpr char kTooDeep[] = "Internal Error : Input is nested too deeply\n";
+constexpr char kOutOfMemory[] = "Error : Out of memory\n";
+constexpr char kInterrupted[] = "Error : Interrupted by a signal\n";
 
-void writeMessage(int descriptor) {
-  // Nothing can be done about a failure here.
-  [[maybe_unused]] ssize_t written = write(descriptor, kMessage, sizeof kMessage - 1);
+// The functions below run at any point of the program, in signal handlers and
+// without memory.
+
+void report(char const* line) {
+  writeLastLine(console.logDescriptor >= 0 ? console.logDescriptor : STDERR_FILENO, line);
 }
 
-// Runs on a stack of its own, at any point of the program, so only calls that
-// are safe in a signal handler may follow.
+// The stack also ends where the process may have no more address space.
+bool isAddressSpaceUsed() {
+  void* probe = mmap(nullptr, kStackProbe, PROT_NONE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+  return probe == MAP_FAILED;
+}
+
+// Runs on a stack of its own.
 void onStackOverflow(int /*emergency*/, stackoverflow_context_t /*context*/) {
-  writeMessage(console.logDescriptor >= 0 ? console.logDescriptor : STDERR_FILENO);
+  removePendingFiles();
+  report(isAddressSpaceUsed() ? kOutOfMemory : kTooDeep);
   _exit(kStatusError);
+}
+
+void onSignal() {
+  endCompiler();
+  report(kInterrupted);
 }
 
 void raiseStackLimit() {
@@ -48,6 +67,7 @@ void raiseStackLimit() {
 
 void secureStandardStreams() {
   std::signal(SIGPIPE, SIG_IGN);
+  std::signal(SIGXFSZ, SIG_IGN);
   for (int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(descriptor, F_GETFD) != -1) continue;
     // This is the lowest free number. It is not open for writing, because text
@@ -58,6 +78,13 @@ void secureStandardStreams() {
 
 void restoreSignals() {
   std::signal(SIGPIPE, SIG_DFL);
+  std::signal(SIGXFSZ, SIG_DFL);
+  restoreEndingSignals();
+}
+
+void guardEnd() {
+  endWithoutMemory([] { report(kOutOfMemory); });
+  endOnSignals(onSignal);
 }
 
 void guardStack() {

@@ -1,4 +1,5 @@
-// Protection of the process as a whole: its standard streams and its stack.
+// Protection of the process as a whole: its standard streams, its stack, and its
+// end before its time.
 #pragma once
 
 namespace fdmorph {
@@ -6,7 +7,8 @@ namespace fdmorph {
 /// Makes sure that no file that is opened later becomes a standard stream, so
 /// that messages never end up in an output file: a closed stream is opened so
 /// that it can neither be read nor written. A pipe without a reader makes
-/// writing fail, instead of ending the process in the middle of a file.
+/// writing fail, instead of ending the process in the middle of a file, and so
+/// does the limit of the size of a file.
 void secureStandardStreams();
 
 /// Restores the usual signals, for a child process.
@@ -16,5 +18,11 @@ void restoreSignals();
 /// that a stack overflow ends the process with a line that begins "Internal
 /// Error : " and exit status 1.
 void guardStack();
+
+/// Makes sure that a failed allocation ends the process with the line "Error :
+/// Out of memory" and exit status 1, and that SIGINT, SIGTERM and SIGHUP end it
+/// with a line after a compiler that is running. Files that are not complete by
+/// then are removed.
+void guardEnd();
 
 }  // namespace fdmorph

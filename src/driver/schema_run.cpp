@@ -36,9 +36,11 @@ int runSchemaToCobol(Settings const& settings) {
     }
     return stopRun();
   }
-  out() << "Checking " << schemaFile << " for errors" << endLine;
   std::string copybookFile =
       settings.copybookFile.empty() ? defaultCopybook(schemaFile) : settings.copybookFile;
+  // Without a question nothing else protects the schema.
+  if (!settings.promptOverwrite && isRefusedOutput(copybookFile, schemaFile)) return stopRun();
+  out() << "Checking " << schemaFile << " for errors" << endLine;
   if (!parser.ParseFile(schemaFile, CDMDOMParser::FILE_TYPE::XML_SCHEMA, true)) {
     out() << endLine;
     parser.DisplayErrorSummary();
@@ -53,6 +55,7 @@ int runSchemaToCobol(Settings const& settings) {
       SchemaPreprocessing(loader).PreProcessSchema(tree, absoluteName(schemaFile));
   CDMCOBOLGenerator generator(&schema.main);
   if (!FileExists(copybookFile, settings.promptOverwrite) || !settings.promptOverwrite) {
+    if (isRefusedOutput(copybookFile, schemaFile)) return stopRun();
     generator.GenerateFile(copybookFile, settings.dataPrefix, settings.countIn,
                            settings.uniqueNames);
     parser.DisplayErrorSummary();

@@ -77,6 +77,61 @@ TEST_F(CopyFile, FullDiskIsReported) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
+TEST_F(CopyFile, SourceThatCannotBeReadIsReported) {
+  std::string const target = folder.path("target");
+  EXPECT_FALSE(CopyFileToFile(folder.path(""), target));
+  EXPECT_EQ(captured.out(),
+            "Error : Unable to copy file contents of " + folder.path("") + " to " + target + "\n");
+  EXPECT_EQ(console.m_nErrorCount, 1);
+}
+
+class SameFile : public ConsoleTest {
+ protected:
+  WorkingFolder folder;
+};
+
+TEST_F(SameFile, IsOneByAnyNameOrLink) {
+  folder.write("a", "");
+  folder.write("b", "");
+  std::filesystem::create_symlink("a", "symbolic");
+  std::filesystem::create_hard_link("a", "hard");
+  for (char const* name : {"a", "./a", "symbolic", "hard"}) EXPECT_TRUE(isSameFile(name, "a"));
+  for (char const* name : {"b", "missing", "."}) EXPECT_FALSE(isSameFile(name, "a"));
+}
+
+TEST_F(SameFile, IsARegularOne) {
+  EXPECT_FALSE(isSameFile("/dev/null", "/dev/null"));
+  EXPECT_FALSE(isSameFile(".", "."));
+  EXPECT_FALSE(isSameFile("missing", "missing"));
+}
+
+TEST_F(SameFile, AsTheInputIsRefused) {
+  folder.write("a", "");
+  EXPECT_FALSE(isRefusedOutput("b", "a"));
+  EXPECT_EQ(captured.out(), "");
+  EXPECT_TRUE(isRefusedOutput("./a", "a"));
+  EXPECT_EQ(captured.out(), "Error : Output file ./a is the same file as a\n");
+  EXPECT_EQ(console.m_nErrorCount, 1);
+}
+
+TEST_F(SameFile, AsTheLogIsRefusedIfThereIsALog) {
+  folder.write("a", "");
+  folder.write("fdmorph.log", "");
+  EXPECT_FALSE(isRefusedOutput("fdmorph.log", "a"));
+  console.logMode = true;
+  EXPECT_TRUE(isRefusedOutput("fdmorph.log", "a"));
+  console.logMode = false;
+  EXPECT_EQ(captured.out(), "Error : Output file fdmorph.log is the same file as ./fdmorph.log\n");
+}
+
+TEST_F(SameFile, LinkToNoFileIsDangling) {
+  folder.write("a", "");
+  std::filesystem::create_symlink("a", "good");
+  std::filesystem::create_symlink("missing", "dangling");
+  EXPECT_TRUE(isDanglingLink("dangling"));
+  for (char const* name : {"a", "good", "missing"}) EXPECT_FALSE(isDanglingLink(name));
+}
+
 class TemporaryName : public ConsoleTest {
  protected:
   WorkingFolder folder;

@@ -18,7 +18,7 @@ class LogRequest : public ConsoleTest {
   bool opensLog(std::initializer_list<std::string> list) {
     CapturedConsole own;
     Arguments arguments(list);
-    openRequestedLog(arguments.count(), arguments.values());
+    EXPECT_TRUE(openRequestedLog(arguments.count(), arguments.values()));
     EXPECT_EQ(folder.has("fdmorph.log"), console.logMode);
     bool const isOpen = console.logMode;
     RestoreStreams();
@@ -66,16 +66,29 @@ TEST_F(LogRequest, ShieldedOneDoesNotHideALaterOne) {
 TEST_F(LogRequest, BannerIsTheFirstOfTheLog) {
   console.headerShown = false;
   Arguments arguments{"-log"};
-  openRequestedLog(arguments.count(), arguments.values());
+  EXPECT_TRUE(openRequestedLog(arguments.count(), arguments.values()));
   RestoreStreams();
   EXPECT_EQ(folder.read("fdmorph.log").substr(0, 29), "Tallmere FDMORPH Version 1.0\n");
   EXPECT_EQ(captured.out(), "");
 }
 
+TEST_F(LogRequest, IsRefusedIfAnArgumentNamesTheFile) {
+  folder.write("fdmorph.log", "mine");
+  std::filesystem::create_hard_link("fdmorph.log", "a.xsd");
+  for (std::string argument : {"a.xsd", "./a.xsd", "-ca.xsd", "fdmorph.log"}) {
+    CapturedConsole own;
+    Arguments arguments{argument, "-log"};
+    EXPECT_FALSE(openRequestedLog(arguments.count(), arguments.values())) << argument;
+    EXPECT_FALSE(console.logMode);
+    EXPECT_EQ(own.out(), "Error : The log ./fdmorph.log is a file of the command line\n");
+    EXPECT_EQ(folder.read("a.xsd"), "mine");
+  }
+}
+
 TEST_F(LogRequest, WithoutOneThereIsNoBannerYet) {
   console.headerShown = false;
   Arguments arguments{"a.xsd"};
-  openRequestedLog(arguments.count(), arguments.values());
+  EXPECT_TRUE(openRequestedLog(arguments.count(), arguments.values()));
   EXPECT_FALSE(console.headerShown);
 }
 

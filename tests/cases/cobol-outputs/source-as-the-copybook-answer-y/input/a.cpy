@@ -1,0 +1,2 @@
+       01  ORDER.
+           05  CODE PIC X(5).
