@@ -61,8 +61,8 @@ bool hasFileItems(DataDivision const& data) {
 
 class Writer {
  public:
-  Writer(DataDivision const& data, Diagnostics& diagnostics)
-      : m_data(data), m_diagnostics(diagnostics) {
+  Writer(DataDivision const& data, Diagnostics& diagnostics, std::size_t maxValueText)
+      : m_data(data), m_diagnostics(diagnostics), m_maxValueText(maxValueText) {
     for (FileDescription const& file : data.files) {
       DataItem const* record = file.records.first;
       for (; record != nullptr; record = record->next) m_files[record] = file.name;
@@ -198,11 +198,14 @@ class Writer {
   }
 
   void reportLost(ValueRange const& range) {
+    if (m_valueText > m_maxValueText) return;  // reported already
     m_diagnostics.report(Code::valueLost, range.from.place, "value is left out of the dictionary");
   }
 
-  // Returns nothing for values without a text.
-  std::optional<std::string> textOf(Literal const& value, DataItem const& item) const {
+  // Returns nothing for values without a text. A constant or ALL stands for much
+  // text with few characters, so that the texts of all values have a limit.
+  std::optional<std::string> textOf(Literal const& value, DataItem const& item) {
+    if (m_valueText > m_maxValueText) return std::nullopt;
     ItemKind kind = kindOf(item);
     Picture const* picture = item.isGroup() ? nullptr : item.picture;
     ValueTarget target;
@@ -213,6 +216,10 @@ class Writer {
     target.size = picture != nullptr ? picture->size : item.size;
     std::optional<std::string> text = valueText(value, target);
     if (text && !isXmlText(*text)) text.reset();
+    if (text) m_valueText += text->size();
+    if (m_valueText > m_maxValueText) {
+      m_diagnostics.report(Code::size, value.place, "the values of all items exceed 1 GB");
+    }
     return text;
   }
 
@@ -249,6 +256,8 @@ class Writer {
 
   DataDivision const& m_data;
   Diagnostics& m_diagnostics;
+  std::size_t m_maxValueText;
+  std::size_t m_valueText = 0;                                    // bytes of the values so far
   std::unordered_map<DataItem const*, std::string_view> m_files;  // by record
   XmlWriter<Utf8OrLatin1> m_xml;
 };
@@ -260,8 +269,9 @@ bool hasDictionaryItems(DataDivision const& data) {
 }
 
 std::string buildDictionary(DataDivision const& data, DictionaryOrder order,
-                            Diagnostics& diagnostics) {
-  return Writer(data, diagnostics).write(order);
+                            Diagnostics& diagnostics, std::size_t maxValueText) {
+  std::string dictionary = Writer(data, diagnostics, maxValueText).write(order);
+  return diagnostics.hasErrors() ? std::string() : std::move(dictionary);
 }
 
 }  // namespace fdmorph::compiler

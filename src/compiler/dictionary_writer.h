@@ -3,6 +3,7 @@
 // It runs only on data that was checked without errors.
 #pragma once
 
+#include <cstddef>
 #include <string>
 
 #include "semantics/data_item.h"
@@ -19,9 +20,14 @@ enum class DictionaryOrder {
 /// shares with the program, local storage and linkage, are not part of it.
 [[nodiscard]] bool hasDictionaryItems(DataDivision const& data);
 
+/// The largest size in bytes of the texts of all values in a dictionary.
+inline constexpr std::size_t kMaxValueText = std::size_t{1} << 30;
+
 /// The dictionary as an XML document. Values that it cannot hold are left out with
-/// a warning.
+/// a warning. If the texts of all values exceed `maxValueText` bytes, that is an
+/// error, and the result is empty.
 [[nodiscard]] std::string buildDictionary(DataDivision const& data, DictionaryOrder order,
-                                          Diagnostics& diagnostics);
+                                          Diagnostics& diagnostics,
+                                          std::size_t maxValueText = kMaxValueText);
 
 }  // namespace fdmorph::compiler

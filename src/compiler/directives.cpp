@@ -12,6 +12,13 @@ namespace {
 
 constexpr unsigned kMaxTabs = 255;
 
+// Each folder is searched for each member with each extension.
+constexpr std::size_t kMaxCopyFolders = 1000;
+constexpr std::size_t kMaxCopyExtensions = 20;
+
+// In characters: what an error shows of a parameter.
+constexpr std::size_t kMaxShownParameter = 60;
+
 bool setDictionary(std::string_view parameter, Directives& directives) {
   bool isFile = equalsIgnoringCase(parameter, "FILE");
   if (!isFile && !equalsIgnoringCase(parameter, "WS")) return false;
@@ -46,15 +53,18 @@ std::vector<std::string> split(std::string_view text, char separator) {
 }
 
 bool setCopyPath(std::string_view parameter, Directives& directives) {
-  if (parameter.empty()) return false;
-  directives.copying.folders = split(parameter, ':');
+  std::vector<std::string> folders = split(parameter, ':');
+  if (parameter.empty() || folders.size() > kMaxCopyFolders) return false;
+  directives.copying.folders = std::move(folders);
   return true;
 }
 
 // A member without an extension is always allowed.
 bool setCopyExtensions(std::string_view parameter, Directives& directives) {
+  std::vector<std::string> extensions = split(parameter, ',');
+  if (extensions.size() > kMaxCopyExtensions) return false;
   directives.copying.extensions.clear();
-  for (std::string& each : split(parameter, ',')) {
+  for (std::string& each : extensions) {
     std::erase(each, ' ');
     if (!each.empty() && each.front() == '.') each.erase(0, 1);
     directives.copying.extensions.push_back(each);
@@ -130,6 +140,12 @@ class DirectiveReader {
   std::size_t m_at = 0;
 };
 
+std::string shownParameter(std::string_view parameter) {
+  std::string shown(firstCharacters(parameter, kMaxShownParameter));
+  if (shown.size() < parameter.size()) shown += "...";
+  return shown;
+}
+
 }  // namespace
 
 std::optional<std::string> applyDirectives(std::string_view text, Directives& directives) {
@@ -140,10 +156,9 @@ std::optional<std::string> applyDirectives(std::string_view text, Directives& di
     });
     if (found == kDirectives.end()) {
       std::string name = upperCase(reader.name);
-      std::vector<std::string>& unknown = directives.unknown;
-      if (std::find(unknown.begin(), unknown.end(), name) == unknown.end()) unknown.push_back(name);
+      if (directives.unknownNames.insert(name).second) directives.unknown.push_back(name);
     } else if (!found->apply(reader.parameter, directives)) {
-      return std::string(found->name) + "(" + std::string(reader.parameter) + ")";
+      return std::string(found->name) + "(" + shownParameter(reader.parameter) + ")";
     }
   }
   return std::nullopt;

@@ -4,6 +4,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "compiler/dictionary_writer.h"
@@ -18,7 +19,8 @@ struct Directives {
   ReadingRules reading;
   CopyRules copying;
 
-  std::vector<std::string> unknown;  ///< each once, in upper case
+  std::vector<std::string> unknown;              ///< each once, in upper case
+  std::unordered_set<std::string> unknownNames;  ///< the same
 };
 
 /// Applies directives that are separated by blanks, as in `NOOBJ XMLGEN(WS)`.

@@ -314,6 +314,14 @@ void ConditionalText::end() {
   m_branches.clear();
 }
 
+// A value becomes a literal wherever the name stands.
+bool ConditionalText::isTooLong(TextWord const& name, CompileValue const& value) {
+  if (value.text.size() <= kMaxLiteralSize) return false;
+  report(name.place, "value of " + quoted(name.text) + " is longer than " +
+                         std::to_string(kMaxLiteralSize) + " bytes");
+  return true;
+}
+
 // DEFINE [CONSTANT] name [AS] value [OVERRIDE], with OFF or PARAMETER in place of
 // the value. Parameters cannot be set and stay undefined.
 void ConditionalText::define(TextWord const& mark, std::vector<TextWord> const& words) {
@@ -348,11 +356,7 @@ void ConditionalText::define(TextWord const& mark, std::vector<TextWord> const& 
     value = other->second;
     ++at;
   }
-  if (value.text.size() > kMaxLiteralSize) {
-    report(name.place, "value of " + quoted(name.text) + " is longer than " +
-                           std::to_string(kMaxLiteralSize) + " bytes");
-    return;
-  }
+  if (isTooLong(name, value)) return;
   bool isOverride = skip("OVERRIDE");
   auto [known, isNew] = m_variables.try_emplace(std::string(name.text), value);
   if (!isNew && !isOverride && known->second != value) {
@@ -367,10 +371,11 @@ void ConditionalText::setConstants(std::vector<TextWord> const& words) {
   for (std::size_t i = 0; i + 2 < words.size(); ++i) {
     if (!words[i].isWord("CONSTANT")) continue;
     std::size_t at = i + 1;
-    std::string name(words[at++].text);
+    TextWord const& name = words[at++];
     if (words[at].is('(') || words[at].is('=')) ++at;
     std::optional<ReadValue> read = readCompileValue(words, at);
-    if (read) m_variables[name] = std::move(read->value);
+    if (!read || isTooLong(name, read->value)) continue;
+    m_variables[std::string(name.text)] = std::move(read->value);
   }
 }
 

@@ -85,6 +85,7 @@ class ConditionalText {
   void open(TextWord const& mark, std::vector<TextWord> const& words);
   void change(TextWord const& mark, std::vector<TextWord> const& words);
   void close(TextWord const& mark);
+  bool isTooLong(TextWord const& name, CompileValue const& value);
   bool isTrue(TextWord const& mark, std::vector<TextWord> const& words);
   void report(Place place, std::string text) {
     m_diagnostics.report(Code::conditional, place, std::move(text));
