@@ -13,7 +13,7 @@ from pathlib import Path
 
 import pytest
 from support.comparison import read_tree
-from support.harness import environment, path_with, program_under_test
+from support.harness import environment, is_instrumented, path_with, program_under_test
 
 TIME_LIMIT = 120
 STEP = int(os.environ.get("FDMORPH_MEMORY_STEP", "0"))
@@ -60,11 +60,6 @@ RUNS = {
     "copybook": (["-noprompt", "-m", "a.map", "a.cpy"], "a.cpy", copybook),
 }
 OUTPUTS = ["a.cpy", "a.xsd", "a-fdmorph.cpy", "a.map"]
-
-
-def is_instrumented(program: str) -> bool:
-    """Whether a sanitizer, which needs terabytes of addresses, is in the program."""
-    return b"__asan_init" in Path(program).read_bytes()
 
 
 def run_with(limit: int, directory: Path, command: list[str], path: Path):

@@ -26,6 +26,12 @@ def program_under_test(variable: str = "FDMORPH") -> str:
     return os.path.abspath(path)
 
 
+def is_instrumented(program: str) -> bool:
+    """Whether a sanitizer is in the program, which then needs terabytes of addresses, and
+    cannot be traced."""
+    return b"__asan_init" in Path(program).read_bytes()
+
+
 def environment(**additions: str) -> dict[str, str]:
     """The environment of a run, with a locale that is the same everywhere."""
     return {**os.environ, "LC_ALL": "C.UTF-8", **additions}
