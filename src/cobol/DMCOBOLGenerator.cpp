@@ -31,7 +31,7 @@ bool convertHeadElement(CDMXMLElement* element, RecordOutput::Options const& opt
     if (isWritten) endLine(stream);
   } catch (RecordTooLarge const&) {
     err() << "Error : Record of " << findAttrByName(element, "name").value_or("") << " exceeds "
-          << static_cast<long long>(RecordStore::kMaxItems) << " items" << endLine;
+          << static_cast<long long>(walker.builder().store().limits().items) << " items" << endLine;
   }
   walker.endRecord();
   return isWritten;
@@ -39,8 +39,9 @@ bool convertHeadElement(CDMXMLElement* element, RecordOutput::Options const& opt
 
 }  // namespace
 
-CDMCOBOLGenerator::CDMCOBOLGenerator(CDMXMLSchemaDoc const* document)
+CDMCOBOLGenerator::CDMCOBOLGenerator(CDMXMLSchemaDoc const* document, RecordLimits const& limits)
     : schemaDoc(document),
+      m_limits(limits),
       m_namespaces(document),
       m_components(document, m_namespaces),
       m_substitutions(document, m_namespaces) {}
@@ -79,7 +80,7 @@ void CDMCOBOLGenerator::convertSchema(RecordOutput::Options const& options,
   if (!ProcessSchemaElement(schemaDoc->rootElement)) return;
   HeadElements heads = getSchemaHeadElement();
   if (heads.all.empty()) return;
-  SchemaWalker walker(m_namespaces, m_components, m_substitutions);
+  SchemaWalker walker(m_namespaces, m_components, m_substitutions, m_limits);
   long long converted = 0;
   for (CDMXMLElement* head : heads.all) {
     if (convertHeadElement(head, options, walker, stream)) ++converted;

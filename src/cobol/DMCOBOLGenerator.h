@@ -14,6 +14,7 @@
 #include "cobol/component_search.h"
 #include "cobol/head_elements.h"
 #include "cobol/namespace_lookup.h"
+#include "cobol/record_builder.h"
 #include "cobol/record_output.h"
 #include "cobol/substitution_groups.h"
 #include "schema/DMXMLSchemaDoc.h"
@@ -24,8 +25,9 @@ class CDMCOBOLGenerator {
  public:
   CDMCOBOLGenerator() : CDMCOBOLGenerator(nullptr) {}
 
-  /// Converts `document`, which must be complete and outlive the generator.
-  explicit CDMCOBOLGenerator(CDMXMLSchemaDoc const* document);
+  /// Converts `document`, which must be complete and outlive the generator. A
+  /// head element whose record exceeds the limits is left out.
+  explicit CDMCOBOLGenerator(CDMXMLSchemaDoc const* document, RecordLimits const& limits = {});
 
   /// Writes the records of the document to the file, or to the console if the
   /// name is empty or the file cannot be opened. `prefix` goes in front of data
@@ -94,6 +96,7 @@ class CDMCOBOLGenerator {
   void convertSchema(RecordOutput::Options const& options, std::ostream& stream) const;
 
   CDMXMLSchemaDoc const* schemaDoc;
+  RecordLimits m_limits;
   NamespaceLookup m_namespaces;
   ComponentSearch m_components;
   SubstitutionGroups m_substitutions;

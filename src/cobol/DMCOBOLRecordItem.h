@@ -65,6 +65,7 @@ class CDMCOBOLRecordItem {
   int indent = 0;         ///< blanks in front of the level number
   int placements = 0;     ///< entries in the children of its parents
   unsigned position = 0;  ///< place in the written record; 0 before that
+  unsigned serial = 0;    ///< number of the item in its store, from 1
   DerivationKind derivationKind = DerivationKind::none;
   bool hasDecimal = false;  ///< the picture has a "V9" part
   bool isAttribute = false;

@@ -39,9 +39,15 @@ bool wouldContainItself(SchemaWalker& walker, DeclaredItem const& declared) {
   return walker.open().wouldContainItself(declared.item, walker.components());
 }
 
+// The second test of a hop to a global component, see recursion.h.
+bool mayFollow(SchemaWalker& walker, CDMXMLElement const* global, DeclaredItem const& declared) {
+  return walker.open().mayFollow(global, Hop::guarded, declared.item);
+}
+
 // Follows a reference to the global declaration that completes the item.
 Conversion followReference(SchemaWalker& walker, CDMXMLElement* global,
                            DeclaredItem const& declared) {
+  if (!mayFollow(walker, global, declared)) return refuseRecursion(walker, declared);
   walker.builder().setElementNamespace(declared.item, global);
   return Conversion::follow(global, 0, declared.item, declared.current);
 }
@@ -57,8 +63,9 @@ Conversion followNamedType(SchemaWalker& walker, CDMXMLElement* element, std::st
           << endLine;
     return refuse(walker, declared);
   }
+  if (!mayFollow(walker, definition, declared)) return refuseRecursion(walker, declared);
   if (auto uri = walker.namespaces().getTypeNamespace(element, type)) {
-    declared.item->xmlNamespace = *uri;
+    walker.builder().setNamespace(declared.item, *uri);
   }
   return Conversion::follow(definition, 1, declared.item, declared.current);
 }
@@ -87,7 +94,10 @@ CDMCOBOLRecordItem* walkMemberInPlace(SchemaWalker& walker, CDMXMLElement* membe
   Visit visit = walker.getCOBOLFromSchema(member, at);
   bool isListed = use == MemberItems::listedAgain && visit.item != nullptr &&
                   visit.current != nullptr && visit.item != visit.current;
-  if (isListed) visit.current->addChild(visit.item);
+  if (isListed) {
+    walker.builder().store().countListedAgain(visit.item);
+    visit.current->addChild(visit.item);
+  }
   return visit.current;
 }
 
@@ -176,7 +186,10 @@ Conversion ProcessElementElement(SchemaWalker& walker, CDMXMLElement* element, W
   if (declared.isNew) {
     setOwnFields(item, element, at);
     if (auto occurs = findAttrByName(element, "minOccurs")) item->minOccurs = *occurs;
-    if (auto occurs = findAttrByName(element, "maxOccurs")) item->maxOccurs = *occurs;
+    if (auto occurs = findAttrByName(element, "maxOccurs")) {
+      walker.builder().store().countText(*occurs);
+      item->maxOccurs = *occurs;
+    }
   }
   auto name = findAttrByName(element, "name");
   if (!name) {

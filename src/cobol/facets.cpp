@@ -58,6 +58,7 @@ void warnWhiteSpace(std::string_view value, CDMCOBOLRecordItem const* item) {
 // Applies a facet that reads its value.
 void applyValue(CDMXMLElement const* facet, FacetType type, std::string_view value,
                 CDMCOBOLRecordItem* item, EnumerationList& enumerations, RecordBuilder& builder) {
+  builder.store().countText(value);
   switch (type) {
     case FacetType::length:
     case FacetType::maxLength:

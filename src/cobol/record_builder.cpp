@@ -8,12 +8,29 @@
 namespace fdmorph {
 
 CDMCOBOLRecordItem* RecordStore::create() {
-  if (m_live == kMaxItems) throw RecordTooLarge();
-  ++m_live;
-  if (m_released.empty()) return m_items.create();
-  CDMCOBOLRecordItem* item = m_released.back();
-  m_released.pop_back();
+  count(m_made, 1, m_limits.items);
+  CDMCOBOLRecordItem* item = nullptr;
+  if (m_released.empty()) {
+    item = m_items.create();
+  } else {
+    item = m_released.back();
+    m_released.pop_back();
+  }
+  item->serial = static_cast<unsigned>(m_made);
   return item;
+}
+
+// The items are counted once for each line that they become, so the effort is
+// limited, too.
+void RecordStore::countListedAgain(CDMCOBOLRecordItem const* item) {
+  std::vector<CDMCOBOLRecordItem const*> pending{item};
+  while (!pending.empty()) {
+    CDMCOBOLRecordItem const* listed = pending.back();
+    pending.pop_back();
+    if (listed == nullptr) continue;
+    count(m_listedAgain, 1, m_limits.items);
+    pending.insert(pending.end(), listed->children.begin(), listed->children.end());
+  }
 }
 
 void RecordStore::release(CDMCOBOLRecordItem* item) {
@@ -26,7 +43,6 @@ void RecordStore::release(CDMCOBOLRecordItem* item) {
   take(item);
   for (; next < m_released.size(); ++next) {
     CDMCOBOLRecordItem* released = m_released[next];
-    --m_live;
     for (CDMCOBOLRecordItem* child : released->children) {
       if (child == nullptr) continue;
       --child->placements;
@@ -39,7 +55,7 @@ void RecordStore::release(CDMCOBOLRecordItem* item) {
 void RecordStore::clear() {
   m_items.clear();
   m_released.clear();
-  m_live = 0;
+  m_made = m_listedAgain = m_references = m_textBytes = 0;
   m_texts.clear();
 }
 
@@ -87,6 +103,7 @@ CDMCOBOLRecordItem* RecordBuilder::prune(CDMXMLElement const* element,
 
 void RecordBuilder::setNames(CDMCOBOLRecordItem* item, CDMXMLElement* element,
                              std::string_view name) {
+  m_store.countText(name);
   item->schemaElement = element;
   item->setCOBOLName(name, m_store.texts());
   item->identifiedBy = name;
@@ -102,12 +119,19 @@ void RecordBuilder::setReferenceNames(CDMCOBOLRecordItem* item, std::string_view
 }
 
 void RecordBuilder::setMadeName(CDMCOBOLRecordItem* item, std::string_view name) {
+  m_store.countText(name);
   item->setCOBOLName(m_store.texts().keep(name), m_store.texts());
 }
 
-void RecordBuilder::setElementNamespace(CDMCOBOLRecordItem* item,
-                                        CDMXMLElement const* element) const {
-  item->xmlNamespace = m_namespaces.getElementNamespace(element).value_or("");
+void RecordBuilder::setNamespace(CDMCOBOLRecordItem* item, std::string_view uri) {
+  // Only then is the name written.
+  bool isOther = item->parent == nullptr || item->parent->xmlNamespace != uri;
+  if (isOther) m_store.countText(uri);
+  item->xmlNamespace = uri;
+}
+
+void RecordBuilder::setElementNamespace(CDMCOBOLRecordItem* item, CDMXMLElement const* element) {
+  setNamespace(item, m_namespaces.getElementNamespace(element).value_or(""));
 }
 
 void RecordBuilder::setBuiltinPicture(CDMCOBOLRecordItem* item, std::string_view typeName) const {

@@ -12,8 +12,17 @@
 
 namespace fdmorph {
 
-/// Thrown by RecordStore::create when a record has too many items. The
-/// generator catches it at the head element.
+/// How much is done for the record of one head element. The numbers count what
+/// was made, not what is left of it, so they bound the time as well as the
+/// memory.
+struct RecordLimits {
+  std::size_t items = 5'000'000;          ///< made, those that are removed again included
+  std::size_t references = 5'000'000;     ///< to global components, that were followed
+  std::size_t textBytes = 1'000'000'000;  ///< of the names and values of the items
+};
+
+/// Thrown when a record exceeds a limit. The generator catches it at the head
+/// element.
 struct RecordTooLarge {};
 
 /// Owns the items of one record at a time, and the texts made for them. An
@@ -21,25 +30,46 @@ struct RecordTooLarge {};
 /// no list holds it.
 class RecordStore {
  public:
-  static constexpr std::size_t kMaxItems = 5'000'000;
+  explicit RecordStore(RecordLimits const& limits = {}) : m_limits(limits) {}
 
-  /// A new item with the default values.
+  /// A new item with the default values. Throws RecordTooLarge, as do the
+  /// other operations that count.
   CDMCOBOLRecordItem* create();
+
+  /// Counts a reference to a global component that is followed.
+  void countReference() { count(m_references, 1, m_limits.references); }
+
+  /// Counts the bytes of a name or value that an item gets.
+  void countText(std::string_view text) { count(m_textBytes, text.size(), m_limits.textBytes); }
+
+  /// Counts the items from `item` down, which the record lists once more.
+  void countListedAgain(CDMCOBOLRecordItem const* item);
+
+  RecordLimits const& limits() const { return m_limits; }
 
   /// Ends `item` and everything below it. Nothing may refer to them
   /// afterwards. An item with two places in the tree is ended once; null does
   /// nothing.
   void release(CDMCOBOLRecordItem* item);
 
-  /// Ends all items and texts.
+  /// Ends all items and texts, and begins to count anew.
   void clear();
 
   TextPool& texts() { return m_texts; }
 
  private:
+  static void count(std::size_t& counter, std::size_t added, std::size_t limit) {
+    if (added > limit - counter) throw RecordTooLarge();
+    counter += added;
+  }
+
+  RecordLimits m_limits;
   Arena<CDMCOBOLRecordItem> m_items;
   std::vector<CDMCOBOLRecordItem*> m_released;
-  std::size_t m_live = 0;
+  std::size_t m_made = 0;
+  std::size_t m_listedAgain = 0;
+  std::size_t m_references = 0;
+  std::size_t m_textBytes = 0;
   TextPool m_texts;
 };
 
@@ -53,7 +83,8 @@ class RecordStore {
 class RecordBuilder {
  public:
   /// `namespaces` must outlive the builder.
-  explicit RecordBuilder(NamespaceLookup const& namespaces) : m_namespaces(namespaces) {}
+  explicit RecordBuilder(NamespaceLookup const& namespaces, RecordLimits const& limits = {})
+      : m_namespaces(namespaces), m_store(limits) {}
   RecordBuilder(RecordBuilder const&) = delete;
   RecordBuilder& operator=(RecordBuilder const&) = delete;
 
@@ -90,8 +121,11 @@ class RecordBuilder {
   /// Names `item`, by the name rule, with a text that no schema holds.
   void setMadeName(CDMCOBOLRecordItem* item, std::string_view name);
 
+  /// Gives `item` the namespace `uri`; empty for none.
+  void setNamespace(CDMCOBOLRecordItem* item, std::string_view uri);
+
   /// Gives `item` the target namespace that applies to `element`.
-  void setElementNamespace(CDMCOBOLRecordItem* item, CDMXMLElement const* element) const;
+  void setElementNamespace(CDMCOBOLRecordItem* item, CDMXMLElement const* element);
 
   /// Gives `item` the picture of a built-in type, with the default size unless
   /// it has a size.

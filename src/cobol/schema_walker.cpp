@@ -83,7 +83,8 @@ Conversion SchemaWalker::enterTypeDefinition(CDMXMLElement* element, WalkPositio
 // The visit replaces that of the children. If the current item is the one of
 // the conversion, what takes the place of the one also replaces the other.
 Visit SchemaWalker::followNextElement(Conversion const& conversion, WalkPosition at) {
-  Scope scope(m_open, conversion.nextElement, Scope::Hop::guarded);
+  m_builder.store().countReference();
+  Scope scope(m_open, conversion.nextElement, Hop::guarded, conversion.item);
   CDMCOBOLRecordItem* item =
       getCOBOLFromSchema(conversion.nextElement, at.below(conversion.item, conversion.addedLevels))
           .current;
@@ -104,11 +105,12 @@ Visit SchemaWalker::visitChildren(CDMXMLElement const* element, Visit visit, Wal
 
 Visit SchemaWalker::walkDefinition(CDMXMLElement* definition, std::string_view name,
                                    WalkPosition at) {
-  if (m_open.wouldRecurse(definition)) {
+  m_builder.store().countReference();
+  if (!m_open.mayFollow(definition, Hop::unguarded, at.current)) {
     reportRecursion(name);
     return {nullptr, at.current};
   }
-  Scope scope(m_open, definition, Scope::Hop::unguarded);
+  Scope scope(m_open, definition, Hop::unguarded, at.current);
   return getCOBOLFromSchema(definition, at);
 }
 

@@ -21,13 +21,13 @@ namespace fdmorph {
 /// and the recursion tests through it.
 class SchemaWalker {
  public:
-  /// All three must outlive the walker.
+  /// The three references must outlive the walker.
   SchemaWalker(NamespaceLookup const& namespaces, ComponentSearch const& components,
-               SubstitutionGroups const& substitutions)
+               SubstitutionGroups const& substitutions, RecordLimits const& limits = {})
       : m_namespaces(namespaces),
         m_components(components),
         m_substitutions(substitutions),
-        m_builder(namespaces) {}
+        m_builder(namespaces, limits) {}
 
   /// Builds the record of a head element. Null if nothing is left of it. The
   /// items live until endRecord. Throws RecordTooLarge.
@@ -44,8 +44,8 @@ class SchemaWalker {
   [[nodiscard]] Visit visitChildren(CDMXMLElement const* element, Visit visit, WalkPosition at);
 
   /// Visits the definition that a group reference, a base or a member type
-  /// leads to. The record's own recursion test does not see such a hop. `name`
-  /// is what the schema calls it.
+  /// leads to, unless that would recurse, which is reported. `name` is what the
+  /// schema calls it.
   [[nodiscard]] Visit walkDefinition(CDMXMLElement* definition, std::string_view name,
                                      WalkPosition at);
 

@@ -1,0 +1,3 @@
+       01 r identified by "r".
+        02 d PIC X(80) identified by "d".
+

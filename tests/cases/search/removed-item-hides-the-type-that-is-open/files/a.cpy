@@ -1,0 +1,2 @@
+       01 s PIC X(80) identified by "s".
+
