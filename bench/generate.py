@@ -12,6 +12,7 @@ import sys
 from pathlib import Path
 
 import dictionaries
+import schema_chains
 import schemas
 import source_texts
 import sources
@@ -19,6 +20,7 @@ import sources
 # Writer and file extension. The docstring of the writer says what the size counts.
 KINDS = {
     **schemas.KINDS,
+    **schema_chains.KINDS,
     "flat-dictionary": (dictionaries.flat_dictionary, ".xml"),
     "deep-dictionary": (dictionaries.deep_dictionary, ".xml"),
     **sources.KINDS,

@@ -217,35 +217,6 @@ def enumeration(path, count):
     return write_schema(path, itertools.chain(enumeration_type("Code", count), head))
 
 
-def type_chain(path, count):
-    """Types nested `count` deep, each the type of an element of the one before."""
-
-    def components():
-        yield from complex_type("Type0", [element("Leaf", "xs:string")])
-        for i in range(1, count):
-            particles = [element(f"Name{i}", "xs:string"), element(f"Link{i}", f"tns:Type{i - 1}")]
-            yield from complex_type(f"Type{i}", particles)
-        yield element("Head", f"tns:Type{count - 1}")
-
-    return write_schema(path, components())
-
-
-def restriction_chain(path, count):
-    """`count` simple types, each a restriction of the one before."""
-
-    def components():
-        base = "xs:string"
-        for i in range(count):
-            yield (
-                f'<xs:simpleType name="Type{i}"><xs:restriction base="{base}">'
-                f'<xs:maxLength value="{2 * count - i}"/></xs:restriction></xs:simpleType>\n'
-            )
-            base = f"tns:Type{i}"
-        yield from record("Head", [element("Item", base)])
-
-    return write_schema(path, components())
-
-
 # --- A document and its schema -----------------------------------------------
 
 MEGABYTE = 1_000_000
@@ -388,8 +359,6 @@ KINDS = {
     "nested-record": (nested_record, ".xsd"),
     "refused-items": (refused_items, ".xsd"),
     "enumeration": (enumeration, ".xsd"),
-    "type-chain": (type_chain, ".xsd"),
-    "restriction-chain": (restriction_chain, ".xsd"),
     "document": (document, ".xml"),
     "layered-files": (layered_files, ".xsd"),
     "circular-files": (circular_files, ".xsd"),

@@ -127,7 +127,7 @@ Conversion convertBuiltinElement(SchemaWalker& walker, CDMXMLElement* element,
                                  WalkPosition at) {
   walker.builder().setElementNamespace(declared.item, element);
   walker.builder().setBuiltinPicture(declared.item, type);
-  std::vector<CDMXMLElement*> members = walker.substitutions().membersOf(declared.item);
+  std::vector<CDMXMLElement*> const& members = walker.substitutions().membersOf(declared.item);
   if (members.empty()) return Conversion::childrenBelow(declared.item, declared.current);
   Visit visit = walkSubstitution(walker, element, members, MemberItems::listedAgain, declared, at);
   return Conversion::done(visit.item, visit.current);
@@ -137,7 +137,7 @@ Conversion convertInlineElement(SchemaWalker& walker, CDMXMLElement* element, st
                                 DeclaredItem const& declared, WalkPosition at) {
   walker.builder().setElementNamespace(declared.item, element);
   Visit visit{declared.item, declared.current};
-  std::vector<CDMXMLElement*> members = walker.substitutions().membersOf(declared.item);
+  std::vector<CDMXMLElement*> const& members = walker.substitutions().membersOf(declared.item);
   if (!members.empty()) {
     // The walker visits the children again, so they are in the record twice.
     visit = walkSubstitution(walker, element, members, MemberItems::dropped, declared, at);

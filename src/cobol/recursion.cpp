@@ -38,6 +38,16 @@ bool isGlobal(CDMXMLElement const* element) {
   return kind == GeneratorElementKind::schema || kind == GeneratorElementKind::redefine;
 }
 
+// True if it makes no difference to a walk which of the two made an item. A
+// local declaration cannot be referred to: no other one can lead to it again.
+bool areLike(CDMXMLElement const* one, CDMXMLElement const* other) {
+  if (one == other) return true;
+  if (one == nullptr || other == nullptr || isGlobal(one) || isGlobal(other)) return false;
+  bool areReferences = one->getAttribute("ref") != nullptr;
+  return generatorElementKind(one) == generatorElementKind(other) &&
+         areReferences == (other->getAttribute("ref") != nullptr);
+}
+
 /// What isRecursivePattern finds on some of the items above another one.
 class Marks {
  public:
@@ -134,9 +144,9 @@ OpenDefinitions::ItemState OpenDefinitions::ItemState::of(CDMCOBOLRecordItem con
 }
 
 bool OpenDefinitions::ItemState::isLike(ItemState const& other) const {
-  return (serial == 0) == (other.serial == 0) && schemaElement == other.schemaElement &&
-         typeElement == other.typeElement && derivationKind == other.derivationKind &&
-         children == other.children;
+  return (serial == 0) == (other.serial == 0) && typeElement == other.typeElement &&
+         derivationKind == other.derivationKind && children == other.children &&
+         areLike(schemaElement, other.schemaElement);
 }
 
 OpenDefinitions::Scope::Scope(OpenDefinitions& definitions, CDMXMLElement const* definition,

@@ -2,21 +2,22 @@
 
 namespace fdmorph {
 
-std::vector<CDMXMLElement*> SubstitutionGroups::membersOf(CDMCOBOLRecordItem const* item) const {
-  if (item == nullptr || m_document == nullptr) return {};
+SubstitutionGroups::Members const& SubstitutionGroups::membersOf(
+    CDMCOBOLRecordItem const* item) const {
+  static Members const none;
+  if (item == nullptr || m_document == nullptr) return none;
   if (!m_isIndexed) {
     for (CDMXMLElement* entry : m_document->substitutionGroupElements) {
-      m_membersByHead[entry->getAttribute("substitutionGroup")->value].push_back(entry);
+      NamespaceLookup::Namespace uri = m_namespaces.getElementNamespace(entry);
+      if (!uri) continue;
+      m_membersByHead[entry->getAttribute("substitutionGroup")->value][*uri].push_back(entry);
     }
     m_isIndexed = true;
   }
-  auto entries = m_membersByHead.find(item->identifiedBy);
-  if (entries == m_membersByHead.end()) return {};
-  std::vector<CDMXMLElement*> members;
-  for (CDMXMLElement* entry : entries->second) {
-    if (m_namespaces.getElementNamespace(entry) == item->xmlNamespace) members.push_back(entry);
-  }
-  return members;
+  auto byNamespace = m_membersByHead.find(item->identifiedBy);
+  if (byNamespace == m_membersByHead.end()) return none;
+  auto members = byNamespace->second.find(item->xmlNamespace);
+  return members == byNamespace->second.end() ? none : members->second;
 }
 
 }  // namespace fdmorph

@@ -23,15 +23,19 @@ class SubstitutionGroups {
   SubstitutionGroups(SubstitutionGroups const&) = delete;
   SubstitutionGroups& operator=(SubstitutionGroups const&) = delete;
 
+  using Members = std::vector<CDMXMLElement*>;
+
   /// The global elements that name the item's element as their head, in
   /// document order. A member spells the head's name as the item does and has
-  /// the item's namespace. Empty for null.
-  [[nodiscard]] std::vector<CDMXMLElement*> membersOf(CDMCOBOLRecordItem const* item) const;
+  /// the item's namespace. Empty for null. The list lives as long as the schema
+  /// and this object.
+  [[nodiscard]] Members const& membersOf(CDMCOBOLRecordItem const* item) const;
 
  private:
   CDMXMLSchemaDoc const* m_document;
   NamespaceLookup const& m_namespaces;
-  mutable std::unordered_map<std::string_view, std::vector<CDMXMLElement*>> m_membersByHead;
+  using MembersByNamespace = std::unordered_map<std::string_view, Members>;
+  mutable std::unordered_map<std::string_view, MembersByNamespace> m_membersByHead;
   mutable bool m_isIndexed = false;
 };
 
