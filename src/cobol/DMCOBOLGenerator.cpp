@@ -30,8 +30,10 @@ bool convertHeadElement(CDMXMLElement* element, RecordOutput::Options const& opt
     isWritten = output.OutputCOBOLItem(record);
     if (isWritten) endLine(stream);
   } catch (RecordTooLarge const&) {
-    err() << "Error : Record of " << findAttrByName(element, "name").value_or("") << " exceeds "
-          << static_cast<long long>(walker.builder().store().limits().items) << " items" << endLine;
+    err(Shown::always) << "Error : Record of " << findAttrByName(element, "name").value_or("")
+                       << " exceeds "
+                       << static_cast<long long>(walker.builder().store().limits().items)
+                       << " items" << endLine;
   }
   walker.endRecord();
   return isWritten;

@@ -1,5 +1,7 @@
 #include "cobol/record_output.h"
 
+#include <algorithm>
+#include <limits>
 #include <string>
 
 #include "cobol/facets.h"
@@ -10,6 +12,20 @@ namespace fdmorph {
 namespace {
 
 constexpr int kMaxOneDigitLevel = 9;
+constexpr unsigned kNoHolder = std::numeric_limits<unsigned>::max();
+
+// True if the run has shown all messages that it shows, so that one more is
+// only counted. The line that says so has been written then.
+bool areWarningsHidden() {
+  long long counted = static_cast<long long>(console.m_nErrorCount) + console.m_nWarningCount;
+  return counted > console.maxShownMessages;
+}
+
+// The same as `number` warnings one by one.
+void countHiddenWarnings(long long number) {
+  long long room = std::numeric_limits<int>::max() - console.m_nWarningCount;
+  console.m_nWarningCount += static_cast<int>(std::min(number, room));
+}
 
 bool hasNumericSymbol(CDMCOBOLRecordItem const& item) {
   return item.pictureSymbol == "9" || item.pictureSymbol == "S9";
@@ -43,31 +59,54 @@ void UniqueNames::noteUnwritten(CDMCOBOLRecordItem const& item) {
 }
 
 std::string_view UniqueNames::freeName(std::string_view base, unsigned limit) {
-  if (!isTakenBefore(base, limit)) return base;
-  // No name becomes free again, so the tries that failed before would fail
-  // again. They are skipped, unless they would repeat a warning.
-  unsigned& suffix = m_lastSuffix[base];
-  if (!m_emptyItems.empty()) suffix = 0;
+  unsigned holder = holderBefore(base, limit);
+  repeatWarnings(std::min(holder, limit));
+  if (holder == kNoHolder) return base;
+  FailedTries& tries = m_tries[base];
   std::string candidate;
-  do {
+  for (unsigned suffix = repeatTries(tries) + 1;; ++suffix) {
     candidate = base;
     candidate += '-';
-    candidate += std::to_string(++suffix);
-  } while (isTakenBefore(candidate, limit));
-  return m_texts.append(candidate);
+    candidate += std::to_string(suffix);
+    holder = holderBefore(candidate, limit);
+    repeatWarnings(std::min(holder, limit));
+    noteFailure(tries, suffix, std::min(holder, limit));  // the item holds it from now on
+    if (holder == kNoHolder) return m_texts.append(candidate);
+  }
 }
 
-bool UniqueNames::isTakenBefore(std::string_view name, unsigned limit) {
+// Returns the last suffix that need not be tried, because its try and those
+// before it print nothing, or are counted here.
+unsigned UniqueNames::repeatTries(FailedTries const& tries) const {
+  if (!areWarningsHidden()) return tries.silentSuffix;
+  countHiddenWarnings(tries.warnings);
+  return tries.suffix;
+}
+
+void UniqueNames::noteFailure(FailedTries& tries, unsigned suffix, unsigned holder) const {
+  if (suffix <= tries.suffix) return;
+  tries.suffix = suffix;
+  tries.warnings += emptyItemsBefore(holder);
+  if (tries.warnings == 0) tries.silentSuffix = suffix;
+}
+
+// The position of the first holder of `name`, if that is before `limit`.
+unsigned UniqueNames::holderBefore(std::string_view name, unsigned limit) const {
   auto holder = m_holders.find(name);
-  bool isTaken = holder != m_holders.end() && holder->second < limit;
-  repeatWarnings(isTaken ? holder->second : limit);
-  return isTaken;
+  return holder != m_holders.end() && holder->second < limit ? holder->second : kNoHolder;
+}
+
+long long UniqueNames::emptyItemsBefore(unsigned limit) const {
+  auto isBefore = [](auto const& empty, unsigned position) { return empty.first < position; };
+  return std::lower_bound(m_emptyItems.begin(), m_emptyItems.end(), limit, isBefore) -
+         m_emptyItems.begin();
 }
 
 void UniqueNames::repeatWarnings(unsigned limit) const {
-  for (auto const& [position, item] : m_emptyItems) {
-    if (position >= limit) break;
-    item->warnEmptyStructure();
+  long long const number = emptyItemsBefore(limit);
+  for (long long i = 0; i < number; ++i) {
+    if (areWarningsHidden()) return countHiddenWarnings(number - i);
+    m_emptyItems[static_cast<std::size_t>(i)].second->warnEmptyStructure();
   }
 }
 

@@ -20,6 +20,8 @@ namespace fdmorph {
 /// warns again about every item without content that it passes, up to the
 /// holder of the name or else up to the item itself. The walks are not made.
 /// An index that grows in output order knows what they would find and print.
+/// What they would print is counted at once when the run no longer shows
+/// messages, so a step without a message takes constant time.
 class UniqueNames {
  public:
   /// Made names are kept in `texts`.
@@ -33,14 +35,26 @@ class UniqueNames {
   void noteUnwritten(CDMCOBOLRecordItem const& item);
 
  private:
+  /// The tries "-1" to `suffix` after one name, all of which have failed. The
+  /// holder of a name never changes, and neither do the items before it, so
+  /// every repetition fails again, and prints the same warnings again.
+  struct FailedTries {
+    unsigned suffix = 0;
+    unsigned silentSuffix = 0;  ///< up to this one no try prints anything
+    long long warnings = 0;     ///< that all of them print
+  };
+
   std::string_view freeName(std::string_view base, unsigned limit);
-  bool isTakenBefore(std::string_view name, unsigned limit);
+  unsigned repeatTries(FailedTries const& tries) const;
+  void noteFailure(FailedTries& tries, unsigned suffix, unsigned holder) const;
+  unsigned holderBefore(std::string_view name, unsigned limit) const;
+  long long emptyItemsBefore(unsigned limit) const;
   void repeatWarnings(unsigned limit) const;
 
   TextPool& m_texts;
   unsigned m_lastPosition = 0;  // in the walk's order, from 1 for the root
-  std::unordered_map<std::string_view, unsigned> m_holders;     // first holder's position
-  std::unordered_map<std::string_view, unsigned> m_lastSuffix;  // by base name
+  std::unordered_map<std::string_view, unsigned> m_holders;   // first holder's position
+  std::unordered_map<std::string_view, FailedTries> m_tries;  // by base name
   std::vector<std::pair<unsigned, CDMCOBOLRecordItem const*>> m_emptyItems;
 };
 

@@ -176,6 +176,91 @@ def test_a_record_of_too_many_items_is_abandoned_and_the_next_is_converted(tmp_p
     assert (tmp_path / "a.cpy").read_text() == RECORD
 
 
+def converted_under_a_limit(directory: Path, components: str) -> tuple[bool, str]:
+    """Converts the head element large, and the head element code after it. Returns whether
+    large is below the limits, and the copybook.
+    """
+    tiny = '<xs:element name="code" type="xs:string"/>'
+    (directory / "a.xsd").write_text(SCHEMA.format(components + tiny))
+    result = run(directory, "a.xsd", "-nocountin")
+    error = "Error : Record of large exceeds 5000000 items\n"
+    is_below = error not in result.stderr
+    heads = 2 if is_below else 1
+    assert result.stderr == (
+        "Warning : More than one head element was found in the schema definition."
+        " Attempting to generate multiple file definitions\n"
+        + ("" if is_below else error)
+        + f"\nSuccessfully converted {heads} of 2 schema head element(s).\n\n"
+        f"{2 - heads} error(s), 1 warning(s)\n"
+    )
+    assert result.returncode == 3 - heads
+    return is_below, (directory / "a.cpy").read_text()
+
+
+CODE = '       01 code PIC X(80) identified by "code".\n\n'
+
+
+@pytest.mark.parametrize(("layers", "is_below"), [(21, True), (22, False)])
+def test_references_to_empty_groups_are_counted(
+    tmp_path: Path, layers: int, is_below: bool
+) -> None:
+    # Each layer refers twice to the next: 4,194,302 references with 21 layers, twice that with 22.
+    reference = '<xs:group ref="g{}"/>'
+    leaf = '<xs:element name="leaf" type="xs:string"/>'
+    content = f"<xs:sequence>{leaf}{reference.format(0) * 2}</xs:sequence>"
+    components = f'<xs:element name="large"><xs:complexType>{content}</xs:complexType></xs:element>'
+    for layer in range(layers):
+        below = reference.format(layer + 1) * 2 if layer + 1 < layers else ""
+        components += f'<xs:group name="g{layer}"><xs:sequence>{below}</xs:sequence></xs:group>'
+    record = (
+        '       01 large identified by "large".\n'
+        '        02 leaf PIC X(80) identified by "leaf".\n\n'
+    )
+    expected = (True, record + CODE) if is_below else (False, CODE)
+    assert converted_under_a_limit(tmp_path, components) == expected
+
+
+def test_bytes_of_values_are_counted(tmp_path: Path) -> None:
+    # A value of a megabyte, and a thousand elements that can have it: with their names, and
+    # those of the values, this is more than a gigabyte.
+    value = f'<xs:enumeration value="{"v" * 1_000_000}"/><xs:maxLength value="9"/>'
+    members = "".join(f'<xs:element name="e{i}" type="t"/>' for i in range(1000))
+    content = f"<xs:complexType><xs:sequence>{members}</xs:sequence></xs:complexType>"
+    components = f'<xs:element name="large">{content}</xs:element>'
+    components += f'<xs:simpleType name="t"><xs:restriction base="xs:string">{value}'
+    components += "</xs:restriction></xs:simpleType>"
+    assert converted_under_a_limit(tmp_path, components) == (False, CODE)
+
+
+def test_names_that_grow_with_each_union_are_counted(tmp_path: Path) -> None:
+    # The name of a union's item repeats that of the union around it: 20 bytes more each time.
+    types = "".join(
+        f'<xs:simpleType name="t{i}"><xs:union memberTypes="t{i + 1}"/></xs:simpleType>'
+        for i in range(15_000)
+    )
+    types += '<xs:simpleType name="t15000"><xs:restriction base="xs:string"/></xs:simpleType>'
+    components = f'<xs:element name="large" type="t0"/>{types}'
+    assert converted_under_a_limit(tmp_path, components) == (False, CODE)
+
+
+@pytest.mark.parametrize(("heads", "is_below"), [(18, True), (30, False)])
+def test_members_that_are_listed_twice_are_counted(
+    tmp_path: Path, heads: int, is_below: bool
+) -> None:
+    # Each member is listed twice, and so are the members in it: 2 to the power of the heads.
+    member = '<xs:element name="{}" type="xs:string"/>'
+    content = f"<xs:complexType><xs:sequence>{member}</xs:sequence></xs:complexType>"
+    components = f'<xs:element name="large">{content.format("h0")}</xs:element>'
+    for i in range(heads):
+        components += f'<xs:element name="h{i}" type="xs:anyType" abstract="true"/>'
+        components += f'<xs:element name="m{i}" substitutionGroup="h{i}">'
+        components += content.format(f"h{i + 1}") + "</xs:element>"
+    was_below, copybook = converted_under_a_limit(tmp_path, components)
+    assert was_below == is_below
+    innermost = f'identified by "h{heads}".'
+    assert copybook.count(innermost) == (2**heads if is_below else 0)
+
+
 def entity_bomb() -> str:
     """A schema of a few hundred bytes whose documentation expands to 100,000,000,000 characters."""
     entities = "".join(f'<!ENTITY e{i} "{f"&e{i - 1};" * 10 if i else "x"}">' for i in range(12))

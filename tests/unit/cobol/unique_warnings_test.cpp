@@ -167,5 +167,47 @@ TEST_F(UniqueWarnings, EmptyRootWarnsOnce) {
   EXPECT_THAT(warnings(), ElementsAre("R"));
 }
 
+TEST_F(UniqueWarnings, GrowWithTheNamesThatAreTried) {
+  makeField(root, "A");
+  makeField(root, "A");
+  for (int i = 0; i < 3; ++i) {
+    makeGroup(root, "E");
+    for (int j = 0; j < 3; ++j) makeField(root, "A");
+  }
+  makeField(root, "A-4");
+  makeField(root, "A");
+  // A and A-1 come before all E: trying them prints nothing. Each E is reported
+  // once itself. After the first E, A-2, A-3 and A-4 are made; after the second
+  // A-5 to A-7, after the third A-8 to A-10. A try of a name that is held passes
+  // the E before its holder, and the try that succeeds all E so far.
+  std::size_t const afterFirst = 1 + 1 + (1 + 1) + (2 + 1);
+  std::size_t const afterSecond = 1 + (3 + 2) + (3 + 2 + 2) + (3 + 4 + 2);
+  std::size_t const afterThird = 1 + (3 + 6 + 3) + (3 + 6 + 3 + 3) + (3 + 6 + 6 + 3);
+  std::size_t const heldName = 1 + 3;          // A-4, then A-4-1
+  std::size_t const lastName = 3 + 6 + 9 + 3;  // up to A-11
+  EXPECT_EQ(warnings().size(), afterFirst + afterSecond + afterThird + heldName + lastName);
+}
+
+// The record of the test before, in runs that show fewer messages.
+TEST_F(UniqueWarnings, HiddenOnesLeaveCountsAndNamesAsTheyAre) {
+  for (int shown : {0, 1, 5, 20, 60}) {
+    console.m_nWarningCount = 0;
+    console.maxShownMessages = shown;
+    CDMCOBOLRecordItem* record = makeGroup(nullptr, "R");
+    makeField(record, "A");
+    makeField(record, "A");
+    for (int i = 0; i < 3; ++i) {
+      makeGroup(record, "E");
+      for (int j = 0; j < 3; ++j) makeField(record, "A");
+    }
+    makeField(record, "A-4");
+    makeField(record, "A");
+    write(record, options);
+    EXPECT_EQ(console.m_nWarningCount, 100 + 1) << "the notice is one more; shown: " << shown;
+    EXPECT_EQ(record->children.back()->dataName, "A-11");
+    EXPECT_EQ(record->children[record->children.size() - 2]->dataName, "A-4-1");
+  }
+}
+
 }  // namespace
 }  // namespace fdmorph
