@@ -60,8 +60,14 @@ void runThroughPipe(std::string const& compileFile, std::string const& directive
   pclose(pipe);
 }
 
-// The status word of a child that ended; nothing if there is no such child.
+// The status word of a child that ended; nothing if there is no such child. A
+// signal must not end another process that takes over its number, so the child
+// keeps it until it no longer counts as running.
 std::optional<int> waitForChild(pid_t child) {
+  siginfo_t end{};
+  while (waitid(P_PID, static_cast<id_t>(child), &end, WEXITED | WNOWAIT) != 0 && errno == EINTR) {
+  }
+  runningCompiler = 0;
   int status = 0;
   pid_t ended = 0;
   do {
@@ -120,7 +126,6 @@ CompileOutcome runCompiler(std::string const& compileFile, std::string const& di
     }
   }
   std::optional<int> status = waitForChild(child);
-  runningCompiler = 0;
   if (!status) return CompileOutcome::notReturned;
   bool hasFailed = WIFEXITED(*status) && WEXITSTATUS(*status) > 0;
   return hasFailed ? CompileOutcome::failed : CompileOutcome::compiled;

@@ -70,9 +70,10 @@ void secureStandardStreams() {
   std::signal(SIGXFSZ, SIG_IGN);
   for (int descriptor : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
     if (fcntl(descriptor, F_GETFD) != -1) continue;
-    // This is the lowest free number. It is not open for writing, because text
-    // that is written there is lost and must count as lost.
-    [[maybe_unused]] int opened = open("/dev/null", O_RDONLY);
+    // This is the lowest free number. Output that is written there must count as
+    // lost, so it is not open for writing. Messages may get lost on purpose.
+    int access = descriptor == STDERR_FILENO ? O_WRONLY : O_RDONLY;
+    [[maybe_unused]] int opened = open("/dev/null", access);
   }
 }
 

@@ -6,7 +6,8 @@ namespace fdmorph {
 
 /// Makes sure that no file that is opened later becomes a standard stream, so
 /// that messages never end up in an output file: a closed stream is opened so
-/// that it can neither be read nor written. A pipe without a reader makes
+/// that it can neither be read nor written, and a closed error stream so that it
+/// takes everything. A pipe without a reader makes
 /// writing fail, instead of ending the process in the middle of a file, and so
 /// does the limit of the size of a file.
 void secureStandardStreams();

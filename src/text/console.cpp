@@ -184,7 +184,7 @@ void reportWriteFailure(std::string_view fileName) {
 
 bool flushConsole() {
   std::cout.flush();
-  if (!hasLostOutput(std::cout) && !console.outputLost) return true;
+  if (!hasLostOutput(std::cout) && !console.outputLost) return !hasLostOutput(std::cerr);
   reportWriteFailure("standard output");
   return false;
 }

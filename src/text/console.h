@@ -112,7 +112,7 @@ std::ostream& endLine(std::ostream& stream);
 void reportWriteFailure(std::string_view fileName);
 
 /// Flushes the output stream and reports, once, that its device refused text
-/// during the run. False if it did.
+/// during the run. False if it did, or if that of the error stream did.
 [[nodiscard]] bool flushConsole();
 
 /// Exit status of a run that reached its end: errors plus warnings, at most

@@ -93,7 +93,7 @@ class Runner:
         (folder / "bin").mkdir()
         (folder / "bin" / "zbc").symlink_to(program_under_test("ZBC"))
         self.new: Tree = {}  # the outputs of a good run
-        self.streams = b""  # what it prints
+        self.streams = (b"", b"")  # what it prints
 
     def run(self, options: list[str]) -> tuple[subprocess.CompletedProcess[bytes], Tree]:
         work = self.folder / "work"
@@ -121,6 +121,7 @@ class Runner:
         """Of each call: how often the start uses it, and how often the whole run."""
         result, tree = self.run(["-e", "trace=" + ",".join(["rt_sigaction", *FAULTS])])
         assert result.returncode == 0, result.stderr.decode()
+        self.streams = (result.stdout, result.stderr)
         self.new = {name: tree[name] for name in self.program.outputs}
         assert sorted(tree) == sorted([*self.program.inputs, *self.program.outputs])
         counts: dict[str, list[int]] = {}
@@ -141,6 +142,7 @@ class Runner:
         where = f"{fault}: status {result.returncode}\n{result.stdout.decode()[:2000]}"
         where += result.stderr.decode()[:2000]
         assert is_start or 0 <= result.returncode < 128, where
+        is_redirected = False
         for name in self.program.outputs:
             content = tree.pop(name, None)
             old = None if name == "a.map" else OLD
@@ -148,9 +150,10 @@ class Runner:
                 continue
             assert content == old, f"{name} is not whole; {where}"
             # An output whose name cannot be opened goes to the standard output.
-            assert (
-                result.returncode != 0 or self.new[name] in result.stdout
-            ), f"{name} is missing; {where}"
+            is_redirected = self.new[name] in result.stdout
+            assert result.returncode != 0 or is_redirected, f"{name} is missing; {where}"
+        if result.returncode == 0 and not is_redirected and not is_start:
+            assert (result.stdout, result.stderr) == self.streams, f"messages are lost; {where}"
         for name in self.program.inputs:
             assert tree.pop(name) == self.program.inputs[name].encode(), where
         # Nobody can remove a file when that fails, and a failed compile leaves the copy.

@@ -95,6 +95,14 @@ def test_a_console_that_cannot_be_written_makes_the_status_1(tmp_path: Path) -> 
     assert (tmp_path / "a.cpy").read_text() == RECORD
 
 
+def test_messages_that_cannot_be_written_make_the_status_1(tmp_path: Path) -> None:
+    (tmp_path / "a.xsd").write_text(TINY)
+    with open("/dev/full", "w", encoding="ascii") as full:
+        result = run(tmp_path, "a.xsd", stdout=subprocess.DEVNULL, stderr=full)
+    assert result.returncode == 1
+    assert (tmp_path / "a.cpy").read_text() == RECORD
+
+
 def test_a_log_on_a_full_disk_is_reported_on_the_console(tmp_path: Path) -> None:
     (tmp_path / "a.xsd").write_text(TINY)
     (tmp_path / "fdmorph.log").symlink_to("/dev/full")

@@ -78,6 +78,13 @@ TEST_F(Lines, OutputThatTheDeviceRefusedIsReportedOnce) {
   EXPECT_EQ(console.m_nErrorCount, 1);
 }
 
+TEST_F(Lines, LostMessageIsAFailureWithoutAReport) {
+  std::cerr.setstate(std::ios::badbit);
+  EXPECT_FALSE(flushConsole());
+  std::cerr.clear();
+  EXPECT_EQ(captured.out() + captured.err(), "");
+}
+
 TEST_F(Lines, LossIsRememberedAfterARedirection) {
   FullBuffer full;
   std::cout.rdbuf(&full);
