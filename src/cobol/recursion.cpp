@@ -1,9 +1,13 @@
 #include "cobol/recursion.h"
 
 #include <algorithm>
+#include <functional>
 
 namespace fdmorph {
 namespace {
+
+constexpr std::size_t kMaxDigested = 16;                   // items; keeps the cost of a hop low
+constexpr std::size_t kDigestFactor = 0x9E3779B97F4A7C15;  // odd, spreads all bits
 
 /// The global component that an item is about to expand.
 struct Expansion {
@@ -134,7 +138,23 @@ bool OpenDefinitions::isRepetition(Opening const& opening, CDMCOBOLRecordItem co
     marks.add(above);
     if (above->serial == opening.item.serial) return marks.areAbove(above);
   }
-  return false;
+  // The items above were removed, too, and others like them have been made.
+  return opening.above != 0 && opening.above == digestAbove(item);
+}
+
+std::size_t OpenDefinitions::digestAbove(CDMCOBOLRecordItem const* item) {
+  std::size_t digest = 1;
+  std::size_t height = 0;
+  auto add = [&digest](std::size_t value) { digest = (digest ^ value) * kDigestFactor; };
+  for (CDMCOBOLRecordItem const* above = item->parent; above != nullptr; above = above->parent) {
+    if (++height > kMaxDigested) return 0;
+    ItemState state = ItemState::of(above);
+    add(std::hash<void const*>()(state.schemaElement));
+    add(std::hash<void const*>()(state.typeElement));
+    add(static_cast<std::size_t>(state.derivationKind) * 3 + state.children);
+    digest ^= digest >> 29;
+  }
+  return digest;
 }
 
 OpenDefinitions::ItemState OpenDefinitions::ItemState::of(CDMCOBOLRecordItem const* item) {
@@ -159,7 +179,7 @@ OpenDefinitions::Scope::Scope(OpenDefinitions& definitions, CDMXMLElement const*
   if (innermost != kNone) ++m_definitions.m_reopened;
   chain.push_back({definition, innermost, guardedHops, m_definitions.m_openMembers.size(),
                    ItemState::of(item), ItemState::of(item == nullptr ? nullptr : item->parent),
-                   item});
+                   item == nullptr ? 0 : digestAbove(item), item});
   innermost = chain.size() - 1;
 }
 

@@ -37,7 +37,9 @@
 // ends it one hop later. But all that the inner walk of T leads to, the outer
 // walk leads to as well. So each reopened definition of a chain doubles the
 // number of references that are followed, and RecordLimits ends the record long
-// before a chain has 64 of them.
+// before a chain has 64 of them. Only a walk that removes one of the open items
+// in each turn can reopen a definition more often and end, once no item is left;
+// no record of use has that many items above each other.
 #pragma once
 
 #include <cstddef>
@@ -63,7 +65,7 @@ enum class Hop { guarded, unguarded };
 class OpenDefinitions {
  public:
   /// The most hops on one chain into definitions that are open already.
-  static constexpr unsigned kMaxReopened = 64;
+  static constexpr unsigned kMaxReopened = 256;
 
   /// False if a hop into `definition` must be refused, because the walk would
   /// not end. `item` is what the definition is to be walked for; may be null.
@@ -127,8 +129,13 @@ class OpenDefinitions {
     std::size_t members;              ///< open members of substitution groups
     ItemState item;                   ///< that the definition is walked for
     ItemState parent;                 ///< of that item
+    std::size_t above;                ///< digest of the states above that item
     CDMCOBOLRecordItem const* place;  ///< the item; valid as long as its serial is the same
   };
+
+  /// Distinguishes the items above `item`, from its parent to the root, by
+  /// their states. 0 if they are too many for that.
+  static std::size_t digestAbove(CDMCOBOLRecordItem const* item);
 
   std::size_t innermost(CDMXMLElement const* definition) const;
   bool isRepetition(Opening const& opening, CDMCOBOLRecordItem const* item) const;

@@ -174,6 +174,18 @@ TEST_F(OpenDefinitionsTest, ItemElsewhereIsNoRepetition) {
   EXPECT_TRUE(open.mayFollow(type, Hop::guarded, itemBelow(itemBelow(root))));
 }
 
+TEST_F(OpenDefinitionsTest, ItemBelowOthersThatAreLikeTheRemovedOnesIsARepetition) {
+  CDMCOBOLRecordItem* removed = itemBelow(nullptr);
+  removed->typeElement = at("U");
+  Scope scope(open, type, Hop::guarded, itemBelow(removed));
+  items.release(removed);
+  CDMCOBOLRecordItem* next = itemBelow(nullptr);
+  CDMCOBOLRecordItem* below = itemBelow(next);
+  EXPECT_TRUE(open.mayFollow(type, Hop::guarded, below));
+  next->typeElement = at("U");
+  EXPECT_FALSE(open.mayFollow(type, Hop::guarded, below));
+}
+
 TEST_F(OpenDefinitionsTest, AnyOfTheOpeningsCanBeRepeated) {
   CDMCOBOLRecordItem* top = itemBelow(nullptr);
   Scope first(open, type, Hop::guarded, top);
@@ -194,7 +206,7 @@ TEST_F(OpenDefinitionsTest, MemberOpenedSinceMakesADifference) {
 
 // Whatever the items look like.
 
-TEST_F(OpenDefinitionsTest, ChainHasAtMost64HopsIntoOpenDefinitions) {
+TEST_F(OpenDefinitionsTest, ChainHasALimitOfHopsIntoOpenDefinitions) {
   std::deque<Scope> chain;
   std::deque<CDMXMLElement> types;  // another one for each item: no repetition
   CDMCOBOLRecordItem* item = nullptr;
