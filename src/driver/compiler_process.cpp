@@ -78,7 +78,7 @@ std::optional<int> waitForChild(pid_t child) {
 }
 
 // The result is that of fork. A child that runs a shell gets a process group of
-// its own, because the processes of the shell are only known by it.
+// its own, so that a signal to the group also ends what the shell has started.
 pid_t startChild() {
   SignalsBlocked const blocked;
   pid_t child = fork();

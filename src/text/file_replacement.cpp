@@ -125,8 +125,10 @@ FileReplacement::Start FileReplacement::openBeside(mode_t mode) {
     if (m_file >= 0) return Start::opened;
     if (errno != EEXIST) break;
   }
+  int fault = errno;
   m_beside.reset();
-  return isForbidden(errno) ? openDirectly(m_target) : Start::failed;
+  errno = fault;
+  return isForbidden(fault) ? openDirectly(m_target) : Start::failed;
 }
 
 // Gives the new file the mode of the old one. Only root may give a file away,
