@@ -4,8 +4,8 @@ namespace fdmorph {
 
 SubstitutionGroups::Members const& SubstitutionGroups::membersOf(
     CDMCOBOLRecordItem const* item) const {
-  static Members const none;
-  if (item == nullptr || m_document == nullptr) return none;
+  static Members const kNone;
+  if (item == nullptr || m_document == nullptr) return kNone;
   if (!m_isIndexed) {
     for (CDMXMLElement* entry : m_document->substitutionGroupElements) {
       NamespaceLookup::Namespace uri = m_namespaces.getElementNamespace(entry);
@@ -15,9 +15,9 @@ SubstitutionGroups::Members const& SubstitutionGroups::membersOf(
     m_isIndexed = true;
   }
   auto byNamespace = m_membersByHead.find(item->identifiedBy);
-  if (byNamespace == m_membersByHead.end()) return none;
+  if (byNamespace == m_membersByHead.end()) return kNone;
   auto members = byNamespace->second.find(item->xmlNamespace);
-  return members == byNamespace->second.end() ? none : members->second;
+  return members == byNamespace->second.end() ? kNone : members->second;
 }
 
 }  // namespace fdmorph
