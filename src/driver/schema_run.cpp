@@ -15,6 +15,13 @@ std::string defaultCopybook(std::string const& schemaFile) {
   return schemaFile.substr(0, schemaFile.rfind('.')) + ".cpy";
 }
 
+int failToCreate(CDMDOMParser& parser, std::string const& copybookFile) {
+  out() << endLine;
+  parser.DisplayErrorSummary();
+  out() << "Failed to create " << copybookFile << endLine;
+  return stopRun();
+}
+
 // The base of the locations in the schema. A name that is not valid in the
 // locale is reported.
 std::string absoluteName(std::string const& schemaFile) {
@@ -27,7 +34,8 @@ std::string absoluteName(std::string const& schemaFile) {
 int runSchemaToCobol(Settings const& settings) {
   CDMXMLNodeStore store;
   CDMDOMParser::InitializePlatform();
-  CDMDOMParser parser(store);
+  InputFiles files;
+  CDMDOMParser parser(store, files);
   std::string const& schemaFile = settings.schemaFile;
   if (schemaFile.empty()) {
     out() << "Error : Failed to specify XML Schema filename" << endLine;
@@ -42,17 +50,20 @@ int runSchemaToCobol(Settings const& settings) {
   if (!settings.promptOverwrite && isRefusedOutput(copybookFile, schemaFile)) return stopRun();
   out() << "Checking " << schemaFile << " for errors" << endLine;
   if (!parser.ParseFile(schemaFile, CDMDOMParser::FILE_TYPE::XML_SCHEMA, true)) {
-    out() << endLine;
-    parser.DisplayErrorSummary();
-    out() << "Failed to create " << copybookFile << endLine;
-    return stopRun();
+    return failToCreate(parser, copybookFile);
   }
   out() << "No schema errors found, processing XML schema " << schemaFile << endLine;
-  SchemaFileLoader loader(store);
+  SchemaFileLoader loader(store, files);
   CDMXMLElement* tree = parser.getXMLDocument();
   parser.releaseDocument();
   SchemaSet const schema =
       SchemaPreprocessing(loader).PreProcessSchema(tree, absoluteName(schemaFile));
+  files.clear();
+  if (schema.isTooLarge) {
+    err(Shown::always) << "Error : Schema set exceeds " << static_cast<long long>(kMaxSchemaFiles)
+                       << " files" << endLine;
+    return failToCreate(parser, copybookFile);
+  }
   CDMCOBOLGenerator generator(&schema.main);
   if (!FileExists(copybookFile, settings.promptOverwrite) || !settings.promptOverwrite) {
     if (isRefusedOutput(copybookFile, schemaFile)) return stopRun();

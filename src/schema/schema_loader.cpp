@@ -6,17 +6,24 @@ namespace fdmorph {
 
 CDMXMLElement* SchemaFileLoader::load(std::string const& location) {
   auto known = m_known.find(location);
-  return known == m_known.end() ? readFile(location) : repeat(location, known->second);
+  if (known != m_known.end()) return repeat(location, known->second);
+  // A report shows the path as it was spelled, so only files without one are
+  // shared between spellings.
+  KnownFile const*& good = m_goodFiles[m_files.at(location)->name()];
+  if (good != nullptr) return repeat(location, *good);
+  KnownFile const& file = readFile(location);
+  if (file.reports.empty() && file.tree != nullptr) good = &file;
+  return file.tree;
 }
 
-CDMXMLElement* SchemaFileLoader::readFile(std::string const& location) {
-  CDMDOMParser parser(m_store);
+SchemaFileLoader::KnownFile const& SchemaFileLoader::readFile(std::string const& location) {
+  CDMDOMParser parser(m_store, m_files);
   KnownFile& file = m_known[location];
   parser.recordReports(&file.reports);
   if (parser.ParseFile(location, CDMDOMParser::FILE_TYPE::XML_SCHEMA, true)) {
     file.tree = parser.getXMLDocument();
   }
-  return file.tree;
+  return file;
 }
 
 CDMXMLElement* SchemaFileLoader::repeat(std::string const& location, KnownFile const& known) {

@@ -24,12 +24,12 @@ class SchemaLoader {
 };
 
 /// Reads schemas from files through the validating parser, each file once. A
-/// file that is asked for again is announced and reported as before, and its
-/// tree is copied from memory.
+/// file that is asked for again, perhaps by another spelling of its path, is
+/// announced and reported as before, and its tree is copied from memory.
 class SchemaFileLoader : public SchemaLoader {
  public:
-  /// The trees belong to `store`.
-  explicit SchemaFileLoader(CDMXMLNodeStore& store) : m_store(store) {}
+  /// The trees belong to `store`. What is known of `files` spares loads.
+  SchemaFileLoader(CDMXMLNodeStore& store, InputFiles& files) : m_store(store), m_files(files) {}
 
   [[nodiscard]] CDMXMLElement* load(std::string const& location) override;
 
@@ -39,11 +39,13 @@ class SchemaFileLoader : public SchemaLoader {
     CDMXMLElement* tree = nullptr;  // null if the file cannot be used
   };
 
-  CDMXMLElement* readFile(std::string const& location);
+  KnownFile const& readFile(std::string const& location);
   CDMXMLElement* repeat(std::string const& location, KnownFile const& known);
 
   CDMXMLNodeStore& m_store;
-  std::unordered_map<std::string, KnownFile> m_known;  // by location as asked for
+  InputFiles& m_files;
+  std::unordered_map<std::string, KnownFile> m_known;             // by location as asked for
+  std::unordered_map<std::string, KnownFile const*> m_goodFiles;  // by the name of the file
 };
 
 }  // namespace fdmorph

@@ -82,6 +82,7 @@ void SchemaPreprocessing::readParts(CDMXMLElement* element, CDMXMLSchemaDoc& doc
 
   Components pending;  // to be moved under the main root
   for (CDMXMLElement* part : parts) {
+    if (m_schema.isTooLarge) return;
     switch (CDMXMLSchemaDoc::getElementType(part)) {
       case SchemaElementKind::schema:
         document.rootElement = part;
@@ -105,6 +106,14 @@ void SchemaPreprocessing::readParts(CDMXMLElement* element, CDMXMLSchemaDoc& doc
   document.InitializeElementLists();
 }
 
+// True if the file at `location` is to be read now.
+bool SchemaPreprocessing::enter(std::string const& location) {
+  if (m_schema.isTooLarge || !m_circles.enter(location)) return false;
+  m_schema.isTooLarge = ++m_filesRead > m_maxFiles;
+  if (m_schema.isTooLarge) m_circles.leave();
+  return !m_schema.isTooLarge;
+}
+
 void SchemaPreprocessing::includeFile(CDMXMLElement const* part, CDMXMLSchemaDoc const& document,
                                       Components& pending) {
   std::optional<std::string_view> schemaLocation = findAttrByName(part, "schemaLocation");
@@ -112,7 +121,7 @@ void SchemaPreprocessing::includeFile(CDMXMLElement const* part, CDMXMLSchemaDoc
   std::string location(*schemaLocation);
   bool isUrl = location.find("://") != std::string::npos;
   if (!isUrl && isRelativePath(location)) location = weavePaths(document.schemaPath, location);
-  if (!m_circles.enter(location)) return;
+  if (!enter(location)) return;
   if (CDMXMLElement* tree = m_loader.load(location)) {
     CDMXMLSchemaDoc included;
     included.schemaPath = isUrl ? document.schemaPath : location;
@@ -129,7 +138,7 @@ void SchemaPreprocessing::importFile(CDMXMLElement const* part) {
   std::optional<std::string_view> uri = findAttrByName(part, "namespace");
   if (!schemaLocation || !uri) return;
   std::string location(*schemaLocation);
-  if (!m_circles.enter(location)) return;
+  if (!enter(location)) return;
   if (CDMXMLElement* tree = m_loader.load(location)) {
     // The pair comes after those of the imports inside the file.
     CDMXMLSchemaDoc& document = m_schema.imported.emplace_back();

@@ -22,14 +22,22 @@ void CDMDOMErrorHandler::fatalError(xerces::SAXParseException const& e) {
 
 void CDMDOMErrorHandler::DisplayErrorMsg(char const* type, ParserReport::Kind kind,
                                          xerces::SAXParseException const& e) {
+  if (m_isDropping) return;
   std::string line = type;
   line += " : " + toLocalText(e.getSystemId()) + "(Line " + std::to_string(e.getLineNumber()) +
           ", Col " + std::to_string(e.getColumnNumber()) + ")";
-  if (m_bVerbose) line += " : " + toLocalText(e.getMessage());
-  emit({kind, line});
+  if (m_bVerbose) line += " : " + m_refusal.value_or(toLocalText(e.getMessage()));
+  m_isDropping = m_refusal.has_value();
+  emit({kind, line, m_isDropping});
+}
+
+void CDMDOMErrorHandler::beginParse() {
+  m_refusal.reset();
+  m_isDropping = false;
 }
 
 void CDMDOMErrorHandler::emit(ParserReport const& report) {
+  ++m_reports;
   printReport(report);
   if (m_pRecord != nullptr) m_pRecord->push_back(report);
 }

@@ -2,6 +2,10 @@
 // count. For this folder only.
 #pragma once
 
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <utility>
 #include <vector>
 #include <xercesc/sax/ErrorHandler.hpp>
 
@@ -30,6 +34,21 @@ class CDMDOMErrorHandler : public xerces::ErrorHandler {
   /// Prints and counts `report`, and keeps it if reports are being recorded.
   void emit(ParserReport const& report);
 
+  /// Has the next report of the library replaced by `message`, with its place, and
+  /// drops the reports after it: they follow from what has been refused. Ends
+  /// with beginParse.
+  void refuse(std::string message) { m_refusal = std::move(message); }
+
+  /// Drops all reports of the library up to beginParse, after a refusal that has
+  /// been reported.
+  void dropReports() { m_isDropping = true; }
+
+  /// Reports are printed again.
+  void beginParse();
+
+  /// The number of reports printed so far.
+  [[nodiscard]] std::size_t reports() const { return m_reports; }
+
   /// Keeps each report in `record` as well, until called with null.
   void recordReports(std::vector<ParserReport>* record) { m_pRecord = record; }
 
@@ -38,6 +57,9 @@ class CDMDOMErrorHandler : public xerces::ErrorHandler {
                        xerces::SAXParseException const& e);
 
   bool m_bVerbose = false;
+  std::optional<std::string> m_refusal;
+  bool m_isDropping = false;
+  std::size_t m_reports = 0;
   std::vector<ParserReport>* m_pRecord = nullptr;
 };
 

@@ -6,14 +6,14 @@
 #include <xercesc/parsers/SAX2XMLReaderImpl.hpp>
 #include <xercesc/parsers/XercesDOMParser.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
-#include <xercesc/util/SecurityManager.hpp>
 #include <xercesc/util/XMLUni.hpp>
 #include <xercesc/validators/common/Grammar.hpp>
 #include <xercesc/validators/schema/SchemaValidator.hpp>
 
 #include "text/console.h"
 #include "xml/DMDOMErrorHandler.h"
-#include "xml/entity_guard.h"
+#include "xml/input_sources.h"
+#include "xml/network.h"
 #include "xml/transcoding.h"
 #include "xml/tree_building.h"
 
@@ -28,9 +28,6 @@ using xerces::XMLUni;
 namespace {
 
 using Kind = ParserReport::Kind;
-
-// Ordinary documents stay far below this many entity expansions.
-constexpr XMLSize_t kEntityExpansionLimit = 50'000;
 
 MessageKind messageKindOf(Kind kind) {
   switch (kind) {
@@ -50,20 +47,21 @@ MessageKind messageKindOf(Kind kind) {
 class CDMDOMParser::Library {
  public:
   /// The library's parser adopts `validator`, if there is one.
-  explicit Library(xerces::SchemaValidator* validator);
+  Library(InputFiles& files, xerces::SchemaValidator* validator);
   ~Library();
   Library(Library const&) = delete;
   Library& operator=(Library const&) = delete;
 
   XercesDOMParser& parser() { return *m_pParser; }
   CDMDOMErrorHandler& errorHandler() { return *m_pErrorHandler; }
+  InputSources& sources() { return *m_pSources; }
 
   /// Loads the grammar of a schema. False if anything at all has been counted
   /// by then.
   bool loadSchemaGrammar(std::string const& fileName);
 
   /// Parses into the parser's document. False if the document cannot be used.
-  bool parse(std::string const& fileName);
+  bool parse(std::string const& fileName, FILE_TYPE type);
 
   /// Parses without a document.
   void check(std::string const& fileName, bool validate);
@@ -71,16 +69,16 @@ class CDMDOMParser::Library {
  private:
   void InitializeParser();
   void makeReader();
-  void report(Kind kind, std::string const& line) { m_pErrorHandler->emit({kind, line}); }
+  void report(Kind kind, std::string const& line) { m_pErrorHandler->emit({kind, line, false}); }
 
-  std::unique_ptr<xerces::SecurityManager> m_pSecurity;
-  std::unique_ptr<CDMDOMErrorHandler> m_pErrorHandler;
-  std::unique_ptr<EntityGuard> m_pGuard;
+  std::unique_ptr<CDMDOMErrorHandler> m_pErrorHandler = std::make_unique<CDMDOMErrorHandler>();
+  std::unique_ptr<InputSources> m_pSources;
   std::unique_ptr<XercesDOMParser> m_pParser;
   std::unique_ptr<xerces::SAX2XMLReaderImpl> m_pReader;  // made by the first check
 };
 
-CDMDOMParser::Library::Library(xerces::SchemaValidator* validator) {
+CDMDOMParser::Library::Library(InputFiles& files, xerces::SchemaValidator* validator)
+    : m_pSources(std::make_unique<InputSources>(files, *m_pErrorHandler)) {
   InitializePlatform();
   m_pParser = std::make_unique<XercesDOMParser>(validator);
   InitializeParser();
@@ -90,9 +88,8 @@ CDMDOMParser::Library::~Library() {
   try {
     m_pReader.reset();
     m_pParser.reset();
-    m_pGuard.reset();
+    m_pSources.reset();
     m_pErrorHandler.reset();
-    m_pSecurity.reset();
     XMLPlatformUtils::Terminate();
   } catch (XMLException const& e) {
     std::cerr << "Error during Xerces-c termination. Exception message: "
@@ -101,30 +98,34 @@ CDMDOMParser::Library::~Library() {
 }
 
 void CDMDOMParser::Library::InitializeParser() {
-  m_pSecurity = std::make_unique<xerces::SecurityManager>();
-  m_pSecurity->setEntityExpansionLimit(kEntityExpansionLimit);
-  m_pParser->setSecurityManager(m_pSecurity.get());
   m_pParser->setDoNamespaces(true);
   m_pParser->setDoSchema(true);
   m_pParser->setIncludeIgnorableWhitespace(false);
   m_pParser->setCreateEntityReferenceNodes(false);
-  m_pErrorHandler = std::make_unique<CDMDOMErrorHandler>();
   m_pParser->setErrorHandler(m_pErrorHandler.get());
   m_pErrorHandler->setVerboseError(true);
-  m_pGuard = std::make_unique<EntityGuard>(*m_pErrorHandler, *m_pSecurity);
-  m_pParser->setXMLEntityResolver(m_pGuard.get());
+  m_pParser->setXMLEntityResolver(m_pSources.get());
 }
 
 // A schema must load without a single report. The counts of earlier parses
 // matter as much as its own.
 bool CDMDOMParser::Library::loadSchemaGrammar(std::string const& fileName) {
   m_pParser->setValidationScheme(XercesDOMParser::Val_Auto);
+  m_pErrorHandler->beginParse();
   // After an exception there is no grammar, so the exception counts as an error,
   // unlike one of a parse.
   try {
-    if (!m_pGuard->admits(fileName)) return false;
-    m_pParser->loadGrammar(toLibraryText(fileName).c_str(), xerces::Grammar::SchemaGrammarType,
-                           true);
+    auto source = m_pSources->mainSchema(fileName, SourceRole::schema);
+    SchemaReferences& references = m_pSources->files().references();
+    std::string const& name = m_pSources->nameOf(source->getSystemId());
+    if (references.isCovered(name)) return nothingCounted();
+    references.beginLoad(name);
+    std::size_t const reportsBefore = m_pErrorHandler->reports();
+    m_pParser->loadGrammar(*source, xerces::Grammar::SchemaGrammarType, true);
+    if (m_pErrorHandler->reports() == reportsBefore) {
+      references.endCleanLoad(
+          [this](std::string const& member) { return m_pSources->namespaceOf(member); });
+    }
   } catch (XMLException const& e) {
     report(Kind::error,
            "Error : Unable to load schema " + fileName + ": " + toLocalText(e.getMessage()));
@@ -134,9 +135,14 @@ bool CDMDOMParser::Library::loadSchemaGrammar(std::string const& fileName) {
   return nothingCounted();
 }
 
-bool CDMDOMParser::Library::parse(std::string const& fileName) {
+bool CDMDOMParser::Library::parse(std::string const& fileName, FILE_TYPE type) {
+  m_pErrorHandler->beginParse();
   try {
-    m_pParser->parse(fileName.c_str());
+    auto source = type == FILE_TYPE::XML_SCHEMA
+                      ? m_pSources->mainSchema(fileName, SourceRole::document)
+                      : m_pSources->document(fileName);
+    std::unique_ptr<ExpansionLimit> limit = m_pSources->beginDocument();
+    m_pParser->parse(*source);
     return m_pParser->getErrorCount() == 0;
   } catch (XMLException const& e) {
     report(Kind::uncounted,
@@ -155,8 +161,7 @@ bool CDMDOMParser::Library::parse(std::string const& fileName) {
 void CDMDOMParser::Library::makeReader() {
   m_pReader = std::make_unique<xerces::SAX2XMLReaderImpl>();
   m_pReader->setErrorHandler(m_pErrorHandler.get());
-  m_pReader->setXMLEntityResolver(m_pGuard.get());
-  m_pReader->setProperty(XMLUni::fgXercesSecurityManager, m_pSecurity.get());
+  m_pReader->setXMLEntityResolver(m_pSources.get());
   m_pReader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
   m_pReader->setFeature(XMLUni::fgXercesDynamic, false);
 }
@@ -165,8 +170,11 @@ void CDMDOMParser::Library::check(std::string const& fileName, bool validate) {
   if (m_pReader == nullptr) makeReader();
   m_pReader->setFeature(XMLUni::fgXercesSchema, validate);
   m_pReader->setFeature(XMLUni::fgSAX2CoreValidation, validate);
+  m_pErrorHandler->beginParse();
   try {
-    m_pReader->parse(fileName.c_str());
+    auto source = m_pSources->document(fileName);
+    std::unique_ptr<ExpansionLimit> limit = m_pSources->beginDocument();
+    m_pReader->parse(*source);
   } catch (XMLException const& e) {
     report(Kind::uncounted,
            "An error occured during parsing. Exception Message: " + toLocalText(e.getMessage()));
@@ -178,6 +186,8 @@ void CDMDOMParser::Library::check(std::string const& fileName, bool validate) {
 void CDMDOMParser::InitializePlatform() {
   try {
     XMLPlatformUtils::Initialize();
+    installExpansionCounter();
+    installNetworkRules();
   } catch (XMLException const& e) {
     std::cerr << "Error during Xerces-c Initialization. Exception message: "
               << toLocalText(e.getMessage()) << std::endl;
@@ -185,11 +195,18 @@ void CDMDOMParser::InitializePlatform() {
 }
 
 CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store)
-    : m_store(store), m_library(std::make_unique<Library>(nullptr)) {}
+    : m_store(store),
+      m_ownFiles(std::make_unique<InputFiles>()),
+      m_library(std::make_unique<Library>(*m_ownFiles, nullptr)) {}
+
+CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store, InputFiles& files)
+    : m_store(store), m_library(std::make_unique<Library>(files, nullptr)) {}
 
 template <typename Validator>
 CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store, Validator& validator)
-    : m_store(store), m_library(std::make_unique<Library>(&validator)) {}
+    : m_store(store),
+      m_ownFiles(std::make_unique<InputFiles>()),
+      m_library(std::make_unique<Library>(*m_ownFiles, &validator)) {}
 
 template CDMDOMParser::CDMDOMParser(CDMXMLNodeStore& store, xerces::SchemaValidator& validator);
 
@@ -199,7 +216,12 @@ void CDMDOMParser::announceSchema(std::string const& fileName) {
   std::cout << "\nValidating " << fileName << " for well-formedness." << std::endl;
 }
 
+void CDMDOMParser::prepareFiles() {
+  if (m_ownFiles != nullptr) m_ownFiles->clear();
+}
+
 bool CDMDOMParser::ParseFile(std::string const& fileName, FILE_TYPE type, bool validate) {
+  prepareFiles();
   if (type == FILE_TYPE::XML_SCHEMA) {
     announceSchema(fileName);
     if (!m_library->loadSchemaGrammar(fileName)) return false;
@@ -208,11 +230,12 @@ bool CDMDOMParser::ParseFile(std::string const& fileName, FILE_TYPE type, bool v
     parser.setDoSchema(validate);
     parser.setValidationScheme(validate ? XercesDOMParser::Val_Always : XercesDOMParser::Val_Never);
   }
-  m_bParsed = m_library->parse(fileName);
+  m_bParsed = m_library->parse(fileName, type);
   return m_bParsed;
 }
 
 void CDMDOMParser::CheckDocument(std::string const& fileName, bool validate) {
+  prepareFiles();
   m_library->check(fileName, validate);
 }
 
@@ -250,12 +273,17 @@ void CDMDOMParser::DisplayErrorSummary() {
   m_library->errorHandler().DisplayErrorMsgSummary();
 }
 
+void CDMDOMParser::setExpansionLimits(ExpansionLimits limits) {
+  m_library->sources().setLimits(limits);
+}
+
 void CDMDOMParser::recordReports(std::vector<ParserReport>* record) {
   m_library->errorHandler().recordReports(record);
 }
 
 void printReport(ParserReport const& report) {
-  if (countMessage(messageKindOf(report.kind))) std::cerr << report.line << std::endl;
+  Shown shown = report.isLimit ? Shown::always : Shown::whileFew;
+  if (countMessage(messageKindOf(report.kind), shown)) std::cerr << report.line << std::endl;
 }
 
 bool nothingCounted() {

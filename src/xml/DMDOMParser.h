@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "xml/expansion_limit.h"
+#include "xml/input_files.h"
 #include "xml/node_store.h"
 
 namespace fdmorph {
@@ -15,7 +17,8 @@ struct ParserReport {
   enum class Kind { warning, error, uncounted };
 
   Kind kind;
-  std::string line;  ///< as it stands on the error stream, without the line end
+  std::string line;      ///< as it stands on the error stream, without the line end
+  bool isLimit = false;  ///< a limit ends the parse; the line is shown in any flood
 };
 
 /// Prints `report` on the error stream and counts it by its kind. It does not use
@@ -41,6 +44,12 @@ class CDMDOMParser {
   /// every use of them.
   explicit CDMDOMParser(CDMXMLNodeStore& store);
 
+  /// The same for one of several parsers that share `files`, which must outlive
+  /// them: each file is read from disk once, and a schema that the load of another
+  /// one has shown to be good is not loaded again. Without shared files each parse
+  /// reads its files anew.
+  CDMDOMParser(CDMXMLNodeStore& store, InputFiles& files);
+
   /// The same with a validator, which the parser adopts. `Validator` is the
   /// library's SchemaValidator, which only this folder can name.
   template <typename Validator>
@@ -51,8 +60,8 @@ class CDMDOMParser {
   CDMDOMParser(CDMDOMParser const&) = delete;
   CDMDOMParser& operator=(CDMDOMParser const&) = delete;
 
-  /// Parses `fileName`. For a schema, announces it, loads its grammar, and
-  /// stops if anything at all has been counted in the process by then, a
+  /// Parses `fileName`. For a schema, announces it, loads its grammar unless it
+  /// is known to be good, and stops if anything at all has been counted in the process by then, a
   /// warning included; `validate` is not looked at. For a document, `validate`
   /// switches schema support and validation on or off, also for later parses.
   /// False if the document cannot be used; the reports have been printed.
@@ -82,6 +91,9 @@ class CDMDOMParser {
   void setVerboseError(bool verbose);
   void DisplayErrorSummary();
 
+  /// What the entities of a document may expand to, from now on.
+  void setExpansionLimits(ExpansionLimits limits);
+
   /// Appends each report that ParseFile prints to `record`, until called with
   /// null.
   void recordReports(std::vector<ParserReport>* record);
@@ -89,7 +101,10 @@ class CDMDOMParser {
  private:
   class Library;
 
+  void prepareFiles();
+
   CDMXMLNodeStore& m_store;
+  std::unique_ptr<InputFiles> m_ownFiles;  // null if they are shared
   std::unique_ptr<Library> m_library;
   bool m_bParsed = false;
 };

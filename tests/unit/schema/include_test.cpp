@@ -141,5 +141,38 @@ TEST_F(Include, AtAnyDepthOfTheFileIsRead) {
   EXPECT_THAT(namesOf(document->elements), ElementsAre("a"));
 }
 
+class SetSize : public SchemaTest {
+ protected:
+  /// Whether a set is too large whose main file includes a.xsd so many times, with a
+  /// limit of three files.
+  bool isTooLarge(std::size_t inclusions) {
+    loader.add("/s/a.xsd", schema({component("element", "a")}));
+    std::vector<Tree> parts(inclusions, include("a.xsd"));
+    constexpr std::size_t kLimit = 3;
+    return SchemaPreprocessing(loader, kLimit)
+        .PreProcessSchema(buildDocument(store, schema(std::move(parts))), "/s/main.xsd")
+        .isTooLarge;
+  }
+};
+
+TEST_F(SetSize, BelowAndAtTheLimitIsNotTooLarge) {
+  EXPECT_FALSE(isTooLarge(2));
+  EXPECT_FALSE(isTooLarge(3));
+}
+
+TEST_F(SetSize, AboveTheLimitIsTooLargeAndNoMoreIsLoaded) {
+  EXPECT_TRUE(isTooLarge(5));
+  EXPECT_EQ(loader.loads.size(), 3U);
+}
+
+TEST_F(SetSize, FilesBelowOthersAndImportsCount) {
+  loader.add("/s/b.xsd", schema({include("c.xsd"), include("c.xsd"), import("urn:d", "d.xsd")}));
+  loader.add("/s/c.xsd", schema({}));
+  loader.add("d.xsd", schema({}));
+  EXPECT_TRUE(SchemaPreprocessing(loader, 3)
+                  .PreProcessSchema(buildDocument(store, schema({include("b.xsd")})), "/s/m.xsd")
+                  .isTooLarge);
+}
+
 }  // namespace
 }  // namespace fdmorph
