@@ -81,6 +81,16 @@ std::optional<std::size_t> InputFile::read(std::size_t offset, std::span<std::by
   return count;
 }
 
+std::string_view InputFile::textBeforeZero() {
+  std::size_t zero = m_bytes.find('\0');
+  while (zero == std::string::npos && m_descriptor >= 0) {
+    std::size_t const known = m_bytes.size();
+    if (!readBlock()) break;
+    zero = m_bytes.find('\0', known);
+  }
+  return std::string_view(m_bytes).substr(0, zero);
+}
+
 std::shared_ptr<InputFile> const& InputFiles::at(std::string const& path) {
   std::shared_ptr<InputFile>& file = m_spellings[path];
   if (file == nullptr) {

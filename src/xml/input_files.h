@@ -7,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 #include <unordered_map>
 
 #include "xml/schema_references.h"
@@ -39,6 +40,14 @@ class InputFile {
   /// end of the file. Nothing after a read error. To be called if canBeRead.
   [[nodiscard]] std::optional<std::size_t> read(std::size_t offset, std::span<std::byte> target);
 
+  /// The bytes before the first zero byte, where the text ends in most encodings.
+  /// The view ends with the next read. To be called if canBeRead.
+  [[nodiscard]] std::string_view textBeforeZero();
+
+  /// Whether the file has been checked and may be loaded as a schema.
+  [[nodiscard]] bool isAdmitted() const { return m_isAdmitted; }
+  void admit() { m_isAdmitted = true; }
+
  private:
   bool readBlock();
 
@@ -46,6 +55,7 @@ class InputFile {
   std::string m_name;
   Kind m_kind;
   bool m_mayBePipe;
+  bool m_isAdmitted = false;
   std::string m_bytes;
   std::optional<bool> m_canBeRead;
   int m_descriptor = -1;  // open until the end has been read

@@ -134,11 +134,15 @@ class FileSource : public Source {
   // Does not return if the file is refused.
   void beginSchema() const {
     owner().files().references().addRead(m_file->name());
-    if (!mayHavePatterns(*m_file)) return;
-    FileSource copy(m_file, location(), SourceRole::document, owner());
-    if (arePatternsAdmitted(copy, owner())) return;
-    owner().errorHandler().dropReports();
-    endRefusedParse();
+    if (m_file->isAdmitted()) return;
+    if (needsCheck(*m_file)) {
+      FileSource copy(m_file, location(), SourceRole::document, owner());
+      if (!arePatternsAdmitted(copy, owner())) {
+        owner().errorHandler().dropReports();
+        endRefusedParse();
+      }
+    }
+    m_file->admit();
   }
 
   std::shared_ptr<InputFile> m_file;

@@ -4,7 +4,6 @@
 #include <array>
 #include <cctype>
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -28,9 +27,6 @@ using xerces::XMLUni;
 using Text = std::u16string_view;
 
 constexpr Text kSchemaNamespace = u"http://www.w3.org/2001/XMLSchema";
-
-constexpr std::size_t kBlockSize = std::size_t{64} << 10;
-constexpr std::size_t kOverlap = sizeof "<!DOCTYPE" - 1;
 
 // Heads of the names of encodings in which ASCII text reads as ASCII.
 constexpr std::array kReadableEncodings{
@@ -58,6 +54,27 @@ bool isReadableText(std::string_view text) {
   return std::ranges::any_of(kReadableEncodings, [encoding](std::string_view head) {
     return startsWithIgnoringCase(encoding, head);
   });
+}
+
+// True if each quoted text in `tag` is a pattern within the limits. False also if
+// it depends on a reference.
+bool isEachSmall(std::string_view tag, PatternLimits const& limits, std::size_t& atoms) {
+  constexpr std::string_view kQuotes = "\"'";
+  if (tag.find('&') != tag.npos) return false;
+  while (true) {
+    std::size_t quote = tag.find_first_of(kQuotes);
+    if (quote == tag.npos) return true;
+    std::size_t end = std::min(tag.find(tag[quote], quote + 1), tag.size());
+    // The bytes of a character count as several.
+    std::u16string pattern;
+    for (char c : tag.substr(quote + 1, end - quote - 1)) pattern += static_cast<unsigned char>(c);
+    PatternSize size = patternSize(pattern);
+    atoms += size.atoms;
+    if (size.repetition > limits.repetition || size.depth > limits.depth || atoms > limits.atoms) {
+      return false;
+    }
+    tag.remove_prefix(std::min(end + 1, tag.size()));
+  }
 }
 
 /// Thrown out of a parse that has found what it looks for.
@@ -184,21 +201,17 @@ class PatternReader : public Reader {
 
 }  // namespace
 
-bool mayHavePatterns(InputFile& file) {
-  std::vector<char> block;
-  std::size_t offset = 0;
-  while (true) {
-    // The blocks overlap, so that no word is cut.
-    block.resize(kBlockSize);
-    std::optional<std::size_t> count = file.read(offset, std::as_writable_bytes(std::span(block)));
-    if (!count || *count == 0) return false;
-    std::string_view text(block.data(), *count);
-    if (offset == 0 && !isReadableText(text)) return true;
-    if (text.find("pattern") != text.npos || text.find("<!DOCTYPE") != text.npos) return true;
-    // The library gives up at a character that XML does not have.
-    if (*count <= kOverlap || text.find('\0') != text.npos) return false;
-    offset += *count - kOverlap;
+bool needsCheck(InputFile& file, PatternLimits limits) {
+  std::string_view text = file.textBeforeZero();
+  if (!isReadableText(text) || text.find("<!DOCTYPE") != text.npos) return true;
+  constexpr std::string_view kPattern = "pattern";
+  std::size_t atoms = 0;
+  for (std::size_t at = text.find(kPattern); at != text.npos; at = text.find(kPattern, at)) {
+    std::size_t end = std::min(text.find('<', at), text.size());
+    if (!isEachSmall(text.substr(at, end - at), limits, atoms)) return true;
+    at = end;
   }
+  return false;
 }
 
 bool arePatternsAdmitted(xerces::InputSource const& source, InputSources& sources,

@@ -19,9 +19,10 @@ struct PatternLimits {
   std::size_t depth = 100'000;         ///< of parentheses
 };
 
-/// True if the schema file may hold a pattern, because it names one or because
-/// its text is not readable without the library.
-[[nodiscard]] bool mayHavePatterns(InputFile& file);
+/// False if the bytes of the schema file show that its patterns are within the
+/// limits, as those of nearly all files do. True if one is not, or if the text can
+/// be read by the library only.
+[[nodiscard]] bool needsCheck(InputFile& file, PatternLimits limits = {});
 
 /// True if all patterns of the schema file that `source` brings are within the
 /// limits, and its entities, too. False after a report; that of a pattern names

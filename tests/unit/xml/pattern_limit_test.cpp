@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 #include "support/parser_fixture.h"
@@ -130,6 +131,25 @@ TEST_F(Patterns, ThatStandAcrossBlocksOfTheFileAreRefused) {
   ASSERT_EQ(text.find("pattern"), 65536U - 3);
   EXPECT_FALSE(parseSchema(text));
   EXPECT_EQ(refusal(), "the pattern of type T repeats more than 1000000 times\n");
+}
+
+TEST_F(Patterns, WithCharacterReferencesAreRefused) {
+  EXPECT_FALSE(parseSchema(schemaOf(typeWith("a&#123;1000001}"))));
+  EXPECT_EQ(refusal(), "the pattern of type T repeats more than 1000000 times\n");
+}
+
+TEST_F(Patterns, InEitherQuotesAreRefused) {
+  std::string text = typeWith("a{1000001}");
+  std::ranges::replace(text, '\'', '"');
+  EXPECT_FALSE(parseSchema(schemaOf(text)));
+  EXPECT_EQ(refusal(), "the pattern of type T repeats more than 1000000 times\n");
+}
+
+TEST_F(Patterns, NamedInAnAnnotationAreNoPatterns) {
+  EXPECT_TRUE(
+      parseSchema(schemaOf("<xs:annotation><xs:documentation>The pattern value='a{1000001}'"
+                           "</xs:documentation></xs:annotation>")));
+  EXPECT_EQ(captured.err(), "");
 }
 
 }  // namespace
