@@ -24,9 +24,18 @@ namespace {
 constexpr rlim_t kWantedStack = rlim_t{1} << 30;
 constexpr std::size_t kHandlerStack = std::size_t{64} << 10;
 constexpr std::size_t kStackProbe = std::size_t{1} << 20;
+constexpr char kBadAccess[] = "Internal Error : Invalid memory access\n";
 constexpr char kTooDeep[] = "Internal Error : Input is nested too deeply\n";
 constexpr char kOutOfMemory[] = "Error : Out of memory\n";
 constexpr char kInterrupted[] = "Error : Interrupted by a signal\n";
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr bool kIsSanitized = true;
+#elif defined(__has_feature)
+constexpr bool kIsSanitized = __has_feature(address_sanitizer);
+#else
+constexpr bool kIsSanitized = false;
+#endif
 
 // The functions below run at any point of the program, in signal handlers and
 // without memory.
@@ -45,6 +54,15 @@ bool isAddressSpaceUsed() {
 void onStackOverflow(int /*emergency*/, stackoverflow_context_t /*context*/) {
   removePendingFiles();
   report(isAddressSpaceUsed() ? kOutOfMemory : kTooDeep);
+  _exit(kStatusError);
+}
+
+// The XML library follows null pointers on some invalid schemas. A fault that is
+// not serious may be a stack overflow, which has its own handler.
+int onBadAccess(void* /*address*/, int isSerious) {
+  if (isSerious == 0) return 0;
+  removePendingFiles();
+  report(kBadAccess);
   _exit(kStatusError);
 }
 
@@ -92,6 +110,8 @@ void guardStack() {
   static char handlerStack[kHandlerStack];
   raiseStackLimit();
   stackoverflow_install_handler(onStackOverflow, handlerStack, sizeof handlerStack);
+  // AddressSanitizer has to see such an access itself.
+  if (!kIsSanitized) sigsegv_install_handler(onBadAccess);
 }
 
 }  // namespace fdmorph

@@ -16,8 +16,8 @@ void secureStandardStreams();
 void restoreSignals();
 
 /// Raises the limit of the stack as far as the system allows, and makes sure
-/// that a stack overflow ends the process with a line that begins "Internal
-/// Error : " and exit status 1.
+/// that a stack overflow, or any other invalid memory access, ends the process
+/// with a line that begins "Internal Error : " and exit status 1.
 void guardStack();
 
 /// Makes sure that a failed allocation ends the process with the line "Error :
