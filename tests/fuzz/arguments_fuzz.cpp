@@ -37,7 +37,7 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   int const count = static_cast<int>(words.size());
-  openRequestedLog(count, arguments.data());
+  if (!openRequestedLog(count, arguments.data())) return 0;
   ScannedArguments const scanned = scanArguments(count, arguments.data());
   bool const isAsked =
       scanned.settings.run != Run::none || scanned.status || scanned.settings.givenName.empty();

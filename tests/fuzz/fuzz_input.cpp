@@ -22,13 +22,14 @@ extern "C" int LLVMFuzzerInitialize(int* /*argc*/, char*** /*argv*/) {
 namespace fdmorph {
 namespace {
 
-/// Stands for the network, which nothing may use.
+/// A network in which no host can be reached.
 class NoNetwork : public xercesc::XMLNetAccessor {
  public:
   XMLCh const* getId() const override { return xercesc::XMLUni::fgZeroLenString; }
-  xercesc::BinInputStream* makeNew(xercesc::XMLURL const& /*url*/,
+  xercesc::BinInputStream* makeNew(xercesc::XMLURL const& url,
                                    xercesc::XMLNetHTTPInfo const* /*info*/) override {
-    failFuzzRun("the network is used", "");
+    ThrowXMLwithMemMgr1(xercesc::NetAccessorException, xercesc::XMLExcepts::NetAcc_ConnSocket,
+                        url.getURLText(), url.getMemoryManager());
   }
 };
 

@@ -34,8 +34,8 @@ void beginFuzzRun();
 /// What the run has said so far, or the beginning of it.
 [[nodiscard]] std::string const& fuzzMessages();
 
-/// Starts the XML library for the whole process, without access to the network:
-/// a target fails when the library is asked to use it.
+/// Starts the XML library for the whole process. Nothing is fetched: no host can
+/// be reached.
 void startFuzzLibrary();
 
 /// Reports a rule that does not hold, with what shows it, and ends the process.
