@@ -24,7 +24,10 @@ class CountingTranscoder : public xerces::XMLChTranscoder {
                           unsigned char* sizes) override {
     XMLSize_t count =
         XMLChTranscoder::transcodeFrom(source, sourceSize, target, targetSize, bytesEaten, sizes);
-    if (innermost != nullptr) innermost->countText(count);
+    if (innermost != nullptr) {
+      innermost->countText(count);
+      innermost->check();
+    }
     return count;
   }
 };
@@ -64,8 +67,7 @@ ExpansionLimit* ExpansionLimit::current() {
   return innermost;
 }
 
-void ExpansionLimit::countText(std::size_t amount) {
-  m_text += amount;
+void ExpansionLimit::check() {
   if (m_expansions > m_limits.expansions) {
     m_refuse("parser has encountered more than '" + std::to_string(m_limits.expansions) +
              "' entity expansions in the document; this is the limit imposed by the application");

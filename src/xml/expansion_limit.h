@@ -36,12 +36,14 @@ class ExpansionLimit {
   /// The innermost document; null if none is being read.
   static ExpansionLimit* current();
 
-  /// Counts one more expansion. Throws nothing: what is read next does.
   void countExpansion() { ++m_expansions; }
 
-  /// Counts text that was read from an entity, and throws an XMLException if a
-  /// limit is exceeded.
-  void countText(std::size_t amount);
+  /// Counts text that was read from an entity.
+  void countText(std::size_t amount) { m_text += amount; }
+
+  /// Throws an XMLException if a limit is exceeded. Not to be called while the
+  /// library constructs a reader, which would leak.
+  void check();
 
  private:
   ExpansionLimits m_limits;

@@ -34,10 +34,12 @@ class Stream : public xerces::BinInputStream {
   XMLCh const* getContentType() const override { return nullptr; }
 
   XMLSize_t readBytes(XMLByte* target, XMLSize_t size) override {
+    ExpansionLimit* limit = ExpansionLimit::current();
+    // The first block is read by the constructor of a reader.
+    if (limit != nullptr && m_position > 0) limit->check();
     XMLSize_t count = readNext(target, size);
     m_position += count;
-    ExpansionLimit* limit = ExpansionLimit::current();
-    if (limit != nullptr) limit->countText(m_role == SourceRole::entity ? count : 0);
+    if (limit != nullptr && m_role == SourceRole::entity) limit->countText(count);
     return count;
   }
 
@@ -102,7 +104,9 @@ class Source : public xerces::InputSource {
 
   void countExpansion() const {
     ExpansionLimit* limit = ExpansionLimit::current();
-    if (m_role == SourceRole::entity && limit != nullptr) limit->countExpansion();
+    if (m_role != SourceRole::entity || limit == nullptr) return;
+    limit->countExpansion();
+    limit->check();
   }
 
   Location const& location() const { return m_location; }
