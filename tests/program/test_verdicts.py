@@ -14,7 +14,7 @@ import re
 from pathlib import Path
 
 import pytest
-from judges.library import Verdict, library_verdict
+from judges.xml_library import Verdict, library_verdict
 from support import harness
 from support.corpus import corpus_files, name_of, require_corpus
 from support.schema_locations import copy_with_schema, listed_instances

@@ -5,7 +5,7 @@ from __future__ import annotations
 from pathlib import Path
 
 import pytest
-from judges.library import library_verdict
+from judges.xml_library import library_verdict
 
 SCHEMA = (
     '<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema">'
