@@ -16,7 +16,7 @@ std::size_t SchemaReferences::number(std::string const& file) {
 void SchemaReferences::beginLoad(std::string const& file) {
   for (std::size_t referred : m_referred) m_files[referred].referrers.clear();
   m_referred.clear();
-  m_redefined.clear();
+  m_hasRedefine = false;
   ++m_loads;
   m_main = number(file);
   m_files[m_main].lastRead = m_loads;
@@ -28,7 +28,7 @@ void SchemaReferences::addReference(std::string const& from, std::string const& 
   std::size_t referred = number(to);
   if (m_files[referred].referrers.empty()) m_referred.push_back(referred);
   m_files[referred].referrers.push_back(referrer);
-  if (isRedefine) m_redefined.emplace_back(referrer, referred);
+  m_hasRedefine = m_hasRedefine || isRedefine;
 }
 
 void SchemaReferences::addRead(std::string const& file) {
@@ -36,7 +36,6 @@ void SchemaReferences::addRead(std::string const& file) {
 }
 
 // The load leads from its file to all others, so the circle is what leads back.
-// Empty if a member redefines another.
 std::vector<std::size_t> SchemaReferences::circleOfMain() const {
   std::vector<std::size_t> circle{m_main};
   std::vector<bool> isMember(m_files.size());
@@ -48,15 +47,11 @@ std::vector<std::size_t> SchemaReferences::circleOfMain() const {
       circle.push_back(referrer);
     }
   }
-  bool hasRedefine = std::ranges::any_of(m_redefined, [&isMember](auto const& redefine) {
-    return isMember[redefine.first] && isMember[redefine.second];
-  });
-  if (hasRedefine) circle.clear();
   return circle;
 }
 
 void SchemaReferences::endCleanLoad(NamespaceOf const& namespaceOf) {
-  if (m_files[m_main].referrers.empty()) return;
+  if (m_hasRedefine || m_files[m_main].referrers.empty()) return;
   std::vector<std::size_t> circle = circleOfMain();
   std::erase_if(circle, [this](std::size_t file) { return m_files[file].lastRead != m_loads; });
   std::vector<std::size_t> withNamespace;

@@ -11,7 +11,6 @@
 #include <functional>
 #include <string>
 #include <unordered_map>
-#include <utility>
 #include <vector>
 
 namespace fdmorph {
@@ -36,8 +35,8 @@ class SchemaReferences {
   /// of another member by itself. A file without a target namespace takes on that
   /// of a file that includes it, so where some members have a target namespace and
   /// some have none, only those that have one are covered. A file may be redefined
-  /// only before anything else refers to it, so a circle where one member redefines
-  /// another covers none.
+  /// only before anything else refers to it, so a load that meets a redefine covers
+  /// none.
   void endCleanLoad(NamespaceOf const& namespaceOf);
 
   /// True if the load of another member of its circle has shown `file` to be
@@ -58,10 +57,10 @@ class SchemaReferences {
   std::vector<std::size_t> circleOfMain() const;
 
   std::unordered_map<std::string, std::size_t> m_numbers;
-  std::vector<File> m_files;                                     // by number
-  std::vector<std::string> m_names;                              // by number
-  std::vector<std::size_t> m_referred;                           // in this load
-  std::vector<std::pair<std::size_t, std::size_t>> m_redefined;  // by whom, and what
+  std::vector<File> m_files;            // by number
+  std::vector<std::string> m_names;     // by number
+  std::vector<std::size_t> m_referred;  // in this load
+  bool m_hasRedefine = false;           // the same
   std::size_t m_loads = 0;
   std::size_t m_main = 0;
 };
