@@ -87,14 +87,32 @@ void Checker::reportName(Code code, QualifiedName const& name, NameIndex::Outcom
                        quoted(name.name) + (isUnknown ? " is not defined" : " is ambiguous"));
 }
 
+// The object of DEPENDING ON; null if it is unknown or ambiguous, which is
+// reported.
+DataItem const* Checker::findCounter(DataItem const& table, NameIndex& index) {
+  QualifiedName const& name = table.occurs->depending;
+  auto [outcome, object] = index.resolve(name, table);
+  if (outcome == NameIndex::Outcome::found) return object;
+  if (isSystemItem(name)) return nullptr;
+  if (outcome == NameIndex::Outcome::unknown && name.qualifiers.empty()) {
+    DataItem const* record = recordOf(table);
+    auto [ends, isNew] = m_integers.try_emplace(record, *record);
+    auto [prefixed, isAmbiguous] = ends->second.findBefore(table, name.name);
+    if (isAmbiguous) outcome = NameIndex::Outcome::ambiguous;
+    if (prefixed != nullptr) {
+      reportPrefix(name, *prefixed, m_diagnostics);
+      return prefixed;
+    }
+  }
+  reportName(Code::depending, name, outcome);
+  return nullptr;
+}
+
 void Checker::checkDepending(DataItem& item, NameIndex& index) {
   QualifiedName const& name = item.occurs->depending;
   if (name.name.empty()) return;  // reported by the parser
-  auto [outcome, object] = index.resolve(name, item);
-  if (outcome != NameIndex::Outcome::found) {
-    if (!isSystemItem(name)) reportName(Code::depending, name, outcome);
-    return;
-  }
+  DataItem const* object = findCounter(item, index);
+  if (object == nullptr) return;
   item.dependingOn = object;
   bool isReported =
       object->isIncomplete || (object->picture != nullptr && !object->picture->isValid());

@@ -8,6 +8,7 @@
 
 #include "semantics/data_item.h"
 #include "semantics/name_index.h"
+#include "semantics/prefixed_names.h"
 #include "source/diagnostics.h"
 
 namespace fdmorph::compiler {
@@ -26,6 +27,7 @@ class Checker {
   void checkSiblings(DataItem* first);
   void checkReferences();
   void checkDepending(DataItem& item, NameIndex& index);
+  DataItem const* findCounter(DataItem const& table, NameIndex& index);
   void checkKeys(DataItem const& item, NameIndex& index);
   void checkFiles();
   void checkLengths();
@@ -35,7 +37,8 @@ class Checker {
 
   DataDivision& m_data;
   Diagnostics& m_diagnostics;
-  bool m_hasReferences = false;  // some clause has a name to resolve
+  std::unordered_map<DataItem const*, IntegerEnds> m_integers;  // by record, on demand
+  bool m_hasReferences = false;                                 // some clause has a name to resolve
 };
 
 }  // namespace fdmorph::compiler

@@ -78,6 +78,15 @@ struct OccursClause {
   Place place;
 };
 
+/// The clauses that tie an item to an element or attribute of an XML document.
+/// The dictionary has no trace of them.
+struct XmlClauses {
+  Literal identifiedBy;   ///< of kind none if there is no clause
+  Literal namespaceName;  ///< the same
+  QualifiedName countIn;  ///< the number of occurrences; its name is empty if there is none
+  bool isAttribute = false;
+};
+
 /// An entry of the data division. Its names look at the texts of the source.
 struct DataItem {
   // Set by the parser.
@@ -91,11 +100,13 @@ struct DataItem {
   bool isSynchronized = false;
   bool isUnsigned = false;    ///< UNSIGNED after a usage without a picture
   bool isIncomplete = false;  ///< an error about its picture or items was reported
+  bool isXmlRecord = false;   ///< a record with XML clauses, its own or of an item in it
   Usage usage = Usage::none;
   SignClause sign;
   Picture const* picture = nullptr;
   Place picturePlace;
   std::unique_ptr<OccursClause> occurs;
+  std::unique_ptr<XmlClauses> xml;         ///< null if it has none of them
   std::unique_ptr<QualifiedName> related;  ///< REDEFINES, or the first of RENAMES
   std::unique_ptr<QualifiedName> through;  ///< the last of RENAMES
   std::vector<ValueRange> values;
@@ -130,6 +141,12 @@ Item* recordOf(Item& item) {
   Item* record = &item;
   while (record->parent != nullptr) record = record->parent;
   return record;
+}
+
+/// Whether an elementary item may go without a picture, with no storage: XML
+/// clauses describe elements without content, too.
+inline bool mayBeEmpty(DataItem const& item) {
+  return recordOf(item)->isXmlRecord;
 }
 
 /// Whether an item is `group` or is in it. `item` may be null.

@@ -41,6 +41,7 @@ class ItemCheck {
       : m_item(item), m_usage(entryOf(item.effectiveUsage)), m_diagnostics(diagnostics) {}
 
   void check() {
+    checkEmptyParts();
     if (m_item.isGroup()) {
       checkGroup();
     } else if (m_item.picture == nullptr) {
@@ -64,6 +65,17 @@ class ItemCheck {
   }
   std::string name() const { return m_item.name.empty() ? "item" : "item " + quoted(m_item.name); }
 
+  void checkEmptyParts() {
+    if (mayBeEmpty(m_item)) return;
+    if (m_item.picture != nullptr && m_item.picture->isValid() && m_item.picture->hasEmptyRun) {
+      m_diagnostics.report(Code::picture, m_item.picturePlace,
+                           "picture symbol is repeated zero times");
+    }
+    if (m_item.occurs && m_item.occurs->most == 0) {
+      m_diagnostics.report(Code::occurs, m_item.occurs->place, "a table must occur at least once");
+    }
+  }
+
   void checkGroup() {
     if (m_item.picture != nullptr) {
       m_diagnostics.report(Code::picture, m_item.picturePlace,
@@ -74,7 +86,8 @@ class ItemCheck {
   }
 
   void checkWithoutPicture() {
-    if (takesPicture(m_item.effectiveUsage) && !m_item.isIncomplete) {
+    bool isMissing = takesPicture(m_item.effectiveUsage) && !m_item.isIncomplete;
+    if (isMissing && !mayBeEmpty(m_item)) {
       report(Code::pictureMissing, name() + " has no PICTURE clause");
     }
     if (m_item.isJustified) {

@@ -67,7 +67,7 @@ class Layout {
     } else {
       item.size = sizeOf(item);
     }
-    if (item.size > kMaxItemSize / item.occurrences()) {
+    if (item.occurrences() > 0 && item.size > kMaxItemSize / item.occurrences()) {
       m_diagnostics.report(Code::size, item.place, "item is larger than 2 GB");
       item.size = kMaxItemSize / item.occurrences();
     }

@@ -163,13 +163,12 @@ void Redefinitions::visit(DataItem& item) {
     m_base = &item;
     m_lastAlias = nullptr;
     m_aliases.clear();
+    m_ends.clear();
     return;
   }
   QualifiedName const& target = *item.related;
   if (target.name.empty()) return;  // reported by the parser
-  bool isKnown = m_base != nullptr &&
-                 (equalsIgnoringCase(m_base->name, target.name) || isAlias(target.name, item));
-  if (!isKnown) {
+  if (!isKnown(target, item)) {
     m_diagnostics.report(Code::redefines, target.place,
                          "cannot redefine " + quoted(target.name) +
                              ", which is not the preceding item of the same group");
@@ -183,14 +182,25 @@ void Redefinitions::visit(DataItem& item) {
   item.redefined = m_base;
 }
 
+bool Redefinitions::isKnown(QualifiedName const& target, DataItem const& item) {
+  if (m_base == nullptr) return false;
+  if (equalsIgnoringCase(m_base->name, target.name)) return true;
+  collectAliases(item);
+  if (m_aliases.contains(target.name)) return true;
+  DataItem const* prefixed = m_ends.findLast(target.name);
+  if (prefixed != nullptr) reportPrefix(target, *prefixed, m_diagnostics);
+  return prefixed != nullptr;
+}
+
 // Collects the names of items on demand, each once.
-bool Redefinitions::isAlias(std::string_view name, DataItem const& upTo) {
+void Redefinitions::collectAliases(DataItem const& upTo) {
+  if (m_lastAlias == nullptr) m_ends.add(*m_base);
   DataItem* next = m_lastAlias == nullptr ? m_base->next : m_lastAlias->next;
   for (; next != nullptr && next != &upTo; next = next->next) {
     m_aliases.try_emplace(next->name, next);
+    m_ends.add(*next);
     m_lastAlias = next;
   }
-  return m_aliases.contains(name);
 }
 
 }  // namespace fdmorph::compiler

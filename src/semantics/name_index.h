@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "semantics/data_item.h"
+#include "semantics/prefixed_names.h"
 #include "source/diagnostics.h"
 #include "text/letter_case.h"
 
@@ -106,7 +107,8 @@ bool isFillerName(std::string_view name);
 
 /// Resolves REDEFINES among the items of one group, in their order. The redefined
 /// item is the last one with storage of its own. The clause names that item or
-/// another one that redefines it.
+/// another one that redefines it. If none of them has the name, it means the last
+/// one whose name ends in a hyphen and the name.
 class Redefinitions {
  public:
   explicit Redefinitions(Diagnostics& diagnostics) : m_diagnostics(diagnostics) {}
@@ -116,13 +118,15 @@ class Redefinitions {
   void visit(DataItem& item);
 
  private:
-  bool isAlias(std::string_view name, DataItem const& upTo);
+  bool isKnown(QualifiedName const& target, DataItem const& item);
+  void collectAliases(DataItem const& upTo);
 
   Diagnostics& m_diagnostics;
   DataItem* m_base = nullptr;
   DataItem* m_lastAlias = nullptr;  // the last item added to m_aliases
   std::unordered_map<std::string_view, DataItem*, CaseInsensitiveHash, CaseInsensitiveEqual>
       m_aliases;
+  NameEnds m_ends;  // of the base and the aliases
 };
 
 }  // namespace fdmorph::compiler

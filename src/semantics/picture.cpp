@@ -20,6 +20,7 @@ struct PictureRuns {
   std::string text;  // with constants replaced by their values
   std::vector<PictureRun> runs;
   std::vector<std::string> errors;
+  bool hasEmptyRun = false;
 };
 
 constexpr std::string_view kSymbols = "ABENPSVXZ91G0/,.+-*";
@@ -85,16 +86,17 @@ class RunReader {
     }
     std::optional<std::uint64_t> count = readCount(inside);
     if (!count) return;
-    if (*count == 0) {
-      m_out.errors.push_back("picture symbol is repeated zero times");
-      return;
-    }
     // The value of a constant replaces its name.
     bool isNumber = isAllDigits(inside);
     m_out.text += '(';
     m_out.text += isNumber ? std::string(inside) : std::to_string(*count);
     m_out.text += ')';
-    add(m_out.runs.back().symbol, *count - 1);
+    if (*count == 0) {
+      --m_out.runs.back().count;
+      m_out.hasEmptyRun = true;
+    } else {
+      add(m_out.runs.back().symbol, *count - 1);
+    }
     m_at = end + 1;
   }
 
@@ -341,6 +343,17 @@ void checkBoolean(Counts const& counts, Picture& picture) {
   }
 }
 
+// The category of a picture of zero characters.
+Category findEmptyCategory(std::vector<PictureRun> const& runs) {
+  auto has = [&](std::string_view symbols) {
+    return std::any_of(runs.begin(), runs.end(), [&](PictureRun const& run) {
+      return symbols.find(run.symbol) != std::string_view::npos;
+    });
+  };
+  if (has("NG")) return Category::national;
+  return has("AX") ? Category::alphanumeric : Category::numeric;
+}
+
 Category findCategory(std::vector<PictureRun> const& runs, Counts const& counts, Picture& picture) {
   checkBoolean(counts, picture);
   if (picture.isBoolean) return Category::alphanumeric;
@@ -375,11 +388,17 @@ Picture analysePicture(std::string_view text, PictureRules rules, ConstantLookup
   picture.text = std::move(read.text);
   picture.errors = std::move(read.errors);
   if (!picture.isValid()) return picture;
+  picture.hasEmptyRun = read.hasEmptyRun;
   Counts counts(read.runs);
   if (!hasPositions(counts)) {
+    if (picture.hasEmptyRun) {
+      picture.category = findEmptyCategory(read.runs);
+      return picture;
+    }
     picture.errors.emplace_back("picture describes no character");
     return picture;
   }
+  std::erase_if(read.runs, [](PictureRun const& run) { return run.count == 0; });
   findSize(read.runs, rules.currencySize, picture);
   picture.isSigned = counts.has("S");
   picture.category = findCategory(read.runs, counts, picture);

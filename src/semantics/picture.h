@@ -36,6 +36,7 @@ struct Picture {
   std::uint32_t scale = 0;   ///< those of the digits that follow the decimal point
   bool isSigned = false;     ///< has the symbol S
   bool isBoolean = false;    ///< made of the symbol 1
+  bool hasEmptyRun = false;  ///< a symbol is repeated zero times; allowed beside XML clauses
 
   bool isValid() const { return errors.empty(); }
   std::vector<std::string> errors;

@@ -37,6 +37,7 @@ constexpr std::array kCodes{
     CodeEntry{Code::depending, "depending", true},
     CodeEntry{Code::value, "value", true},
     CodeEntry{Code::constant, "constant", true},
+    CodeEntry{Code::xmlClause, "xml-clause", true},
     CodeEntry{Code::size, "size", true},
     CodeEntry{Code::environment, "environment", true},
     CodeEntry{Code::noData, "no-data", true},
@@ -53,6 +54,7 @@ constexpr std::array kCodes{
     CodeEntry{Code::binarySize, "binary-size", false},
     CodeEntry{Code::pictureWarning, "picture-symbols", false},
     CodeEntry{Code::clauseWarning, "clause-ignored", false},
+    CodeEntry{Code::prefix, "prefix", false},
 };
 
 // A code is the index of its entry.

@@ -44,6 +44,7 @@ enum class Code : std::uint8_t {
   depending,
   value,
   constant,
+  xmlClause,
   size,
   environment,
   noData,
@@ -61,9 +62,10 @@ enum class Code : std::uint8_t {
   binarySize,
   pictureWarning,
   clauseWarning,
+  prefix,
 };
 
-inline constexpr std::size_t kCodeCount = static_cast<std::size_t>(Code::clauseWarning) + 1;
+inline constexpr std::size_t kCodeCount = static_cast<std::size_t>(Code::prefix) + 1;
 
 struct CodeEntry {
   Code code;

@@ -12,6 +12,29 @@ constexpr std::uint64_t kMaxOccurrences = 0x7FFFFFFF;
 // A parser of a clause. `word`, which the clause begins with, is taken.
 using Parse = void (*)(ClauseContext& context, DataItem& item, Token const& word);
 
+XmlClauses& xmlClausesOf(DataItem& item) {
+  if (item.xml == nullptr) item.xml = std::make_unique<XmlClauses>();
+  return *item.xml;
+}
+
+// A literal of an XML clause, which names an element, attribute or namespace.
+void parseXmlName(ClauseContext& context, Literal& literal, Token const& word) {
+  TokenStream& tokens = context.tokens;
+  std::optional<Literal> found = context.values.parseLiteral();
+  if (!found) {
+    tokens.expected(Code::xmlClause, "a literal after " + upperCase(word.text));
+    return;
+  }
+  if (found->kind == Literal::Kind::broken) return;
+  bool isText = found->kind == Literal::Kind::text && !found->isAll && !found->isBinary;
+  if (isText) {
+    literal = *found;
+  } else {
+    tokens.error(Code::xmlClause, found->place,
+                 upperCase(word.text) + " requires a literal in quotes");
+  }
+}
+
 // Storage is shared between programs by whole records.
 void checkIsRecord(ClauseContext& context, DataItem const& item, Token const& clause) {
   if (item.level == 1 || item.level == kSingleLevel) return;
@@ -34,6 +57,10 @@ void parseAny(ClauseContext& context, DataItem& item, Token const& word) {
   item.picturePlace = word.place;
 }
 
+void parseAttribute(ClauseContext& /*context*/, DataItem& item, Token const& /*word*/) {
+  xmlClausesOf(item).isAttribute = true;
+}
+
 void parseBased(ClauseContext& context, DataItem& item, Token const& word) {
   checkIsRecord(context, item, word);
 }
@@ -47,6 +74,17 @@ void parseBlank(ClauseContext& context, DataItem& item, Token const& /*word*/) {
   item.isBlankWhenZero = true;
 }
 
+void parseCountIn(ClauseContext& context, DataItem& item, Token const& /*word*/) {
+  TokenStream& tokens = context.tokens;
+  if (!tokens.skip(Keyword::in)) {
+    tokens.expected(Code::syntax, "IN after COUNT");
+    return;
+  }
+  XmlClauses& xml = xmlClausesOf(item);
+  xml.countIn.place = tokens.peek().place;
+  if (auto name = context.names.parse()) xml.countIn.name = *name;
+}
+
 // EXTERNAL AS "name"
 void parseExternal(ClauseContext& context, DataItem& item, Token const& word) {
   checkIsRecord(context, item, word);
@@ -55,6 +93,11 @@ void parseExternal(ClauseContext& context, DataItem& item, Token const& word) {
 
 void parseGlobal(ClauseContext& context, DataItem& item, Token const& word) {
   checkIsRecord(context, item, word);
+}
+
+void parseIdentifiedBy(ClauseContext& context, DataItem& item, Token const& word) {
+  context.tokens.skip(Keyword::by);
+  parseXmlName(context, xmlClausesOf(item).identifiedBy, word);
 }
 
 void parseJustified(ClauseContext& context, DataItem& item, Token const& /*word*/) {
@@ -82,8 +125,8 @@ std::optional<std::uint64_t> parseCount(TokenStream& tokens, ValueParser& values
 // Whether one more name of a list is next, and not another phrase or clause.
 bool isNameListed(TokenStream& tokens) {
   Token const& token = tokens.peek();
-  return token.kind == Token::Kind::word && !beginsClause(token.keyword) &&
-         !usageOf(token.keyword) && !token.is(Keyword::ascending) &&
+  return token.kind == Token::Kind::word && !tokens.isClause() && !usageOf(token.keyword) &&
+         !token.is(Keyword::attribute) && !token.is(Keyword::ascending) &&
          !token.is(Keyword::descending) && !token.is(Keyword::indexed) &&
          !token.is(Keyword::depending);
 }
@@ -111,6 +154,11 @@ void parseOccursPhrases(ClauseContext& context, OccursClause& occurs) {
   }
 }
 
+void parseNamespace(ClauseContext& context, DataItem& item, Token const& word) {
+  context.tokens.skip(Keyword::is);
+  parseXmlName(context, xmlClausesOf(item).namespaceName, word);
+}
+
 void parseOccurs(ClauseContext& context, DataItem& item, Token const& word) {
   TokenStream& tokens = context.tokens;
   auto occurs = std::make_unique<OccursClause>();
@@ -133,10 +181,7 @@ void parseOccurs(ClauseContext& context, DataItem& item, Token const& word) {
   if (least && most && !isUnbounded) {
     occurs->least = *least;
     occurs->most = *most;
-    if (*most == 0) {
-      fail("a table must occur at least once");
-      occurs->most = 1;
-    } else if (*least > *most || (hasRange && *least == *most)) {
+    if (*least > *most || (hasRange && *least == *most)) {
       fail("OCCURS range must end above its start");
       occurs->least = occurs->most;
     } else if (hasRange && !occurs->isDepending) {
@@ -209,7 +254,7 @@ void parseUsage(ClauseContext& context, DataItem& item, Token const& word) {
     case Usage::handle:
       // HANDLE OF WINDOW, HANDLE OF FONT LARGE-FONT
       if (!tokens.skip(Keyword::of)) break;
-      while (tokens.isWord() && !beginsClause(tokens.peek().keyword)) tokens.take();
+      while (tokens.isWord() && !tokens.isClause()) tokens.take();
       break;
     case Usage::display:
       tokens.skipWord("NATIVE");
@@ -231,11 +276,15 @@ void parseVolatile(ClauseContext& /*context*/, DataItem& /*item*/, Token const& 
 struct ClauseRow {
   enum Kind : std::uint8_t {
     any,
+    attribute,
     based,
     blank,
+    countIn,
     external,
     global,
+    identifiedBy,
     justified,
+    namespaceName,
     occurs,
     picture,
     redefines,
@@ -253,12 +302,16 @@ struct ClauseRow {
 
 constexpr std::array kClauses{
     ClauseRow{Keyword::any, ClauseRow::any, parseAny},
+    ClauseRow{Keyword::attribute, ClauseRow::attribute, parseAttribute},
     ClauseRow{Keyword::based, ClauseRow::based, parseBased},
     ClauseRow{Keyword::blank, ClauseRow::blank, parseBlank},
+    ClauseRow{Keyword::count, ClauseRow::countIn, parseCountIn},
     ClauseRow{Keyword::external, ClauseRow::external, parseExternal},
     ClauseRow{Keyword::global, ClauseRow::global, parseGlobal},
+    ClauseRow{Keyword::identified, ClauseRow::identifiedBy, parseIdentifiedBy},
     ClauseRow{Keyword::just, ClauseRow::justified, parseJustified},
     ClauseRow{Keyword::leading, ClauseRow::sign, parseSign},
+    ClauseRow{Keyword::namespaceWord, ClauseRow::namespaceName, parseNamespace},
     ClauseRow{Keyword::occurs, ClauseRow::occurs, parseOccurs},
     ClauseRow{Keyword::picture, ClauseRow::picture, parsePicture},
     ClauseRow{Keyword::redefines, ClauseRow::redefines, parseRedefines},
@@ -271,9 +324,15 @@ constexpr std::array kClauses{
 // Any word of a usage begins this one.
 constexpr ClauseRow kUsageClause{Keyword::usage, ClauseRow::usage, parseUsage};
 
+// The words of XML clauses are names in most places.
+constexpr bool isXmlWord(Keyword keyword) {
+  return keyword == Keyword::attribute || keyword == Keyword::count ||
+         keyword == Keyword::identified || keyword == Keyword::namespaceWord;
+}
+
 constexpr bool clausesBeginAsKeywordsSay() {
   for (ClauseRow const& each : kClauses) {
-    if (!beginsClause(each.keyword)) return false;
+    if (beginsClause(each.keyword) == isXmlWord(each.keyword)) return false;
   }
   return true;
 }
@@ -303,8 +362,8 @@ Picture const& PictureTable::find(std::string_view text) {
 bool ClauseParser::parse(Entry& entry) {
   TokenStream& tokens = m_context.tokens;
   Keyword first = tokens.peek().keyword;
-  // USAGE and SIGN come before the word that says which; IS before GLOBAL and
-  // EXTERNAL means nothing.
+  // USAGE and SIGN come before the word that says which; IS before GLOBAL,
+  // EXTERNAL and ATTRIBUTE means nothing.
   if (first == Keyword::usage || first == Keyword::sign) {
     tokens.take();
     tokens.skip(Keyword::is);
@@ -325,7 +384,10 @@ bool ClauseParser::parse(Entry& entry) {
       return true;
     }
   } else if (first == Keyword::is) {
-    if (!tokens.peek(1).is(Keyword::external) && !tokens.peek(1).is(Keyword::global)) return false;
+    Token const& second = tokens.peek(1);
+    bool isClause =
+        second.is(Keyword::external) || second.is(Keyword::global) || second.is(Keyword::attribute);
+    if (!isClause) return false;
     tokens.take();
   }
   ClauseRow const* clause = findClause(tokens.peek().keyword);

@@ -45,6 +45,24 @@ void EntryParser::parse() {
   m_tree.attach(item);
 }
 
+// Whether the next word is a name because an XML clause follows it, perhaps after
+// OCCURS: items without a name do not have one. A usage can have other clauses
+// before the XML clause.
+bool EntryParser::isNamedByXmlClause() {
+  constexpr std::size_t kMaxTokens = 32;
+  std::size_t at = 1;
+  if (usageOf(m_tokens.peek().keyword)) {
+    while (at < kMaxTokens && !m_tokens.isXmlClause(at)) {
+      Token::Kind kind = m_tokens.peek(at).kind;
+      if (kind == Token::Kind::period || kind == Token::Kind::end) return false;
+      ++at;
+    }
+  } else if (m_tokens.peek(at).is(Keyword::occurs)) {
+    at += m_tokens.peek(at + 2).is(Keyword::times) ? 3U : 2U;
+  }
+  return m_tokens.isXmlClause(at);
+}
+
 // Whether the word after a level number is a name. A word that begins a clause
 // is one where what follows cannot go on with that clause.
 bool EntryParser::isName() {
@@ -52,7 +70,9 @@ bool EntryParser::isName() {
   if (token.kind != Token::Kind::word) return false;
   Keyword keyword = token.keyword;
   if (keyword == Keyword::none || keyword == Keyword::filler) return true;
+  if (m_tokens.isXmlClause()) return false;
   if (!usageOf(keyword) && !beginsClause(keyword)) return true;
+  if (isNamedByXmlClause()) return true;
   Token const& following = m_tokens.peek(1);
   bool isOtherClause = following.kind == Token::Kind::word && beginsClause(following.keyword);
   switch (keyword) {
@@ -122,7 +142,7 @@ void EntryParser::parseClauses(DataItem& item) {
     // One report is enough for what stands up to the next clause.
     do {
       m_tokens.take();
-    } while (!m_tokens.isSentenceEnd() && !beginsClause(m_tokens.peek().keyword));
+    } while (!m_tokens.isSentenceEnd() && !m_tokens.isClause());
   }
   if (m_tokens.skipPeriod() || isBroken || m_isCopyMissing || m_tokens.last().isOpen) return;
   m_tokens.expectPeriod("data description entry");

@@ -40,6 +40,7 @@ class EntryParser {
   void parseRenames(DataItem& item);
   void parseName(DataItem& item);
   bool isName();
+  bool isNamedByXmlClause();
   void skipBrokenEntry(Code code, std::string const& wanted);
   void endShortEntry(std::string const& what);
 

@@ -53,6 +53,7 @@ void ItemTree::attach(DataItem& item) {
   if (item.level == 1 || item.level == kSingleLevel) {
     m_open.clear();
     attachRecord(item);
+    item.isXmlRecord = item.xml != nullptr;
     m_open.push_back(&item);
     return;
   }
@@ -65,6 +66,7 @@ void ItemTree::attach(DataItem& item) {
     openImpliedRecord(item.place);
   }
   attachToGroup(item);
+  if (item.xml != nullptr) recordOf(item)->isXmlRecord = true;
 }
 
 void ItemTree::attachRenames(DataItem& item) {
@@ -123,6 +125,7 @@ void ItemTree::finish() {
     DataItem* only = record->isImplied ? record->firstChild : nullptr;
     if (only != nullptr && canBeRecord(*only)) {
       only->parent = nullptr;
+      only->isXmlRecord = record->isXmlRecord;
       only->next = record->next;
       (before == nullptr ? list.first : before->next) = only;
       if (list.last == record) list.last = only;

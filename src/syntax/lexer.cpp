@@ -72,6 +72,7 @@ Token Lexer::readToken() {
   TextWord const& word = ahead(0);
   if (m_isPictureNext && !word.isEnd() && !(word.is('.') && ahead(1).precededBySpace)) {
     bool isFill = word.isWord("IS") || keywordOf(word.text) == Keyword::picture ||
+                  word.isWord("IDENTIFIED") ||  // PIC is a name
                   (word.isWord("SYMBOL") && ahead(1).kind == TextWord::Kind::literal);
     if (!isFill) return readPicture();
     bool isPictureAfter = word.isWord("IS");

@@ -105,6 +105,29 @@ bool TokenStream::isSentenceEnd() {
   return isEnd() || isPeriod() || isEntryStart() || isHeader();
 }
 
+bool TokenStream::isXmlClause(std::size_t index) {
+  auto isLiteral = [&](std::size_t after) {
+    return peek(index + after).kind == Token::Kind::literal;
+  };
+  auto is = [&](std::size_t after, Keyword keyword) { return peek(index + after).is(keyword); };
+  switch (peek(index).keyword) {
+    case Keyword::identified:
+      return isLiteral(1) || (is(1, Keyword::by) && isLiteral(2));
+    case Keyword::namespaceWord:
+      return isLiteral(1) || (is(1, Keyword::is) && isLiteral(2));
+    case Keyword::count:
+      return is(1, Keyword::in);
+    case Keyword::is:
+      return is(1, Keyword::attribute);
+    default:
+      return false;
+  }
+}
+
+bool TokenStream::isClause() {
+  return beginsClause(peek().keyword) || isXmlClause();
+}
+
 void TokenStream::skipSentence() {
   while (!isSentenceEnd()) take();
   skipPeriod();

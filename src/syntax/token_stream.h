@@ -63,6 +63,12 @@ class TokenStream {
   /// Whether the sentence ends here: at a period, or where another sentence
   /// begins without one.
   bool isSentenceEnd();
+  /// Whether an XML clause begins `index` tokens ahead: IDENTIFIED, NAMESPACE or COUNT with
+  /// what follows it, or IS ATTRIBUTE. Their words are names elsewhere.
+  bool isXmlClause(std::size_t index = 0);
+  /// Whether any clause of a data description begins here, a usage alone left
+  /// out.
+  bool isClause();
   /// Takes all tokens of the sentence, and its period.
   void skipSentence();
 

@@ -51,7 +51,13 @@ INSTANTIATE_TEST_SUITE_P(
                     Expected{"$$,$$9.99DB", Category::numericEdited, 11, 6, 2},
                     Expected{"-9(9).9(9)", Category::numericEdited, 20, 18, 9},
                     Expected{"ZZZ9CR", Category::numericEdited, 6, 4, 0},
-                    Expected{"+9.99E+99", Category::numericEdited, 9, 0, 0}),
+                    Expected{"+9.99E+99", Category::numericEdited, 9, 0, 0},
+                    // Whether a symbol may be repeated zero times is a matter of the item.
+                    Expected{"S9(18)V9(0)", Category::numeric, 18, 18, 0},
+                    Expected{"S9(0)V9(2)", Category::numeric, 2, 2, 2},
+                    Expected{"9(0)", Category::numeric, 0, 0, 0},
+                    Expected{"N(0)", Category::national, 0, 0, 0},
+                    Expected{"X(0)", Category::alphanumeric, 0, 0, 0}),
     [](auto const& test) { return parameterName(test.index, test.param.text); });
 
 struct Faulty {
@@ -70,7 +76,6 @@ TEST_P(BadPicture, HasOneError) {
 INSTANTIATE_TEST_SUITE_P(
     All, BadPicture,
     testing::Values(Faulty{"X(", "expected ')' at the end of the picture"},
-                    Faulty{"X(0)", "picture symbol is repeated zero times"},
                     Faulty{"(3)X", "expected a picture symbol before '('"},
                     Faulty{"X(2)(3)", "expected a picture symbol before '('"},
                     Faulty{"X(N)", "expected a number or constant in parentheses, found 'N'"},

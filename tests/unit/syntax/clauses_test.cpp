@@ -97,8 +97,6 @@ TEST(OccursClause, MayBeUnboundedInTheLinkageSection) {
 TEST(OccursClause, HasARangeThatRises) {
   EXPECT_EQ(ParsedClauses("OCCURS 3 TO 2 DEPENDING ON N").reports(),
             "1:1: error: OCCURS range must end above its start [occurs]\n");
-  EXPECT_EQ(ParsedClauses("OCCURS 0").reports(),
-            "1:1: error: a table must occur at least once [occurs]\n");
   EXPECT_EQ(ParsedClauses("OCCURS 1 TO 2").reports(),
             "1:1: error: OCCURS with TO requires DEPENDING ON [occurs]\n");
   EXPECT_EQ(ParsedClauses("OCCURS 2147483648").reports(),
