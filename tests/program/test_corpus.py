@@ -40,6 +40,13 @@ HIGHEST_STATUS = 255
 MODES = {"plain": ("", []), "unique": ("X-", ["-unique", "-p", "X-"])}  # prefix and options
 RECORD = b"       01 "
 
+# What COBOL does not allow however a schema is written: names of words beyond 63 characters
+# (COBOL 2014 has 31), and fractions with more digits than the number.
+IMPOSSIBLE = re.compile(
+    r"is longer than 63 characters \[name\]$"
+    r"|expected a number or constant in parentheses, found '-\d+' \[picture\]$"
+)
+
 SUMMARY = re.compile(r"^(\d+) error\(s\), (\d+) warning\(s\)\n\Z", re.MULTILINE)
 CONVERTED = re.compile(r"^Successfully converted (\d+) of (\d+) schema head element", re.MULTILINE)
 NO_HEAD = "Error : No schema head element found in schema definition."
@@ -178,6 +185,17 @@ def test_cobc_accepts_the_data_division(conversion: Conversion, tmp_path: Path) 
     if unexplained:
         report = [complaint.describe() for complaint in unexplained]
         pytest.fail("\n".join([name_of(conversion.schema), *report]), pytrace=False)
+
+
+def test_the_bundled_compiler_accepts_the_copybook(conversion: Conversion) -> None:
+    if conversion.refused() or conversion.copybook.stat().st_size == 0:
+        pytest.skip("the schema is refused, or gives no record")
+    compiler = harness.program_under_test("ZBC")
+    done = harness.run(conversion.copybook.parent, compiler, conversion.copybook.name)
+    reports = harness.readable(done.stderr)
+    errors = [line for line in reports.splitlines() if ": error: " in line]
+    assert [line for line in errors if not IMPOSSIBLE.search(line)] == []
+    assert done.returncode == (1 if errors else 0)
 
 
 @pytest.mark.parametrize(
