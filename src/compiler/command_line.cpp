@@ -5,6 +5,8 @@
 namespace fdmorph::compiler {
 namespace {
 
+constexpr std::string_view kStyleOption = "--diagnostics=";
+
 std::string withoutQuotes(std::string const& name) {
   bool isQuoted = name.size() >= 2 && name.front() == '"' && name.back() == '"';
   return isQuoted ? name.substr(1, name.size() - 2) : name;
@@ -33,6 +35,7 @@ class Reader {
 
  private:
   static bool isWord(std::string const& argument) {
+    if (argument == kStandardInput) return true;
     return !argument.empty() && argument.front() != '-' && argument.front() != '@';
   }
 
@@ -52,6 +55,8 @@ class Reader {
       m_result.action = CommandLine::Action::help;
     } else if (argument == "--version") {
       m_result.action = CommandLine::Action::version;
+    } else if (argument.starts_with(kStyleOption)) {
+      readStyle(argument.substr(kStyleOption.size()));
     } else if (argument.starts_with("-C")) {
       m_isAfterOption = true;
       apply(argument.substr(2));
@@ -63,6 +68,13 @@ class Reader {
       apply(argument);
     } else if (!argument.empty()) {
       m_result.error = "more than one source file";
+    }
+  }
+
+  void readStyle(std::string const& style) {
+    m_result.printsJson = style == "json";
+    if (style != "json" && style != "text") {
+      m_result.error = "expected json or text after " + std::string(kStyleOption);
     }
   }
 
@@ -95,22 +107,34 @@ CommandLine readCommandLine(std::vector<std::string> const& arguments, FileTree&
 }
 
 char const* helpText() {
-  return "Usage: zbc [-C DIRECTIVE ...]... [@FILE] SOURCE\n"
+  return "Usage: zbc [OPTION]... [-C DIRECTIVE ...]... [@FILE] SOURCE\n"
          "Checks the data division of a COBOL program or copybook.\n"
          "\n"
-         "  -C DIRECTIVE ...   apply compiler directives\n"
-         "  @FILE              apply the directives of a file; lines with * are comments\n"
-         "  --help             show this text\n"
-         "  --version          show the version\n"
+         "  -C DIRECTIVE ...       apply compiler directives\n"
+         "  @FILE                  apply the directives of a file; lines with * are comments\n"
+         "  SOURCE, FILE           - is the standard input\n"
+         "  --diagnostics=FORMAT   FORMAT is text or json, an object on each line\n"
+         "  --help                 show this text\n"
+         "  --version              show the version\n"
          "\n"
          "Directives:\n"
-         "  XMLGEN(WS)         write the data dictionary next to the source, as .xml\n"
-         "  XMLGEN(FILE)       the same, with the file section first\n"
-         "  SOURCEFORMAT(F)    F is FIXED, VARIABLE or FREE\n"
-         "  COPYPATH(DIR:DIR)  folders to search for copy members\n"
-         "  COPYEXT(EXT,EXT)   extensions of copy members\n"
-         "  TABS(N)            columns between tab stops\n"
-         "  DBGI, NOOBJ        accepted without effect\n"
+         "  XMLGEN(WS)             write the data dictionary next to the source, as .xml\n"
+         "  XMLGEN(FILE)           the same, with the file section first\n"
+         "  RECORD(NAME NAME)      only these records, in this order\n"
+         "  SECTION(SECTION)       the records of FILE, WORKING-STORAGE, LOCAL-STORAGE or\n"
+         "                         LINKAGE\n"
+         "  CONDITIONS(OFF)        leave conditions out\n"
+         "  VALUES(OFF)            leave the values of items out\n"
+         "  REDEFINES(NAME NAME)   these items in place of those that they redefine\n"
+         "  RENAME-FILLER(ON)      call FILLER items FILLER-1, FILLER-2, ...\n"
+         "  LIST(FILE)             write a listing of the items; - is the standard output\n"
+         "  DIALECT(D)             sizes of binary items; D is GNUCOBOL or IBM\n"
+         "  SOURCEFORMAT(F)        F is FIXED, VARIABLE or FREE\n"
+         "  TABS(N)                columns between tab stops\n"
+         "  COPYPATH(DIR:DIR)      folders to search for copy members\n"
+         "  COPYEXT(EXT,EXT)       extensions of copy members\n"
+         "  COPYMISSING(WARN)      only warn of a copy member that is not found\n"
+         "  DBGI, NOOBJ            accepted without effect\n"
          "\n"
          "Exit status: 0 without errors, 1 with errors in the source,\n"
          "2 for a wrong command line.\n";

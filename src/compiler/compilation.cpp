@@ -1,10 +1,15 @@
 #include "compiler/compilation.h"
 
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <new>
 
+#include "compiler/dictionary_writer.h"
+#include "compiler/format_hint.h"
+#include "compiler/listing.h"
 #include "preprocess/text_manipulation.h"
 #include "semantics/checker.h"
 #include "syntax/parser.h"
@@ -12,6 +17,8 @@
 
 namespace fdmorph::compiler {
 namespace {
+
+constexpr std::string_view kStandardOutput = "-";
 
 // The name of a file without folder and extension.
 std::string_view baseName(std::string_view path) {
@@ -26,9 +33,41 @@ std::string sourceName() {
   return name == nullptr ? std::string() : name;
 }
 
-std::string describeMissingData(DataDivision const& data, std::string const& name) {
-  return quoted(name) + (data.isProgram ? " has no data item in its working-storage or file section"
-                                        : " has no data description");
+std::string describeMissingData(DataDivision const& data, DictionaryChoice const& choice,
+                                std::string const& name) {
+  std::string text = quoted(name);
+  if (!data.isProgram) return text + " has no data description";
+  if (choice.section) return text + " has no data item in the section that SECTION chooses";
+  text += " has no data item in its working-storage or file section";
+  if (data.linkage.first != nullptr) return text + "; SECTION(LINKAGE) chooses its linkage section";
+  if (data.localStorage.first != nullptr) {
+    return text + "; SECTION(LOCAL-STORAGE) chooses its local-storage section";
+  }
+  return text;
+}
+
+// The format that the directives say applies up to a directive in the source.
+void noteFormat(SourceFile const& file, Format format, DataDivision const& data,
+                Diagnostics& diagnostics) {
+  if (!diagnostics.hasErrors() && !data.isEmpty()) return;
+  constexpr std::uint32_t kMainText = 1;
+  if (std::optional<FormatHint> hint = findFormatHint(file.content, format)) {
+    diagnostics.report(Code::format, {kMainText, static_cast<std::uint32_t>(hint->offset)},
+                       std::string(hint->text));
+  }
+}
+
+// The dictionary, or nothing if there is an error.
+std::string describeData(DataDivision const& data, Directives const& directives,
+                         std::string const& name, Diagnostics& diagnostics) {
+  DictionaryContent content = chooseContent(data, directives.choice, diagnostics);
+  if (diagnostics.hasErrors()) return {};
+  if (content.isEmpty()) {
+    diagnostics.report(Code::noData, {}, describeMissingData(data, directives.choice, name));
+    return {};
+  }
+  warnOfLosses(data, content, directives.order, diagnostics);
+  return buildDictionary(data, content, directives.order, diagnostics);
 }
 
 // Returns false if the text could not be written.
@@ -37,20 +76,51 @@ bool print(std::FILE* stream, std::string const& text) {
          std::fflush(stream) == 0;
 }
 
+// Reports and returns false if the text could not be written. "-" is the standard
+// output stream.
+bool write(std::string const& path, std::string const& text) {
+  if (path == kStandardOutput) return print(stdout, text);
+  std::optional<std::string> why = replaceFile(path, text);
+  if (why) print(stderr, "zbc: error: cannot write " + printable(path) + ": " + *why + " [file]\n");
+  return !why;
+}
+
+// Whether colors of the error stream reach a reader who wants them.
+bool isColorWanted() {
+  auto valueOf = [](char const* name) {
+    char const* value = std::getenv(name);
+    return std::string_view(value == nullptr ? "" : value);
+  };
+  return ::isatty(STDERR_FILENO) == 1 && valueOf("NO_COLOR").empty() && valueOf("TERM") != "dumb";
+}
+
+DiagnosticStyle styleOf(CommandLine const& line) {
+  if (line.printsJson) return DiagnosticStyle::jsonLines;
+  return isColorWanted() ? DiagnosticStyle::colored : DiagnosticStyle::plain;
+}
+
+// The output that would replace the source, or null.
+std::string const* outputInPlaceOfSource(CommandLine const& line, std::string const& target) {
+  if (line.sourcePath == kStandardInput) return nullptr;
+  if (line.directives.writesDictionary && target == line.sourcePath) return &target;
+  return line.directives.listing == line.sourcePath ? &line.directives.listing : nullptr;
+}
+
 }  // namespace
 
 std::string dictionaryPath(std::string const& sourcePath) {
+  if (sourcePath == kStandardInput) return std::string(kStandardOutput);
   std::string folder = folderOf(sourcePath);
   return folder + std::string(baseName(sourcePath)) + ".xml";
 }
 
 CompilationResult compileSource(std::string const& path, Directives const& directives,
-                                FileTree& tree, std::string const& name) {
+                                FileTree& tree, std::string const& name, DiagnosticStyle style) {
   CompilationResult result;
   Sources sources(tree);
   Diagnostics diagnostics(sources);
   for (std::string const& each : directives.unknown) {
-    diagnostics.report(Code::directive, {}, "unknown directive " + quoted(each));
+    diagnostics.report(Code::directive, {}, describeUnknown(each));
   }
   DataDivision data;
   SourceFile const* file = sources.file(path, name);
@@ -61,10 +131,12 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
     CopySearch search(sources, directives.copying, path);
     TextPool pool;
     TextContext context{sources, diagnostics, search, pool, directives.reading};
+    context.warnsOfMissingCopies = directives.warnsOfMissingCopies;
     FileText text(context, file, {});
     ReplaceStatements replaced(text, context.pool, context.budget, context.diagnostics);
     Lexer lexer(replaced, pool);
     data.programName = baseName(path);
+    data.dialect = directives.dialect;
     Parser(lexer, pool, context.variables, diagnostics, data, [&context](Place place) {
       return context.hasTextPastMargin(place);
     }).parse();
@@ -76,14 +148,15 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
           "lines with a letter in column 7 are ignored, and the others have no data");
     }
     if (directives.writesDictionary && !diagnostics.hasErrors()) {
-      if (hasDictionaryItems(data)) {
-        result.dictionary = buildDictionary(data, directives.order, diagnostics);
-      } else {
-        diagnostics.report(Code::noData, {}, describeMissingData(data, file->name));
-      }
+      result.dictionary = describeData(data, directives, file->name, diagnostics);
     }
+    if (!directives.listing.empty() && !diagnostics.hasErrors()) {
+      result.listing = listItems(data, sources);
+    }
+    noteFormat(*file, directives.reading.format, data, diagnostics);
   }
-  result.diagnostics = diagnostics.print();
+  result.diagnostics = printDiagnostics(diagnostics, style);
+  result.summary = printSummary(diagnostics);
   result.status = diagnostics.hasErrors() ? kStatusError : kStatusOk;
   return result;
 }
@@ -106,24 +179,23 @@ int compilerMain(std::vector<std::string> const& arguments) {
       break;
   }
   std::string target = dictionaryPath(line.sourcePath);
-  if (line.directives.writesDictionary && target == line.sourcePath) {
-    print(stderr, "zbc: the dictionary would replace its source " + printable(target) + "\n");
+  if (std::string const* output = outputInPlaceOfSource(line, target)) {
+    print(stderr, "zbc: the output would replace the source " + printable(*output) + "\n");
     return kStatusUsageError;
   }
   CompilationResult result;
   try {
-    result = compileSource(line.sourcePath, line.directives, tree, sourceName());
+    result = compileSource(line.sourcePath, line.directives, tree, sourceName(), styleOf(line));
   } catch (std::bad_alloc const&) {
     print(stderr, kOutOfMemory);
     return kStatusError;
   }
   print(stderr, result.diagnostics);
-  if (result.dictionary.empty()) return result.status;
-  if (std::optional<std::string> why = replaceFile(target, result.dictionary)) {
-    print(stderr, "zbc: error: cannot write " + printable(target) + ": " + *why + " [file]\n");
-    return kStatusError;
-  }
-  return result.status;
+  if (!line.printsJson) print(stderr, result.summary);
+  bool isWritten = true;
+  if (!result.listing.empty()) isWritten &= write(line.directives.listing, result.listing);
+  if (!result.dictionary.empty()) isWritten &= write(target, result.dictionary);
+  return isWritten ? result.status : kStatusError;
 }
 
 }  // namespace fdmorph::compiler

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "compiler/command_line.h"
+#include "source/diagnostic_output.h"
 
 namespace fdmorph::compiler {
 
@@ -18,15 +19,19 @@ inline constexpr char kOutOfMemory[] = "zbc: error: out of memory [size]\n";
 struct CompilationResult {
   int status = kStatusOk;
   std::string diagnostics;
+  std::string summary;     ///< the numbers of errors and warnings; empty if there are none
   std::string dictionary;  ///< empty if none was requested or there were errors
+  std::string listing;     ///< the same
 };
 
 /// Compiles a source without writing files. `name` is the name of the source in
 /// messages, the path if empty.
 [[nodiscard]] CompilationResult compileSource(std::string const& path, Directives const& directives,
-                                              FileTree& tree, std::string const& name = {});
+                                              FileTree& tree, std::string const& name = {},
+                                              DiagnosticStyle style = DiagnosticStyle::plain);
 
-/// The path of the dictionary: that of the source with the extension xml.
+/// The path of the dictionary: that of the source with the extension xml. "-", the
+/// standard output, if the source is the standard input.
 [[nodiscard]] std::string dictionaryPath(std::string const& sourcePath);
 
 /// Compiles the source named by the command line, without the program name, and

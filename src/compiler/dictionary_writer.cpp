@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "semantics/item_rules.h"
+#include "semantics/name_index.h"
 #include "semantics/values.h"
 #include "text/xml_writer.h"
 
@@ -54,15 +55,12 @@ struct ValueTexts {
   bool isRange;
 };
 
-bool hasFileItems(DataDivision const& data) {
-  return std::any_of(data.files.begin(), data.files.end(),
-                     [](FileDescription const& file) { return file.records.first != nullptr; });
-}
-
 class Writer {
  public:
-  Writer(DataDivision const& data, Diagnostics& diagnostics, std::size_t maxValueText)
-      : m_data(data), m_diagnostics(diagnostics), m_maxValueText(maxValueText) {
+  Writer(DataDivision const& data, DictionaryContent const& content, Diagnostics& diagnostics,
+         std::size_t maxValueText)
+      : m_data(data), m_content(content), m_diagnostics(diagnostics), m_maxValueText(maxValueText) {
+    if (!content.hasFiles) return;
     for (FileDescription const& file : data.files) {
       DataItem const* record = file.records.first;
       for (; record != nullptr; record = record->next) m_files[record] = file.name;
@@ -74,67 +72,106 @@ class Writer {
     m_xml.begin("program");
     m_xml.attribute("name", m_data.programName);
     if (order == DictionaryOrder::filesFirst) writeFiles();
-    if (m_data.workingStorage.first != nullptr) {
-      m_xml.begin("dataItems");
-      writeItems(m_data.workingStorage.first);
-      m_xml.end("dataItems");
-    }
+    writeRecords();
     if (order == DictionaryOrder::workingStorageFirst) writeFiles();
     m_xml.end("program");
     return m_xml.release();
   }
 
  private:
+  void writeRecords() {
+    if (m_content.records.empty()) return;
+    m_xml.begin("dataItems");
+    if (m_content.areRecordsChosen) {
+      for (DataItem const* each : m_content.records) writeItem(*each, Role::alone);
+    } else {
+      writeItems(m_content.records);
+    }
+    m_xml.end("dataItems");
+  }
+
   void writeFiles() {
-    if (!hasFileItems(m_data)) return;
+    if (!m_content.hasFiles) return;
     m_xml.begin("fileSection");
     for (FileDescription const& file : m_data.files) {
       if (file.records.first == nullptr) continue;
       m_xml.begin("fd");
       m_xml.attribute("name", file.name);
-      writeItems(file.records.first);
+      writeItems(listOf(file.records.first));
       m_xml.end("fd");
     }
     m_xml.end("fileSection");
   }
 
-  void writeItems(DataItem const* first) {
-    for (DataItem const* item = first; item != nullptr; item = item->next) writeItem(*item);
+  static std::vector<DataItem const*> listOf(DataItem const* first) {
+    std::vector<DataItem const*> items;
+    for (DataItem const* item = first; item != nullptr; item = item->next) items.push_back(item);
+    return items;
+  }
+
+  // The items of a section, file or group, a chosen view in place of the item that
+  // it redefines.
+  void writeItems(std::vector<DataItem const*> const& items) {
+    for (DataItem const* item : items) {
+      DataItem const* base = item->redefined != nullptr ? item->redefined : item;
+      auto view = m_content.views.find(base);
+      if (view == m_content.views.end()) {
+        writeItem(*item, Role::part);
+      } else if (item == base) {
+        writeView(*base, *view->second);
+      }
+    }
+  }
+
+  // The storage of all views is described, whichever is chosen.
+  void writeView(DataItem const& base, DataItem const& chosen) {
+    writeItem(chosen, Role::alone);
+    std::uint64_t size = 0;
+    for (DataItem const* each = &base;
+         each == &base || (each != nullptr && each->redefined == &base); each = each->next) {
+      size = std::max(size, each->size * each->occurrences());
+    }
+    std::uint64_t rest = size - chosen.size * chosen.occurrences();
+    if (rest > 0 && base.parent != nullptr) writeSlack(base.level, rest);
   }
 
   // Slack bytes are an unnamed item, so that a copybook without SYNCHRONIZED
   // describes the same storage.
-  void writeSlack(DataItem const& item) {
+  void writeSlack(std::uint8_t level, std::uint64_t size) {
     m_xml.begin("alphanumeric");
     m_xml.attribute("name", "FILLER");
-    m_xml.attribute("level", std::uint64_t{item.level});
+    m_xml.attribute("level", std::uint64_t{level});
     m_xml.attribute("usage", "display");
-    m_xml.attribute("picture", "X(" + std::to_string(item.slack) + ")");
-    m_xml.attribute("length", item.slack);
+    m_xml.attribute("picture", "X(" + std::to_string(size) + ")");
+    m_xml.attribute("length", size);
     m_xml.attribute("slack", "true");
     m_xml.end("alphanumeric");
   }
 
-  void writeItem(DataItem const& item) {
-    if (item.slack > 0) writeSlack(item);
+  /// Whether a redefinition has the redefined item before it.
+  enum class Role { part, alone };
+
+  void writeItem(DataItem const& item, Role role) {
+    if (item.slack > 0) writeSlack(item.level, item.slack);
     char const* element = elementOf(kindOf(item));
     m_xml.begin(element);
-    m_xml.attribute("name", nameOf(item));
+    m_xml.attribute("name", shownName(item));
     m_xml.attribute("level", std::uint64_t{item.isImplied ? 1U : item.level});
     if (!item.isGroup() && !isRange(item)) writePicture(item);
     m_xml.attribute("length", item.size);
     writeOccurs(item);
-    if (item.isRedefinition) m_xml.attribute("redefines", "true");
+    if (item.isRedefinition && role == Role::part) m_xml.attribute("redefines", "true");
     if (item.level == kRenamesLevel) m_xml.attribute("renames", "true");
     if (item.isGroup()) {
-      if (!item.values.empty()) reportLost(item.values.front());
+      if (!item.values.empty() && m_content.hasValues) reportLost(item.values.front());
     } else {
       writeClauses(item);
     }
-    for (DataItem const* each = item.firstCondition; each != nullptr; each = each->next) {
+    for (DataItem const* each = m_content.hasConditions ? item.firstCondition : nullptr;
+         each != nullptr; each = each->next) {
       writeCondition(*each, item);
     }
-    writeItems(item.firstChild);
+    writeItems(listOf(item.firstChild));
     m_xml.end(element);
   }
 
@@ -168,7 +205,7 @@ class Writer {
     }
   }
 
-  std::string dottedName(DataItem const& item) const {
+  std::string dottedName(DataItem const& item) {
     std::string name;
     if (item.parent != nullptr) {
       name = dottedName(*item.parent) + ".";
@@ -176,7 +213,21 @@ class Writer {
       auto file = m_files.find(&item);
       if (file != m_files.end()) name = std::string(file->second) + ".";
     }
-    return name += nameOf(item);
+    return name += shownName(item);
+  }
+
+  // Items without a name are numbered in the order of the dictionary, past numbers
+  // that are taken.
+  std::string shownName(DataItem const& item) {
+    if (!m_content.hasFillerNames || !isFillerName(item.name)) return std::string(nameOf(item));
+    std::string& name = m_fillerNames[&item];
+    if (m_takenNames.empty()) {
+      for (DataItem const& each : m_data.items) m_takenNames.insert(each.name);
+    }
+    while (name.empty() || m_takenNames.contains(name)) {
+      name = "FILLER-" + std::to_string(++m_fillers);
+    }
+    return name;
   }
 
   void writeClauses(DataItem const& item) {
@@ -188,7 +239,7 @@ class Writer {
     }
     if (item.isJustified) m_xml.attribute("justified", "right");
     if (item.isBlankWhenZero) m_xml.attribute("blankWhenZero", "true");
-    if (item.values.empty()) return;
+    if (item.values.empty() || !m_content.hasValues) return;
     std::optional<std::string> text = textOf(item.values.front().from, item);
     if (text) {
       m_xml.attribute("value", *text);
@@ -255,22 +306,23 @@ class Writer {
   }
 
   DataDivision const& m_data;
+  DictionaryContent const& m_content;
   Diagnostics& m_diagnostics;
   std::size_t m_maxValueText;
-  std::size_t m_valueText = 0;                                    // bytes of the values so far
+  std::size_t m_valueText = 0;  // bytes of the values so far
+  std::unordered_map<DataItem const*, std::string> m_fillerNames;
+  std::unordered_set<std::string_view, CaseInsensitiveHash, CaseInsensitiveEqual> m_takenNames;
+  std::size_t m_fillers = 0;
   std::unordered_map<DataItem const*, std::string_view> m_files;  // by record
   XmlWriter<Utf8OrLatin1> m_xml;
 };
 
 }  // namespace
 
-bool hasDictionaryItems(DataDivision const& data) {
-  return data.workingStorage.first != nullptr || hasFileItems(data);
-}
-
-std::string buildDictionary(DataDivision const& data, DictionaryOrder order,
-                            Diagnostics& diagnostics, std::size_t maxValueText) {
-  std::string dictionary = Writer(data, diagnostics, maxValueText).write(order);
+std::string buildDictionary(DataDivision const& data, DictionaryContent const& content,
+                            DictionaryOrder order, Diagnostics& diagnostics,
+                            std::size_t maxValueText) {
+  std::string dictionary = Writer(data, content, diagnostics, maxValueText).write(order);
   return diagnostics.hasErrors() ? std::string() : std::move(dictionary);
 }
 

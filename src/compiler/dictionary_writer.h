@@ -6,19 +6,11 @@
 #include <cstddef>
 #include <string>
 
+#include "compiler/dictionary_content.h"
 #include "semantics/data_item.h"
 #include "source/diagnostics.h"
 
 namespace fdmorph::compiler {
-
-enum class DictionaryOrder {
-  workingStorageFirst,
-  filesFirst,
-};
-
-/// Whether a dictionary of this data would have items. The sections that a caller
-/// shares with the program, local storage and linkage, are not part of it.
-[[nodiscard]] bool hasDictionaryItems(DataDivision const& data);
 
 /// The largest size in bytes of the texts of all values in a dictionary.
 inline constexpr std::size_t kMaxValueText = std::size_t{1} << 30;
@@ -26,7 +18,8 @@ inline constexpr std::size_t kMaxValueText = std::size_t{1} << 30;
 /// The dictionary as an XML document. Values that it cannot hold are left out with
 /// a warning. If the texts of all values exceed `maxValueText` bytes, that is an
 /// error, and the result is empty.
-[[nodiscard]] std::string buildDictionary(DataDivision const& data, DictionaryOrder order,
+[[nodiscard]] std::string buildDictionary(DataDivision const& data,
+                                          DictionaryContent const& content, DictionaryOrder order,
                                           Diagnostics& diagnostics,
                                           std::size_t maxValueText = kMaxValueText);
 

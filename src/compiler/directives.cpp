@@ -6,6 +6,7 @@
 
 #include "source/source_directives.h"
 #include "text/letter_case.h"
+#include "text/near_words.h"
 
 namespace fdmorph::compiler {
 namespace {
@@ -74,6 +75,88 @@ bool setCopyExtensions(std::string_view parameter, Directives& directives) {
   return true;
 }
 
+// Words separated by blanks or commas.
+std::vector<std::string> words(std::string_view text) {
+  std::vector<std::string> result;
+  constexpr std::string_view kSeparators = " \t,";
+  while (true) {
+    text.remove_prefix(std::min(text.find_first_not_of(kSeparators), text.size()));
+    if (text.empty()) return result;
+    std::size_t end = std::min(text.find_first_of(kSeparators), text.size());
+    result.emplace_back(text.substr(0, end));
+    text.remove_prefix(end);
+  }
+}
+
+bool setRecords(std::string_view parameter, Directives& directives) {
+  directives.choice.records = words(parameter);
+  return !directives.choice.records.empty();
+}
+
+bool setViews(std::string_view parameter, Directives& directives) {
+  directives.choice.views = words(parameter);
+  return !directives.choice.views.empty();
+}
+
+/// A word of a parameter and what it stands for.
+template <typename Value>
+struct Choice {
+  std::string_view word;
+  Value value;
+};
+
+template <typename Value, std::size_t Size>
+bool choose(std::string_view parameter, std::array<Choice<Value>, Size> const& choices,
+            auto& result) {
+  auto found = std::find_if(choices.begin(), choices.end(), [&](Choice<Value> const& each) {
+    return equalsIgnoringCase(each.word, parameter);
+  });
+  if (found != choices.end()) result = found->value;
+  return found != choices.end();
+}
+
+constexpr std::array kSwitch{Choice<bool>{"ON", true}, Choice<bool>{"OFF", false}};
+constexpr std::array kSections{
+    Choice<Section>{"FILE", Section::file},
+    Choice<Section>{"WORKING-STORAGE", Section::workingStorage},
+    Choice<Section>{"LOCAL-STORAGE", Section::localStorage},
+    Choice<Section>{"LINKAGE", Section::linkage},
+};
+constexpr std::array kDialects{
+    Choice<Dialect>{"GNUCOBOL", Dialect::gnuCobol},
+    Choice<Dialect>{"IBM", Dialect::ibm},
+};
+constexpr std::array kCopyMissing{Choice<bool>{"ERROR", false}, Choice<bool>{"WARN", true}};
+
+bool setSection(std::string_view parameter, Directives& directives) {
+  return choose(parameter, kSections, directives.choice.section);
+}
+
+bool setConditions(std::string_view parameter, Directives& directives) {
+  return choose(parameter, kSwitch, directives.choice.hasConditions);
+}
+
+bool setValues(std::string_view parameter, Directives& directives) {
+  return choose(parameter, kSwitch, directives.choice.hasValues);
+}
+
+bool setFillerNames(std::string_view parameter, Directives& directives) {
+  return choose(parameter, kSwitch, directives.choice.hasFillerNames);
+}
+
+bool setCopyMissing(std::string_view parameter, Directives& directives) {
+  return choose(parameter, kCopyMissing, directives.warnsOfMissingCopies);
+}
+
+bool setDialect(std::string_view parameter, Directives& directives) {
+  return choose(parameter, kDialects, directives.dialect);
+}
+
+bool setListing(std::string_view parameter, Directives& directives) {
+  directives.listing = parameter;
+  return !parameter.empty();
+}
+
 // zbc makes neither object code nor debugging information.
 bool ignore(std::string_view, Directives&) {
   return true;
@@ -85,11 +168,24 @@ struct Entry {
 };
 
 constexpr std::array kDirectives{
-    Entry{"XMLGEN", setDictionary}, Entry{"DBGI", ignore},
-    Entry{"NODBGI", ignore},        Entry{"OBJ", ignore},
-    Entry{"NOOBJ", ignore},         Entry{"SOURCEFORMAT", setFormat},
-    Entry{"COPYPATH", setCopyPath}, Entry{"COPYEXT", setCopyExtensions},
+    Entry{"XMLGEN", setDictionary},
+    Entry{"RECORD", setRecords},
+    Entry{"SECTION", setSection},
+    Entry{"CONDITIONS", setConditions},
+    Entry{"VALUES", setValues},
+    Entry{"REDEFINES", setViews},
+    Entry{"RENAME-FILLER", setFillerNames},
+    Entry{"LIST", setListing},
+    Entry{"DIALECT", setDialect},
+    Entry{"SOURCEFORMAT", setFormat},
     Entry{"TABS", setTabs},
+    Entry{"COPYPATH", setCopyPath},
+    Entry{"COPYEXT", setCopyExtensions},
+    Entry{"COPYMISSING", setCopyMissing},
+    Entry{"DBGI", ignore},
+    Entry{"NODBGI", ignore},
+    Entry{"OBJ", ignore},
+    Entry{"NOOBJ", ignore},
 };
 
 bool isBlank(char c) {
@@ -147,6 +243,13 @@ std::string shownParameter(std::string_view parameter) {
 }
 
 }  // namespace
+
+std::string describeUnknown(std::string const& name) {
+  std::array<std::string_view, kDirectives.size()> names;
+  std::transform(kDirectives.begin(), kDirectives.end(), names.begin(),
+                 [](Entry const& each) { return each.name; });
+  return "unknown directive " + quoted(name) + suggestWord(name, names);
+}
 
 std::optional<std::string> applyDirectives(std::string_view text, Directives& directives) {
   DirectiveReader reader(text);

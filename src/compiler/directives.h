@@ -7,7 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "compiler/dictionary_writer.h"
+#include "compiler/dictionary_content.h"
 #include "preprocess/copy_search.h"
 #include "source/source_reader.h"
 
@@ -16,12 +16,19 @@ namespace fdmorph::compiler {
 struct Directives {
   bool writesDictionary = false;
   DictionaryOrder order = DictionaryOrder::workingStorageFirst;
+  DictionaryChoice choice;
+  std::string listing;  ///< the path of the listing; empty if there is none
+  Dialect dialect = Dialect::gnuCobol;
   ReadingRules reading;
   CopyRules copying;
+  bool warnsOfMissingCopies = false;  ///< a member that is not found is no error
 
   std::vector<std::string> unknown;              ///< each once, in upper case
   std::unordered_set<std::string> unknownNames;  ///< the same
 };
+
+/// "unknown directive 'NAME'", with the directive that may be meant.
+[[nodiscard]] std::string describeUnknown(std::string const& name);
 
 /// Applies directives that are separated by blanks, as in `NOOBJ XMLGEN(WS)`.
 /// Returns the directive whose parameter is invalid, if there is one; those after

@@ -322,7 +322,8 @@ void FileText::reportMissing(TextWord const& at, std::string_view member,
       separator = ", ";
     }
   }
-  m_context.diagnostics.report(Code::copyMissing, at.place, text);
+  Code code = m_context.warnsOfMissingCopies ? Code::copyPassedOver : Code::copyMissing;
+  m_context.diagnostics.report(code, at.place, text);
 }
 
 void FileText::open(TextWord const& at, std::string_view member, std::string_view library,

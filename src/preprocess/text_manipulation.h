@@ -34,6 +34,7 @@ struct TextContext {
   std::unordered_set<SourceFile const*> copied = {};
   ReplacementBudget budget = {};
   CompileVariables variables = {};
+  bool warnsOfMissingCopies = false;  ///< a member that is not found is no error
   bool isDebugging = false;  ///< debugging lines are part of the program
   Place excludedLine = {};   ///< the first line that a letter in column 7 excludes
 

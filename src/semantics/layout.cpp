@@ -16,8 +16,8 @@ std::uint64_t shortSize(std::uint32_t digits) {
       std::min<std::ptrdiff_t>(found - kMaxDigitsOfSize.begin() + 1, 8));
 }
 
-std::uint64_t binarySize(std::uint32_t digits) {
-  if (digits <= 2) return 1;
+std::uint64_t binarySize(std::uint32_t digits, Dialect dialect) {
+  if (digits <= 2 && dialect == Dialect::gnuCobol) return 1;
   if (digits <= 4) return 2;
   return digits <= 9 ? 4 : 8;
 }
@@ -28,6 +28,14 @@ std::uint64_t nativeSize(std::uint64_t characters) {
     if (characters <= size) return size;
   }
   return 8;
+}
+
+constexpr std::uint64_t kIbmAddressSize = 4;
+
+bool isAddress(Usage usage) {
+  return usage == Usage::pointer || usage == Usage::programPointer ||
+         usage == Usage::procedurePointer || usage == Usage::functionPointer ||
+         usage == Usage::object;
 }
 
 bool isNationalPicture(Picture const& picture) {
@@ -58,14 +66,15 @@ void shift(DataItem& item, std::uint64_t bytes) {
 /// Lays out one record.
 class Layout {
  public:
-  explicit Layout(Diagnostics& diagnostics) : m_diagnostics(diagnostics) {}
+  Layout(Dialect dialect, Diagnostics& diagnostics)
+      : m_dialect(dialect), m_diagnostics(diagnostics) {}
 
   // Sets the size of an item whose offset is set.
   void place(DataItem& item) {
     if (item.isGroup()) {
       placeChildren(item);
     } else {
-      item.size = sizeOf(item);
+      item.size = sizeOf(item, m_dialect);
     }
     if (item.occurrences() > 0 && item.size > kMaxItemSize / item.occurrences()) {
       m_diagnostics.report(Code::size, item.place, "item is larger than 2 GB");
@@ -125,23 +134,26 @@ class Layout {
                              std::to_string(room) + " bytes");
   }
 
+  Dialect m_dialect;
   Diagnostics& m_diagnostics;
   std::uint64_t m_widest = 1;  // the largest alignment since the beginning of the last group
 };
 
 }  // namespace
 
-std::uint64_t sizeOf(DataItem const& item) {
+std::uint64_t sizeOf(DataItem const& item, Dialect dialect) {
   UsageEntry const& usage = entryOf(item.effectiveUsage);
-  if (usage.storage == Storage::fixed) return usage.size;
+  if (usage.storage == Storage::fixed) {
+    return dialect == Dialect::ibm && isAddress(usage.usage) ? kIbmAddressSize : usage.size;
+  }
   if (item.picture == nullptr || !item.picture->isValid()) return 0;
   Picture const& picture = *item.picture;
   bool isNumber = picture.category == Category::numeric;
   switch (usage.storage) {
     case Storage::binary:
-      return isNumber ? binarySize(picture.nines) : 0;
+      return isNumber ? binarySize(picture.nines, dialect) : 0;
     case Storage::nativeBinary:
-      return isNumber ? binarySize(picture.nines) : nativeSize(picture.size);
+      return isNumber ? binarySize(picture.nines, dialect) : nativeSize(picture.size);
     case Storage::shortBinary:
       if (isNumber) return shortSize(picture.nines);
       return std::min<std::uint64_t>(picture.size, 8);
@@ -161,9 +173,9 @@ std::uint64_t sizeOf(DataItem const& item) {
   return picture.size + (isSignStored ? 1U : 0U);
 }
 
-void layOut(DataItem& record, Diagnostics& diagnostics) {
+void layOut(DataItem& record, Dialect dialect, Diagnostics& diagnostics) {
   record.offset = 0;
-  Layout(diagnostics).place(record);
+  Layout(dialect, diagnostics).place(record);
 }
 
 }  // namespace fdmorph::compiler

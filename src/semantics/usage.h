@@ -49,11 +49,14 @@ enum class Usage : std::uint8_t {
   bit,
 };
 
+/// The compiler whose sizes apply to binary items, indexes and addresses.
+enum class Dialect : std::uint8_t { gnuCobol, ibm };
+
 /// How a usage stores its items.
 enum class Storage : std::uint8_t {
   characters,
   nationalCharacters,
-  binary,        ///< 1, 2, 4 or 8 bytes, depending on the digits
+  binary,        ///< 1, 2, 4 or 8 bytes, depending on the digits; 2, 4 or 8 for IBM
   nativeBinary,  ///< as binary, also with pictures of X
   shortBinary,   ///< as few bytes as the digits need
   packed,
@@ -66,7 +69,7 @@ struct UsageEntry {
   Usage usage;
   std::string_view name;  ///< in the dictionary
   Storage storage;
-  std::uint8_t size;  ///< in bytes, of fixed storage
+  std::uint8_t size;  ///< in bytes, of fixed storage; addresses have 4 for IBM
   bool isNumeric;     ///< of fixed storage: a number, not an address
 };
 

@@ -48,6 +48,7 @@ enum class Code : std::uint8_t {
   size,
   environment,
   noData,
+  choice,
   // Warnings.
   directive,
   sourceDirective,
@@ -63,14 +64,24 @@ enum class Code : std::uint8_t {
   pictureWarning,
   clauseWarning,
   prefix,
+  copyPassedOver,
+  lostRecords,
+  lostConditions,
+  lostRedefinitions,
+  longNumber,
+  // Notes.
+  viewLeftOut,
+  format,
 };
 
-inline constexpr std::size_t kCodeCount = static_cast<std::size_t>(Code::prefix) + 1;
+enum class Severity : std::uint8_t { note, warning, error };
+
+inline constexpr std::size_t kCodeCount = static_cast<std::size_t>(Code::format) + 1;
 
 struct CodeEntry {
   Code code;
   std::string_view name;
-  bool isError;
+  Severity severity;
 };
 
 CodeEntry const& entryOf(Code code);
@@ -80,8 +91,8 @@ std::span<CodeEntry const> allCodes();
 
 class Diagnostics {
  public:
-  /// The number of errors, and of warnings, that are printed. More of them are
-  /// only counted.
+  /// The number of errors, of warnings and of notes that are printed. More of them
+  /// are only counted.
   static constexpr std::size_t kMaxReports = 100;
 
   /// `sources` must outlive this object.
@@ -100,30 +111,26 @@ class Diagnostics {
   /// The place of the last of them; unknown if there is none.
   Place lastOf(Code code) const { return m_places[static_cast<std::size_t>(code)]; }
 
-  bool hasErrors() const { return m_errors != 0; }
-  std::size_t errorCount() const { return m_errors; }
+  std::size_t countOf(Severity severity) const {
+    return m_severities[static_cast<std::size_t>(severity)];
+  }
+  bool hasErrors() const { return countOf(Severity::error) != 0; }
 
-  /// All reports in the order of the source. Each is a line
-  /// `FILE:LINE:COLUMN: error: TEXT [code]`, the source line, a caret, and a
-  /// note for each COPY statement that includes the text. Everything in it is
-  /// printable, whatever the source and the names of its files hold.
-  [[nodiscard]] std::string print() const;
-
- private:
   struct Report {
     Code code;
     Place place;
     std::string text;
   };
 
-  void printReport(Report const& report, std::string& out) const;
+  /// All reports that are kept, in the order of the source.
+  [[nodiscard]] std::vector<Report const*> inSourceOrder() const;
 
+ private:
   Sources const& m_sources;
   std::vector<Report> m_reports;
   std::array<std::size_t, kCodeCount> m_counts{};
   std::array<Place, kCodeCount> m_places{};
-  std::size_t m_errors = 0;
-  std::size_t m_warnings = 0;
+  std::array<std::size_t, 3> m_severities{};
 };
 
 /// `text` as a terminal can show it, in valid UTF-8: a tab is one blank, and each

@@ -13,6 +13,8 @@
 namespace fdmorph::compiler {
 namespace {
 
+constexpr std::size_t kFirstBlock = std::size_t{64} << 10;  // bytes
+
 std::size_t characterLength(std::string_view text) {
   return std::max<std::size_t>(utf8Length(text), 1);
 }
@@ -36,6 +38,11 @@ bool readAll(int file, std::string& content) {
 }  // namespace
 
 std::optional<std::string> DiskTree::read(std::string const& path) {
+  if (path == kStandardInput) {
+    std::optional<std::string> content(std::in_place, kFirstBlock, '\0');
+    if (!readAll(STDIN_FILENO, *content)) content.reset();
+    return content;
+  }
   // Opening a pipe must not block.
   int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (file < 0) return std::nullopt;
@@ -51,6 +58,7 @@ std::optional<std::string> DiskTree::read(std::string const& path) {
 }
 
 std::string whyUnreadable(std::string const& path) {
+  if (path == kStandardInput) return std::strerror(EIO);
   struct stat state {};
   if (::stat(path.c_str(), &state) != 0) return std::strerror(errno);
   if (S_ISDIR(state.st_mode)) return std::strerror(EISDIR);

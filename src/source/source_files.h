@@ -33,7 +33,11 @@ class FileTree {
   [[nodiscard]] virtual std::optional<std::string> read(std::string const& path) = 0;
 };
 
-/// The file system. Reads only regular files of at most kMaxFileSize bytes.
+/// The name of the standard input where a file is expected.
+inline constexpr std::string_view kStandardInput = "-";
+
+/// The file system. Reads only regular files of at most kMaxFileSize bytes, and the
+/// standard input as "-".
 class DiskTree : public FileTree {
  public:
   static constexpr std::size_t kMaxFileSize = std::size_t{2} << 30;

@@ -3,9 +3,17 @@
 #include <array>
 
 #include "text/letter_case.h"
+#include "text/near_words.h"
 
 namespace fdmorph::compiler {
 namespace {
+
+// What a misspelt word after USAGE can mean.
+constexpr std::string_view kUsages[] = {
+    "BINARY",  "COMP",   "COMP-1",   "COMP-2",         "COMP-3",
+    "COMP-4",  "COMP-5", "COMP-6",   "COMP-X",         "COMPUTATIONAL",
+    "DISPLAY", "INDEX",  "NATIONAL", "PACKED-DECIMAL", "POINTER",
+};
 
 constexpr std::uint64_t kMaxOccurrences = 0x7FFFFFFF;
 
@@ -371,7 +379,8 @@ bool ClauseParser::parse(Entry& entry) {
     if (first == Keyword::usage && !usageOf(token.keyword)) {
       bool isUnknown = token.kind == Token::Kind::word && !beginsClause(token.keyword);
       if (isUnknown) {
-        tokens.error(Code::usage, token.place, "unknown usage " + describe(token));
+        tokens.error(Code::usage, token.place,
+                     "unknown usage " + describe(token) + suggestWord(token.text, kUsages));
         tokens.take();
       } else {
         tokens.expected(Code::usage, "a usage");

@@ -3,6 +3,16 @@
 #include "text/letter_case.h"
 
 namespace fdmorph::compiler {
+namespace {
+
+// What a misspelt word after the name of an item can mean.
+constexpr std::string_view kClauseWords[] = {
+    "BLANK",      "COMP",      "COMP-3",    "COUNT",        "DISPLAY", "EXTERNAL", "GLOBAL",
+    "IDENTIFIED", "JUSTIFIED", "NAMESPACE", "OCCURS",       "PIC",     "PICTURE",  "REDEFINES",
+    "RENAMES",    "SIGN",      "SYNC",      "SYNCHRONIZED", "USAGE",   "VALUE",
+};
+
+}  // namespace
 
 // A missing member may hold the picture of the entry around it, or the items
 // below the one before it. One that stands right after a level number is known
@@ -138,7 +148,7 @@ void EntryParser::parseClauses(DataItem& item) {
     if (m_clauses.parse(entry)) continue;
     isBroken = true;
     item.isIncomplete = true;
-    m_tokens.expected(Code::syntax, "a data description clause");
+    m_tokens.expected(Code::syntax, "a data description clause", kClauseWords);
     // One report is enough for what stands up to the next clause.
     do {
       m_tokens.take();

@@ -4,18 +4,19 @@
 
 #include "semantics/data_item.h"
 #include "text/letter_case.h"
+#include "text/near_words.h"
 
 namespace fdmorph::compiler {
 namespace {
 
 // What is reported of a COPY statement whose text is not there.
 constexpr std::array kMissingCopies{Code::copyMissing, Code::copySyntax, Code::copyCircle,
-                                    Code::copyLimit, Code::copyPassed};
+                                    Code::copyLimit,   Code::copyPassed, Code::copyPassedOver};
 
 }  // namespace
 
 void SyntaxErrors::report(Code code, Place place, std::string text) {
-  if (entryOf(code).isError) {
+  if (entryOf(code).severity == Severity::error) {
     if (place == m_last) return;
     m_last = place;
   }
@@ -151,9 +152,11 @@ bool TokenStream::isInAreaA(Token const& token) const {
   return m_errors.diagnostics().sources().locate(token.place).column <= kLastColumn;
 }
 
-void TokenStream::expected(Code code, std::string const& what) {
+void TokenStream::expected(Code code, std::string const& what,
+                           std::span<std::string_view const> words) {
   Token const& token = peek();
-  error(code, token.place, "expected " + what + ", found " + describe(token));
+  error(code, token.place,
+        "expected " + what + ", found " + describe(token) + suggestWord(token.text, words));
 }
 
 std::size_t TokenStream::missingCopyCount() const {

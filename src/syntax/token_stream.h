@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -85,8 +86,9 @@ class TokenStream {
   void error(Code code, Place place, std::string text) {
     m_errors.report(code, place, std::move(text));
   }
-  /// Reports at the next token: "expected WHAT, found TOKEN".
-  void expected(Code code, std::string const& what);
+  /// Reports at the next token: "expected WHAT, found TOKEN", and which of `words`
+  /// the token may be meant for.
+  void expected(Code code, std::string const& what, std::span<std::string_view const> words = {});
 
   /// COPY statements whose text is not there, as far as tokens were read.
   struct MissingCopies {

@@ -217,8 +217,9 @@ TEST(ValueLimit, CountsTheTextOfAllValues) {
       builder.add(1, name, "X(4)").values.push_back({value, {}});
     }
     std::string dictionary =
-        buildDictionary(builder.data, DictionaryOrder::workingStorageFirst, diagnostics, limit);
-    return dictionary.empty() ? diagnostics.print() : "written";
+        buildDictionary(builder.data, chooseContent(builder.data, {}, diagnostics),
+                        DictionaryOrder::workingStorageFirst, diagnostics, limit);
+    return dictionary.empty() ? printDiagnostics(diagnostics) : "written";
   };
   EXPECT_EQ(written(9), "written");
   EXPECT_EQ(written(8), "written");

@@ -125,6 +125,10 @@ TEST(Diagnostics, WarnOfACopybookWhoseLinesAreAllIgnored) {
   EXPECT_EQ(result.status, kStatusError);
   EXPECT_EQ(result.diagnostics,
             "zbc: error: 'a.cpy' has no data description [no-data]\n"
+            "a.cpy:1:1: note: the source looks like free format; SOURCEFORMAT(FREE) reads it "
+            "[format]\n"
+            "     05 A PIC X.\n"
+            "  ^\n"
             "a.cpy:1:7: warning: lines with a letter in column 7 are ignored, and the others have "
             "no data [left-out]\n"
             "     05 A PIC X.\n"

@@ -1,6 +1,7 @@
 // The checker on data divisions made by hand.
 
 #include "semantics/checker.h"
+#include "source/diagnostic_output.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ class CheckerTest : public testing::Test {
   /// Checks the items; the errors and warnings, each on a line.
   std::string check() {
     Checker(builder.data, diagnostics).check();
-    return diagnostics.print();
+    return printDiagnostics(diagnostics);
   }
 
   static void redefine(DataItem& item, std::string_view name) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "semantics/layout.h"
+#include "source/diagnostic_output.h"
 #include "support/compiled_source.h"
 #include "support/item_builder.h"
 
@@ -113,8 +114,8 @@ TEST(Layout, FillsOccurrencesOfSynchronizedItemsUp) {
 class LayoutOffsets : public testing::Test {
  protected:
   void layOutRecord() {
-    layOut(*builder.data.workingStorage.first, diagnostics);
-    EXPECT_EQ(diagnostics.print(), "");
+    layOut(*builder.data.workingStorage.first, Dialect::gnuCobol, diagnostics);
+    EXPECT_EQ(printDiagnostics(diagnostics), "");
   }
 
   MemoryTree tree;

@@ -9,23 +9,23 @@ namespace fdmorph::compiler {
 namespace {
 
 TEST(PrefixedRedefinition, TakesTheItemWhoseNameEndsSo) {
-  CompilationResult result = compile(
+  std::string lines =
       "01 WS-R.\n"
       " 05 WS-A PIC X(4).\n"
-      " 05 WS-B REDEFINES A PIC 9(4).\n");
+      " 05 WS-B REDEFINES A PIC 9(4).\n";
+  CompilationResult result = compile(lines);
   EXPECT_EQ(result.status, kStatusOk);
-  EXPECT_EQ(result.diagnostics.substr(0, result.diagnostics.find('\n')),
+  EXPECT_EQ(reportsOf(lines).substr(0, reportsOf(lines).find('\n')),
             "a.cpy:3:27: warning: 'A' is not defined and is taken for 'WS-A' [prefix]");
   EXPECT_EQ(attributeOf(result.dictionary, "WS-R", "length"), "4");
 }
 
 TEST(PrefixedRedefinition, PrefersTheNameItself) {
-  CompilationResult result = compile(
-      "01 R.\n"
-      " 05 A PIC X(4).\n"
-      " 05 WS-A REDEFINES A PIC 9(4).\n"
-      " 05 B REDEFINES A PIC 9(4).\n");
-  EXPECT_EQ(result.diagnostics, "");
+  EXPECT_EQ(reportsOf("01 R.\n"
+                      " 05 A PIC X(4).\n"
+                      " 05 WS-A REDEFINES A PIC 9(4).\n"
+                      " 05 B REDEFINES A PIC 9(4).\n"),
+            "");
 }
 
 TEST(PrefixedRedefinition, TakesTheNearestItem) {
@@ -82,13 +82,13 @@ TEST(PrefixedCounter, IsNotInAnotherRecord) {
 }
 
 TEST(PrefixedCounter, IsAnItemOfAnotherRecordThatHasTheWholeName) {
-  CompilationResult result = compile(
+  std::string lines =
       "01 N PIC 9.\n"
       "01 R.\n"
       " 05 A-N PIC 9.\n"
-      " 05 T PIC X OCCURS 1 TO 3 DEPENDING ON N.\n");
-  EXPECT_EQ(result.diagnostics, "");
-  EXPECT_EQ(attributeOf(result.dictionary, "T", "odo"), "N");
+      " 05 T PIC X OCCURS 1 TO 3 DEPENDING ON N.\n";
+  EXPECT_EQ(reportsOf(lines), "");
+  EXPECT_EQ(attributeOf(compile(lines).dictionary, "T", "odo"), "N");
 }
 
 TEST(PrefixedCounter, MayHavePrefixesOfSeveralParts) {

@@ -1,6 +1,7 @@
 // The text of diagnostics.
 
 #include "source/diagnostics.h"
+#include "source/diagnostic_output.h"
 
 #include <gtest/gtest.h>
 
@@ -26,7 +27,7 @@ TEST_F(DiagnosticsTest, PrintThePlaceTheLineAndTheStatementsThatIncludeIt) {
   std::uint32_t main = open("a.cpy", "COPY M.\n");
   std::uint32_t member = open("m.cpy", "one\ntwo\n", {main, 5});
   diagnostics.report(Code::syntax, {member, 5}, "unexpected 'w'");
-  EXPECT_EQ(diagnostics.print(),
+  EXPECT_EQ(printDiagnostics(diagnostics),
             "m.cpy:2:2: error: unexpected 'w' [syntax]\n"
             "  two\n"
             "   ^\n"
@@ -35,14 +36,14 @@ TEST_F(DiagnosticsTest, PrintThePlaceTheLineAndTheStatementsThatIncludeIt) {
 
 TEST_F(DiagnosticsTest, NameTheProgramWithoutAPlace) {
   diagnostics.report(Code::directive, {}, "unknown directive 'X'");
-  EXPECT_EQ(diagnostics.print(), "zbc: warning: unknown directive 'X' [directive]\n");
+  EXPECT_EQ(printDiagnostics(diagnostics), "zbc: warning: unknown directive 'X' [directive]\n");
   EXPECT_FALSE(diagnostics.hasErrors());
 }
 
 TEST_F(DiagnosticsTest, PrintBytesThatAreNotUtf8AsQuestionMarks) {
   std::uint32_t text = open("\xE9.cpy", "a\xE9\xFF b \xC3\xA9\n");
   diagnostics.report(Code::syntax, {text, 4}, "found " + compiler::quoted("\xE9"));
-  EXPECT_EQ(diagnostics.print(),
+  EXPECT_EQ(printDiagnostics(diagnostics),
             "?.cpy:1:5: error: found '?' [syntax]\n"
             "  a?? b \xC3\xA9\n"
             "      ^\n");
@@ -54,7 +55,7 @@ TEST_F(DiagnosticsTest, PrintControlCharactersAsQuestionMarks) {
                             "a\x1B[2J\x7F \xC2\x9B"
                             "1m\xC2\x85\r\v b\n");
   diagnostics.report(Code::syntax, {text, 0}, "found " + compiler::quoted("\x1B]0;\a\xC2\x9B"));
-  EXPECT_EQ(diagnostics.print(),
+  EXPECT_EQ(printDiagnostics(diagnostics),
             "?.cpy:1:1: error: found '?]0;?"
             "?' [syntax]\n"
             "  a?[2J? ?1m??? b\n"
@@ -64,7 +65,7 @@ TEST_F(DiagnosticsTest, PrintControlCharactersAsQuestionMarks) {
 TEST_F(DiagnosticsTest, PrintATabAsOneBlank) {
   std::uint32_t text = open("a.cpy", "a\tb\n");
   diagnostics.report(Code::syntax, {text, 2}, "found 'b'");
-  EXPECT_EQ(diagnostics.print(),
+  EXPECT_EQ(printDiagnostics(diagnostics),
             "a.cpy:1:3: error: found 'b' [syntax]\n"
             "  a b\n"
             "    ^\n");
@@ -77,7 +78,7 @@ TEST_F(DiagnosticsTest, CountReportsByCode) {
   diagnostics.report(Code::tag, {text, 0}, "x");
   EXPECT_EQ(diagnostics.countOf(Code::syntax), 2U);
   EXPECT_EQ(diagnostics.lastOf(Code::syntax), (Place{text, 1}));
-  EXPECT_EQ(diagnostics.errorCount(), 2U);
+  EXPECT_EQ(diagnostics.countOf(Severity::error), 2U);
 }
 
 // U+0080 and U+009F are the first and the last of the C1 characters.

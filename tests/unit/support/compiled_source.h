@@ -35,6 +35,19 @@ inline CompilationResult compile(std::string_view lines) {
   return compile(tree);
 }
 
+/// What is reported of the file a.cpy of `tree` when no dictionary is asked for,
+/// so that there is no warning of what its reader loses.
+inline std::string reportsOf(MemoryTree& tree) {
+  return compileSource("a.cpy", {}, tree).diagnostics;
+}
+
+/// The same for a bare copybook, its lines written from column 8 on.
+inline std::string reportsOf(std::string_view lines) {
+  MemoryTree tree;
+  tree.files["a.cpy"] = fixed(lines);
+  return reportsOf(tree);
+}
+
 /// The value of an attribute of the item `name` in a dictionary; nothing if
 /// one of them is missing.
 inline std::optional<std::string> attributeOf(std::string const& dictionary,

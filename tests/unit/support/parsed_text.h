@@ -8,6 +8,7 @@
 #include "preprocess/conditional_compilation.h"
 #include "preprocess/text_words.h"
 #include "semantics/data_item.h"
+#include "source/diagnostic_output.h"
 #include "source/diagnostics.h"
 #include "source/source_files.h"
 #include "source/source_reader.h"
@@ -61,7 +62,7 @@ struct ParsedText : LexedText {
 
   /// What was reported: `LINE:COLUMN: SEVERITY: TEXT [CODE]`, a line each.
   std::string reports() const {
-    std::string text = diagnostics.print();
+    std::string text = printDiagnostics(diagnostics);
     std::string result;
     for (std::size_t at = 0; at < text.size();) {
       std::size_t end = text.find('\n', at);

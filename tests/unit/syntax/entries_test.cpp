@@ -75,14 +75,15 @@ TEST(Entries, MayBe49LevelsDeep) {
 }
 
 TEST(Entries, OfABareCopybookMayHaveTagsThatNothingReplaces) {
-  CompilationResult result = compile("01 :T:-A.\n 05 :T:B PIC X.\n 05 C-:U: REDEFINES :T:B PIC X.");
+  std::string lines = "01 :T:-A.\n 05 :T:B PIC X.\n 05 C-:U: REDEFINES :T:B PIC X.";
+  CompilationResult result = compile(lines);
   EXPECT_EQ(result.status, kStatusOk);
   EXPECT_EQ(attributeOf(result.dictionary, "T-A", "length"), "1");
   EXPECT_EQ(attributeOf(result.dictionary, "TB", "length"), "1");
   EXPECT_EQ(attributeOf(result.dictionary, "C-U", "redefines"), "true");
   // Each tag is warned of once.
   EXPECT_EQ(
-      result.diagnostics,
+      reportsOf(lines),
       "a.cpy:1:11: warning: tag ':T:' is not replaced; its letters become part of the name [tag]\n"
       "         01 :T:-A.\n"
       "            ^\n"
@@ -119,9 +120,9 @@ TEST(Entries, WithoutANameMayBeginWithTheirSign) {
 }
 
 TEST(Entries, MayRedefineATableWithAWarning) {
-  CompilationResult result = compile("01 A.\n 05 B PIC X OCCURS 2.\n 05 D REDEFINES B PIC XX.");
-  EXPECT_EQ(result.status, kStatusOk);
-  EXPECT_EQ(result.diagnostics,
+  std::string lines = "01 A.\n 05 B PIC X OCCURS 2.\n 05 D REDEFINES B PIC XX.";
+  EXPECT_EQ(compile(lines).status, kStatusOk);
+  EXPECT_EQ(reportsOf(lines),
             "a.cpy:3:24: warning: redefined item 'B' is a table [redefines-table]\n"
             "          05 D REDEFINES B PIC XX.\n"
             "                         ^\n");

@@ -12,7 +12,7 @@ std::string reportOf(std::string const& clauses) {
   MemoryTree tree;
   tree.files["a.cpy"] = fixed("PROGRAM-ID. P.\nDATA DIVISION.\nFILE SECTION.\nFD F\n" + clauses +
                               "\n01 R PIC X.\nWORKING-STORAGE SECTION.\n01 N PIC 9.");
-  std::string text = compile(tree).diagnostics;
+  std::string text = reportsOf(tree);
   return text.substr(0, text.find('\n'));
 }
 

@@ -75,7 +75,8 @@ TEST(XmlClauses, NeedLiteralsInQuotes) {
   EXPECT_EQ(ParsedXml("IDENTIFIED BY ALL \"a\"").reports(),
             "1:19: error: IDENTIFIED requires a literal in quotes [xml-clause]\n");
   EXPECT_EQ(ParsedXml("IDENTIFIED BY").reports(),
-            "1:14: error: expected a literal after IDENTIFIED, found the end of the source [xml-clause]\n");
+            "1:14: error: expected a literal after IDENTIFIED, found the end of the source "
+            "[xml-clause]\n");
 }
 
 TEST(XmlClauses, NeedTheNameOfTheCount) {

@@ -1,0 +1,1 @@
+       77  A PIC 9 USAGE COPM-3.

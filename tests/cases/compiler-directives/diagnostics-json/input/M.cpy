@@ -1,0 +1,1 @@
+           05  B PIC X VALUE "a\b".

@@ -1,0 +1,13 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. P.
+       DATA DIVISION.
+       FILE SECTION.
+       FD  F.
+       01  FILE-REC PIC X(3).
+       WORKING-STORAGE SECTION.
+       01  WORK-1 PIC X.
+       01  WORK-2 PIC X(2).
+       LOCAL-STORAGE SECTION.
+       01  LOCAL-REC PIC X(4).
+       LINKAGE SECTION.
+       01  LINK-REC PIC X(5).
