@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "syntax/xml_clauses.h"
 #include "text/letter_case.h"
 #include "text/near_words.h"
 
@@ -19,29 +20,6 @@ constexpr std::uint64_t kMaxOccurrences = 0x7FFFFFFF;
 
 // A parser of a clause. `word`, which the clause begins with, is taken.
 using Parse = void (*)(ClauseContext& context, DataItem& item, Token const& word);
-
-XmlClauses& xmlClausesOf(DataItem& item) {
-  if (item.xml == nullptr) item.xml = std::make_unique<XmlClauses>();
-  return *item.xml;
-}
-
-// A literal of an XML clause, which names an element, attribute or namespace.
-void parseXmlName(ClauseContext& context, Literal& literal, Token const& word) {
-  TokenStream& tokens = context.tokens;
-  std::optional<Literal> found = context.values.parseLiteral();
-  if (!found) {
-    tokens.expected(Code::xmlClause, "a literal after " + upperCase(word.text));
-    return;
-  }
-  if (found->kind == Literal::Kind::broken) return;
-  bool isText = found->kind == Literal::Kind::text && !found->isAll && !found->isBinary;
-  if (isText) {
-    literal = *found;
-  } else {
-    tokens.error(Code::xmlClause, found->place,
-                 upperCase(word.text) + " requires a literal in quotes");
-  }
-}
 
 // Storage is shared between programs by whole records.
 void checkIsRecord(ClauseContext& context, DataItem const& item, Token const& clause) {
@@ -65,10 +43,6 @@ void parseAny(ClauseContext& context, DataItem& item, Token const& word) {
   item.picturePlace = word.place;
 }
 
-void parseAttribute(ClauseContext& /*context*/, DataItem& item, Token const& /*word*/) {
-  xmlClausesOf(item).isAttribute = true;
-}
-
 void parseBased(ClauseContext& context, DataItem& item, Token const& word) {
   checkIsRecord(context, item, word);
 }
@@ -82,17 +56,6 @@ void parseBlank(ClauseContext& context, DataItem& item, Token const& /*word*/) {
   item.isBlankWhenZero = true;
 }
 
-void parseCountIn(ClauseContext& context, DataItem& item, Token const& /*word*/) {
-  TokenStream& tokens = context.tokens;
-  if (!tokens.skip(Keyword::in)) {
-    tokens.expected(Code::syntax, "IN after COUNT");
-    return;
-  }
-  XmlClauses& xml = xmlClausesOf(item);
-  xml.countIn.place = tokens.peek().place;
-  if (auto name = context.names.parse()) xml.countIn.name = *name;
-}
-
 // EXTERNAL AS "name"
 void parseExternal(ClauseContext& context, DataItem& item, Token const& word) {
   checkIsRecord(context, item, word);
@@ -101,11 +64,6 @@ void parseExternal(ClauseContext& context, DataItem& item, Token const& word) {
 
 void parseGlobal(ClauseContext& context, DataItem& item, Token const& word) {
   checkIsRecord(context, item, word);
-}
-
-void parseIdentifiedBy(ClauseContext& context, DataItem& item, Token const& word) {
-  context.tokens.skip(Keyword::by);
-  parseXmlName(context, xmlClausesOf(item).identifiedBy, word);
 }
 
 void parseJustified(ClauseContext& context, DataItem& item, Token const& /*word*/) {
@@ -160,11 +118,6 @@ void parseOccursPhrases(ClauseContext& context, OccursClause& occurs) {
       return;
     }
   }
-}
-
-void parseNamespace(ClauseContext& context, DataItem& item, Token const& word) {
-  context.tokens.skip(Keyword::is);
-  parseXmlName(context, xmlClausesOf(item).namespaceName, word);
 }
 
 void parseOccurs(ClauseContext& context, DataItem& item, Token const& word) {

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "compiler/dictionary_writer.h"
 #include "compiler/directives.h"
 #include "support/compiled_source.h"
 #include "support/item_builder.h"
@@ -67,7 +68,7 @@ class SourceLimit : public testing::TestWithParam<Limit> {
     tree.files["a.cpy"] = GetParam().sourceOf(amount);
     Directives directives;
     directives.reading.format = Format::free;
-    return compile(tree, directives).diagnostics;
+    return compileSource("a.cpy", directives, tree).diagnostics;
   }
 };
 
@@ -160,7 +161,7 @@ TEST(ReplacementLimit, Is32MegabytesOfText) {
                           repeated("TEXT\n", words) + ".";
     Directives directives;
     directives.reading.format = Format::free;
-    return compile(tree, directives).diagnostics;
+    return compileSource("a.cpy", directives, tree).diagnostics;
   };
   EXPECT_EQ(compiled(32 * 1024), "");
   EXPECT_EQ(compiled(32 * 1024 + 1), "");
@@ -200,7 +201,7 @@ TEST(ReportLimit, Is100ErrorsThatAreShown) {
   };
   EXPECT_EQ(compiled(99).find("not shown"), std::string::npos);
   EXPECT_EQ(compiled(100).find("not shown"), std::string::npos);
-  EXPECT_TRUE(compiled(101).ends_with("zbc: 1 more errors are not shown\n"));
+  EXPECT_TRUE(compiled(101).ends_with("zbc: 1 more error is not shown\n"));
 }
 
 // Two values of four bytes each.
