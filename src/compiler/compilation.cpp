@@ -8,24 +8,14 @@
 #include <new>
 
 #include "compiler/dictionary_writer.h"
-#include "compiler/format_hint.h"
 #include "compiler/listing.h"
-#include "preprocess/text_manipulation.h"
-#include "semantics/checker.h"
-#include "syntax/parser.h"
+#include "frontend/compiled_source.h"
 #include "text/file_replacement.h"
 
 namespace fdmorph::compiler {
 namespace {
 
 constexpr std::string_view kStandardOutput = "-";
-
-// The name of a file without folder and extension.
-std::string_view baseName(std::string_view path) {
-  std::string_view name = path.substr(path.rfind('/') + 1);  // npos + 1 is 0
-  std::size_t dot = name.rfind('.');
-  return dot == std::string_view::npos || dot == 0 ? name : name.substr(0, dot);
-}
 
 // The name of the source in messages, for callers that compile a copy of it.
 std::string sourceName() {
@@ -44,17 +34,6 @@ std::string describeMissingData(DataDivision const& data, DictionaryChoice const
     return text + "; SECTION(LOCAL-STORAGE) chooses its local-storage section";
   }
   return text;
-}
-
-// The format that the directives say applies up to a directive in the source.
-void noteFormat(SourceFile const& file, Format format, DataDivision const& data,
-                Diagnostics& diagnostics) {
-  if (!diagnostics.hasErrors() && !data.isEmpty()) return;
-  constexpr std::uint32_t kMainText = 1;
-  if (std::optional<FormatHint> hint = findFormatHint(file.content, format)) {
-    diagnostics.report(Code::format, {kMainText, static_cast<std::uint32_t>(hint->offset)},
-                       std::string(hint->text));
-  }
 }
 
 // The dictionary, or nothing if there is an error.
@@ -117,43 +96,16 @@ std::string dictionaryPath(std::string const& sourcePath) {
 CompilationResult compileSource(std::string const& path, Directives const& directives,
                                 FileTree& tree, std::string const& name, DiagnosticStyle style) {
   CompilationResult result;
-  Sources sources(tree);
-  Diagnostics diagnostics(sources);
+  CompiledSource source(path, directives, tree, name);
+  Diagnostics& diagnostics = source.diagnostics();
   for (std::string const& each : directives.unknown) {
     diagnostics.report(Code::directive, {}, describeUnknown(each));
   }
-  DataDivision data;
-  SourceFile const* file = sources.file(path, name);
-  if (file == nullptr) {
-    std::string const& shown = name.empty() ? path : name;
-    diagnostics.report(Code::file, {}, "cannot read " + quoted(shown) + ": " + whyUnreadable(path));
-  } else {
-    CopySearch search(sources, directives.copying, path);
-    TextPool pool;
-    TextContext context{sources, diagnostics, search, pool, directives.reading};
-    context.warnsOfMissingCopies = directives.warnsOfMissingCopies;
-    FileText text(context, file, {});
-    ReplaceStatements replaced(text, context.pool, context.budget, context.diagnostics);
-    Lexer lexer(replaced, pool);
-    data.programName = baseName(path);
-    data.dialect = directives.dialect;
-    Parser(lexer, pool, context.variables, diagnostics, data, [&context](Place place) {
-      return context.hasTextPastMargin(place);
-    }).parse();
-    Checker(data, diagnostics).check();
-    if (!diagnostics.hasErrors() && !data.isProgram && data.isEmpty() &&
-        context.excludedLine.isKnown()) {
-      diagnostics.report(
-          Code::leftOut, context.excludedLine,
-          "lines with a letter in column 7 are ignored, and the others have no data");
-    }
-    if (directives.writesDictionary && !diagnostics.hasErrors()) {
-      result.dictionary = describeData(data, directives, file->name, diagnostics);
-    }
-    if (!directives.listing.empty() && !diagnostics.hasErrors()) {
-      result.listing = listItems(data, sources);
-    }
-    noteFormat(*file, directives.reading.format, data, diagnostics);
+  if (directives.writesDictionary && !diagnostics.hasErrors()) {
+    result.dictionary = describeData(source.data(), directives, source.file()->name, diagnostics);
+  }
+  if (!directives.listing.empty() && !diagnostics.hasErrors()) {
+    result.listing = listItems(source.data(), source.sources());
   }
   result.diagnostics = printDiagnostics(diagnostics, style);
   result.summary = printSummary(diagnostics);

@@ -8,20 +8,15 @@
 #include <vector>
 
 #include "compiler/dictionary_content.h"
-#include "preprocess/copy_search.h"
-#include "source/source_reader.h"
+#include "frontend/compiled_source.h"
 
 namespace fdmorph::compiler {
 
-struct Directives {
+struct Directives : SourceOptions {
   bool writesDictionary = false;
   DictionaryOrder order = DictionaryOrder::workingStorageFirst;
   DictionaryChoice choice;
   std::string listing;  ///< the path of the listing; empty if there is none
-  Dialect dialect = Dialect::gnuCobol;
-  ReadingRules reading;
-  CopyRules copying;
-  bool warnsOfMissingCopies = false;  ///< a member that is not found is no error
 
   std::vector<std::string> unknown;              ///< each once, in upper case
   std::unordered_set<std::string> unknownNames;  ///< the same

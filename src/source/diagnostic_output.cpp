@@ -72,8 +72,8 @@ std::string counted(std::size_t count, Severity severity) {
 /// Prints reports as text.
 class TextPrinter {
  public:
-  TextPrinter(Sources const& sources, bool isColored)
-      : m_sources(sources), m_isColored(isColored) {}
+  TextPrinter(Sources const& sources, bool isColored, std::string_view program)
+      : m_sources(sources), m_isColored(isColored), m_program(program) {}
 
   void print(Diagnostics::Report const& report) {
     CodeEntry const& entry = entryOf(report.code);
@@ -83,7 +83,7 @@ class TextPrinter {
       place = m_sources.locate(report.place);
       printPlace(place, m_out);
     } else {
-      m_out += "zbc: ";
+      (m_out += m_program) += ": ";
     }
     color(colorOf(entry.severity));
     (m_out += nameOf(entry.severity)) += ": ";
@@ -108,17 +108,18 @@ class TextPrinter {
 
   Sources const& m_sources;
   bool m_isColored;
+  std::string_view m_program;
   std::string m_out;
 };
 
-std::string describeHidden(Diagnostics const& diagnostics) {
+std::string describeHidden(Diagnostics const& diagnostics, std::string_view program) {
   std::string out;
   for (Severity each : {Severity::error, Severity::warning, Severity::note}) {
     std::size_t count = diagnostics.countOf(each);
     if (count <= Diagnostics::kMaxReports) continue;
     std::size_t hidden = count - Diagnostics::kMaxReports;
-    out += "zbc: " + std::to_string(hidden) + " more " + std::string(nameOf(each)) +
-           (hidden == 1 ? " is" : "s are") + " not shown\n";
+    (out += program) += ": " + std::to_string(hidden) + " more " + std::string(nameOf(each)) +
+                        (hidden == 1 ? " is" : "s are") + " not shown\n";
   }
   return out;
 }
@@ -164,7 +165,8 @@ std::string printJson(Diagnostics::Report const& report, Sources const& sources)
 
 }  // namespace
 
-std::string printDiagnostics(Diagnostics const& diagnostics, DiagnosticStyle style) {
+std::string printDiagnostics(Diagnostics const& diagnostics, DiagnosticStyle style,
+                             std::string_view program) {
   if (style == DiagnosticStyle::jsonLines) {
     std::string out;
     for (Diagnostics::Report const* each : diagnostics.inSourceOrder()) {
@@ -172,17 +174,17 @@ std::string printDiagnostics(Diagnostics const& diagnostics, DiagnosticStyle sty
     }
     return out;
   }
-  TextPrinter printer(diagnostics.sources(), style == DiagnosticStyle::colored);
+  TextPrinter printer(diagnostics.sources(), style == DiagnosticStyle::colored, program);
   for (Diagnostics::Report const* each : diagnostics.inSourceOrder()) printer.print(*each);
-  return printer.release() + describeHidden(diagnostics);
+  return printer.release() + describeHidden(diagnostics, program);
 }
 
-std::string printSummary(Diagnostics const& diagnostics) {
+std::string printSummary(Diagnostics const& diagnostics, std::string_view program) {
   std::size_t errors = diagnostics.countOf(Severity::error);
   std::size_t warnings = diagnostics.countOf(Severity::warning);
   if (errors + warnings == 0) return {};
-  return "zbc: " + counted(errors, Severity::error) + ", " + counted(warnings, Severity::warning) +
-         "\n";
+  return std::string(program) + ": " + counted(errors, Severity::error) + ", " +
+         counted(warnings, Severity::warning) + "\n";
 }
 
 }  // namespace fdmorph::compiler

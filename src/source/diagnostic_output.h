@@ -23,10 +23,14 @@ enum class DiagnosticStyle {
 /// column after the word. copiedFrom is a list of the COPY statements, innermost
 /// first, with file, line and column. A diagnostic without a place has no file,
 /// line, column and end.
+///
+/// `program` begins the lines of diagnostics without a place.
 [[nodiscard]] std::string printDiagnostics(Diagnostics const& diagnostics,
-                                           DiagnosticStyle style = DiagnosticStyle::plain);
+                                           DiagnosticStyle style = DiagnosticStyle::plain,
+                                           std::string_view program = "zbc");
 
 /// A line with the numbers of errors and warnings; empty if there are none.
-[[nodiscard]] std::string printSummary(Diagnostics const& diagnostics);
+[[nodiscard]] std::string printSummary(Diagnostics const& diagnostics,
+                                       std::string_view program = "zbc");
 
 }  // namespace fdmorph::compiler

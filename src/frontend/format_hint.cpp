@@ -1,4 +1,4 @@
-#include "compiler/format_hint.h"
+#include "frontend/format_hint.h"
 
 #include <algorithm>
 #include <array>

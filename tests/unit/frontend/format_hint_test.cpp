@@ -1,6 +1,6 @@
 // Sources that look as if they are read in the wrong format.
 
-#include "compiler/format_hint.h"
+#include "frontend/format_hint.h"
 
 #include <gtest/gtest.h>
 
