@@ -35,8 +35,8 @@ struct TextContext {
   ReplacementBudget budget = {};
   CompileVariables variables = {};
   bool warnsOfMissingCopies = false;  ///< a member that is not found is no error
-  bool isDebugging = false;  ///< debugging lines are part of the program
-  Place excludedLine = {};   ///< the first line that a letter in column 7 excludes
+  bool isDebugging = false;           ///< debugging lines are part of the program
+  Place excludedLine = {};            ///< the first line that a letter in column 7 excludes
 
   /// Whether the line of a place has text past column 72, which is ignored in
   /// fixed format.
