@@ -1,7 +1,5 @@
 #include "compiler/compilation.h"
 
-#include <unistd.h>
-
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -62,15 +60,6 @@ bool write(std::string const& path, std::string const& text) {
   std::optional<std::string> why = replaceFile(path, text);
   if (why) print(stderr, "zbc: error: cannot write " + printable(path) + ": " + *why + " [file]\n");
   return !why;
-}
-
-// Whether colors of the error stream reach a reader who wants them.
-bool isColorWanted() {
-  auto valueOf = [](char const* name) {
-    char const* value = std::getenv(name);
-    return std::string_view(value == nullptr ? "" : value);
-  };
-  return ::isatty(STDERR_FILENO) == 1 && valueOf("NO_COLOR").empty() && valueOf("TERM") != "dumb";
 }
 
 DiagnosticStyle styleOf(CommandLine const& line) {

@@ -1,6 +1,9 @@
 #include "source/diagnostic_output.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cstdlib>
 #include <nlohmann/json.hpp>
 #include <string_view>
 
@@ -185,6 +188,14 @@ std::string printSummary(Diagnostics const& diagnostics, std::string_view progra
   if (errors + warnings == 0) return {};
   return std::string(program) + ": " + counted(errors, Severity::error) + ", " +
          counted(warnings, Severity::warning) + "\n";
+}
+
+bool isColorWanted() {
+  auto valueOf = [](char const* name) {
+    char const* value = std::getenv(name);
+    return std::string_view(value == nullptr ? "" : value);
+  };
+  return ::isatty(STDERR_FILENO) == 1 && valueOf("NO_COLOR").empty() && valueOf("TERM") != "dumb";
 }
 
 }  // namespace fdmorph::compiler

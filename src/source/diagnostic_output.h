@@ -33,4 +33,8 @@ enum class DiagnosticStyle {
 [[nodiscard]] std::string printSummary(Diagnostics const& diagnostics,
                                        std::string_view program = "zbc");
 
+/// Whether the error stream is a terminal that shows colors, and nothing in the
+/// environment (NO_COLOR, TERM) is against them.
+[[nodiscard]] bool isColorWanted();
+
 }  // namespace fdmorph::compiler

@@ -42,6 +42,7 @@ constexpr std::array kCodes{
     CodeEntry{Code::environment, "environment", Severity::error},
     CodeEntry{Code::noData, "no-data", Severity::error},
     CodeEntry{Code::choice, "choice", Severity::error},
+    CodeEntry{Code::layout, "layout", Severity::error},
     CodeEntry{Code::directive, "directive", Severity::warning},
     CodeEntry{Code::sourceDirective, "source-directive", Severity::warning},
     CodeEntry{Code::leftOut, "left-out", Severity::warning},
@@ -61,6 +62,7 @@ constexpr std::array kCodes{
     CodeEntry{Code::lostConditions, "lost-conditions", Severity::warning},
     CodeEntry{Code::lostRedefinitions, "lost-redefinitions", Severity::warning},
     CodeEntry{Code::longNumber, "long-number", Severity::warning},
+    CodeEntry{Code::xmlName, "xml-name", Severity::warning},
     CodeEntry{Code::viewLeftOut, "view-left-out", Severity::note},
     CodeEntry{Code::format, "format", Severity::note},
 };

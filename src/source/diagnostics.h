@@ -49,6 +49,7 @@ enum class Code : std::uint8_t {
   environment,
   noData,
   choice,
+  layout,
   // Warnings.
   directive,
   sourceDirective,
@@ -69,6 +70,7 @@ enum class Code : std::uint8_t {
   lostConditions,
   lostRedefinitions,
   longNumber,
+  xmlName,
   // Notes.
   viewLeftOut,
   format,

@@ -3,7 +3,7 @@
 A case is a folder tests/cases/<group>/<case> that holds
 
   case.toml       rule     the rule that the case shows, in a sentence or two
-                  program  the program to run: "fdmorph" (the default) or "zbc"
+                  program  the program to run: "fdmorph" (the default), "fdrec" or "zbc"
                   args     the command line, without the name of the program
                   status   the exit status; 0 if absent
                   stdin    the standard input; empty if absent
@@ -27,7 +27,7 @@ Everything is compared byte for byte.  In stdout, stderr, zbc.arguments and file
 @DIR@ stands for the absolute path of the directory in which the program runs, and @TEMP@,
 also in the names of files, for the temporary copy's name without its extension: ./file and
 six characters, or the same without ./ after another slash.  The environment variables
-FDMORPH and ZBC name the programs.
+FDMORPH, FDREC and ZBC name the programs.
 """
 
 from __future__ import annotations
@@ -81,7 +81,7 @@ ZBC_DEFAULTS: dict[str, Any] = {
     "missing": False,
     "real": False,
 }
-PROGRAMS = {"fdmorph": "FDMORPH", "zbc": "ZBC"}  # the variables that name them
+PROGRAMS = {"fdmorph": "FDMORPH", "fdrec": "FDREC", "zbc": "ZBC"}  # the variables that name them
 TIME_LIMIT = 30  # seconds
 TEMPORARY_NAME = re.compile(rb"\bfile[a-z0-9]{6}(?=\.)")
 

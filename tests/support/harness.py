@@ -1,6 +1,6 @@
 """Runs the programs under test and the tools that judge their output.
 
-The environment variables FDMORPH and ZBC name the programs under test.
+The environment variables FDMORPH, FDREC and ZBC name the programs under test.
 """
 
 from __future__ import annotations

@@ -1,0 +1,134 @@
+#include "fdrec/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <csignal>
+#include <map>
+#include <sstream>
+
+#include "fdrec/commands.h"
+#include "fdrec/files.h"
+
+namespace fdmorph::fdrec {
+namespace {
+
+using compiler::Dialect;
+using compiler::Format;
+using record::RecordSection;
+
+constexpr char kCommonGroup[] = "Common options";
+constexpr std::size_t kHelpColumn = 28;
+
+template <typename Value>
+CLI::CheckedTransformer oneOf(std::map<std::string, Value> const& values) {
+  CLI::CheckedTransformer check(values, CLI::ignore_case);
+  std::string names;
+  for (auto const& [name, value] : values) names += (names.empty() ? "" : ", ") + name;
+  check.description(names);
+  return check;
+}
+
+/// The declaration of the common options.
+class CommonDeclaration {
+ public:
+  CommonDeclaration(CLI::App& app, CommonOptions& options) : m_app(app), m_options(options) {}
+
+  void declare() {
+    declareSource();
+    compiler::SourceOptions& source = m_options.source;
+    add("--dialect", source.dialect, "DIALECT", "whose sizes and byte orders apply; default: ibm")
+        ->transform(oneOf<Dialect>({{"ibm", Dialect::ibm}, {"gnucobol", Dialect::gnuCobol}}));
+    add("--encoding", m_options.encoding, "NAME",
+        "character set of the data; default: cp037 with ibm (cp1047 has other brackets), "
+        "utf-8 with gnucobol");
+    add("--namespace", m_options.naming.namespaceUri, "URI",
+        "namespace of the elements of a record without XML clauses");
+    add("-o,--output", m_options.output, "FILE", "write to FILE instead of the standard output");
+    m_app.add_flag("--werror", m_options.hasWarningsAsErrors, "exit with 1 after warnings, too")
+        ->group(kCommonGroup);
+  }
+
+ private:
+  void declareSource() {
+    compiler::SourceOptions& source = m_options.source;
+    addList("--record", m_options.choice.names, "NAME",
+            "use this record of level 01 or 77; default: the first one, or all of its file");
+    add("--section", m_options.choice.section, "SECTION", "where records are; default: auto")
+        ->transform(oneOf<RecordSection>({{"auto", RecordSection::automatic},
+                                          {"file", RecordSection::file},
+                                          {"working-storage", RecordSection::workingStorage},
+                                          {"linkage", RecordSection::linkage},
+                                          {"local-storage", RecordSection::localStorage}}));
+    add("--source-format", source.reading.format, "FORMAT",
+        "how the source is written; default: fixed")
+        ->transform(oneOf<Format>(
+            {{"fixed", Format::fixed}, {"variable", Format::variable}, {"free", Format::free}}));
+    addList("--copy-path", source.copying.folders, "DIR", "search copy members here; DIR:DIR")
+        ->delimiter(':');
+    addList("--copy-ext", source.copying.extensions, "EXT", "extensions of copy members; EXT,EXT")
+        ->delimiter(',');
+  }
+
+  template <typename Value>
+  CLI::Option* add(char const* name, Value& value, char const* type, char const* text) {
+    return m_app.add_option(name, value, text)->option_text(type)->group(kCommonGroup);
+  }
+
+  // An option that may be repeated.
+  CLI::Option* addList(char const* name, std::vector<std::string>& values, char const* type,
+                       char const* text) {
+    return add(name, values, type, text)->expected(1)->take_all()->allow_extra_args(false);
+  }
+
+  CLI::App& m_app;
+  CommonOptions& m_options;
+};
+
+/// The help of a command also has the common options, which belong to the program.
+class CommandFormatter : public CLI::Formatter {
+ public:
+  std::string make_footer(CLI::App const* app) const override {
+    CLI::App const* program = app->get_parent();
+    if (program == nullptr) return CLI::Formatter::make_footer(app);
+    std::vector<CLI::Option const*> options = program->get_options(
+        [](CLI::Option const* each) { return each->get_group() == kCommonGroup; });
+    return make_group(kCommonGroup, false, options) + CLI::Formatter::make_footer(app);
+  }
+};
+
+}  // namespace
+
+int runProgram(int count, char** arguments) {
+  // A file that is too large or a closed pipe makes the write fail.
+  std::signal(SIGXFSZ, SIG_IGN);
+  std::signal(SIGPIPE, SIG_IGN);
+  CLI::App app("Shows COBOL records, writes copybooks, and checks records against schemas.",
+               "fdrec");
+  CommonOptions common;
+  app.formatter(std::make_shared<CommandFormatter>());
+  app.get_formatter()->column_width(kHelpColumn);
+  app.set_version_flag("--version", "fdrec " FDMORPH_VERSION "\n");
+  app.require_subcommand(1);
+  app.fallthrough();
+  CommonDeclaration(app, common).declare();
+  Command* chosen = nullptr;
+  std::vector<std::unique_ptr<Command>> commands;
+  for (CommandRow const& row : commandTable()) {
+    Command* command = commands.emplace_back(row.make()).get();
+    CLI::App* sub = app.add_subcommand(row.name, row.summary);
+    sub->callback([&chosen, command] { chosen = command; });
+    command->declare(*sub);
+  }
+  try {
+    app.parse(count, arguments);
+  } catch (CLI::Success const& request) {  // the help or the version was asked for
+    std::ostringstream text;
+    app.exit(request, text, text);
+    return writeOutput({}, text.str());
+  } catch (CLI::ParseError const& error) {
+    printError(error.what(), "usage");
+    return kUsageError;
+  }
+  return chosen->run(common);
+}
+
+}  // namespace fdmorph::fdrec

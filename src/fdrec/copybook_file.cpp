@@ -1,0 +1,45 @@
+#include "fdrec/copybook_file.h"
+
+#include <cstdio>
+
+#include "record/part_rules.h"
+#include "record/storage_rules.h"
+#include "source/diagnostic_output.h"
+
+namespace fdmorph::fdrec {
+
+using compiler::Diagnostics;
+using compiler::DiagnosticStyle;
+using compiler::Severity;
+
+CopybookFile::CopybookFile(std::string const& path, CommonOptions const& options)
+    : m_options(options), m_source(path, options.source, m_disk) {
+  if (diagnostics().hasErrors()) return;
+  std::vector<compiler::DataItem const*> records = record::chooseRecords(m_source, options.choice);
+  if (diagnostics().hasErrors()) return;
+  for (compiler::DataItem const* each : records) {
+    m_trees.emplace_back(*each, options.naming, diagnostics());
+  }
+}
+
+void CopybookFile::checkLayout() {
+  for (record::RecordTree const& each : m_trees) {
+    record::checkParts(each, diagnostics());
+    record::checkStorage(each, diagnostics());
+  }
+}
+
+int CopybookFile::finish() const {
+  Diagnostics const& diagnostics = m_source.diagnostics();
+  DiagnosticStyle style =
+      compiler::isColorWanted() ? DiagnosticStyle::colored : DiagnosticStyle::plain;
+  std::string text = compiler::printDiagnostics(diagnostics, style, "fdrec") +
+                     compiler::printSummary(diagnostics, "fdrec");
+  std::fwrite(text.data(), 1, text.size(), stderr);
+  if (m_source.file() == nullptr) return kFailed;
+  bool isWarningAnError =
+      m_options.hasWarningsAsErrors && diagnostics.countOf(Severity::warning) > 0;
+  return diagnostics.hasErrors() || isWarningAnError ? kErrors : kClean;
+}
+
+}  // namespace fdmorph::fdrec

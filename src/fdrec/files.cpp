@@ -1,0 +1,47 @@
+#include "fdrec/files.h"
+
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+#include "fdrec/command.h"
+#include "text/file_replacement.h"
+
+namespace fdmorph::fdrec {
+
+void printError(std::string const& text, char const* code) {
+  std::string line = "fdrec: error: " + compiler::printable(text) + " [" + code + "]\n";
+  std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+int writeOutput(std::string const& path, std::string const& text) {
+  if (path.empty() || path == compiler::kStandardInput) {
+    bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
+    isWritten = std::fflush(stdout) == 0 && isWritten;
+    if (!isWritten) printError("cannot write the standard output", "file");
+    return isWritten ? kClean : kFailed;
+  }
+  std::optional<std::string> why = replaceFile(path, text);
+  if (why) printError("cannot write " + compiler::quoted(path) + ": " + *why, "file");
+  return why ? kFailed : kClean;
+}
+
+std::optional<std::string> readInput(std::string const& path) {
+  compiler::DiskTree tree;
+  std::optional<std::string> content = tree.read(path);
+  if (!content) {
+    printError("cannot read " + compiler::quoted(path) + ": " + compiler::whyUnreadable(path),
+               "file");
+  }
+  return content;
+}
+
+int refuseOutputOver(std::string const& output, std::string const& input) {
+  if (output.empty() || output == compiler::kStandardInput) return kClean;
+  std::error_code error;
+  if (!std::filesystem::equivalent(output, input, error)) return kClean;
+  printError("the output would replace the input " + compiler::quoted(input), "usage");
+  return kUsageError;
+}
+
+}  // namespace fdmorph::fdrec

@@ -1,0 +1,67 @@
+#include "record/storage_rules.h"
+
+#include <optional>
+
+namespace fdmorph::record {
+namespace {
+
+using compiler::Category;
+using compiler::Code;
+using compiler::DataItem;
+using compiler::Storage;
+using compiler::Usage;
+
+constexpr std::uint32_t kMaxBinaryDigits = 18;
+constexpr std::uint64_t kMaxBinarySize = 8;  // bytes
+
+bool isStoredDifferently(DataItem const& item) {
+  switch (item.effectiveUsage) {
+    case Usage::bit:
+    case Usage::display1:
+    case Usage::floatBinary32:
+    case Usage::floatBinary64:
+    case Usage::floatBinary128:
+    case Usage::floatDecimal16:
+    case Usage::floatDecimal34:
+    case Usage::floatExtended:
+    case Usage::object:
+      return true;
+    case Usage::national:
+      return item.picture != nullptr && item.picture->category == Category::numeric;
+    default:
+      return false;
+  }
+}
+
+std::optional<std::string> findFault(DataItem const& item) {
+  if (isStoredDifferently(item)) {
+    return "no defined form of usage " + std::string(entryOf(item.effectiveUsage).name);
+  }
+  Storage storage = entryOf(item.effectiveUsage).storage;
+  bool isBinary = storage == Storage::binary || storage == Storage::nativeBinary ||
+                  storage == Storage::shortBinary;
+  if (!isBinary || item.picture == nullptr) return std::nullopt;
+  if (item.picture->category == Category::numeric) {
+    if (item.picture->nines <= kMaxBinaryDigits) return std::nullopt;
+    return "binary number of " + std::to_string(item.picture->nines) + " digits; at most " +
+           std::to_string(kMaxBinaryDigits) + " are supported";
+  }
+  if (item.picture->size <= kMaxBinarySize) return std::nullopt;
+  return "binary number of " + std::to_string(item.picture->size) + " bytes; at most " +
+         std::to_string(kMaxBinarySize) + " are supported";
+}
+
+}  // namespace
+
+void checkStorage(RecordTree const& tree, compiler::Diagnostics& diagnostics) {
+  for (RecordNode const& node : tree.nodes()) {
+    bool isText =
+        node.role == Role::element || node.role == Role::attribute || node.role == Role::value;
+    if (!isText || node.item->isGroup()) continue;
+    if (auto fault = findFault(*node.item)) {
+      diagnostics.report(Code::layout, node.item->place, std::move(*fault));
+    }
+  }
+}
+
+}  // namespace fdmorph::record
