@@ -1,8 +1,8 @@
 #include "schema/schema_preprocessing.h"
 
-#include <algorithm>
 #include <utility>
 
+#include "schema/schema_parts.h"
 #include "xml/paths.h"
 
 namespace fdmorph {
@@ -42,23 +42,6 @@ void takeComponents(CDMXMLSchemaDoc const& included, std::vector<CDMXMLElement*>
       if (isTargetNamespace(attribute)) component->addAttribute(attribute);
     }
     pending.push_back(component);
-  }
-}
-
-// Replaces components in `pending` by the children of the redefine `part`, and
-// adds the replaced ones to `redefined`.
-void redefineComponents(CDMXMLElement const* part, std::vector<CDMXMLElement*>& pending,
-                        ComponentList& redefined) {
-  for (CDMXMLElement* child : part->getChildElements()) {
-    std::string_view name = findAttrByName(child, "name").value_or("");
-    if (name.empty()) continue;
-    auto replaced = std::ranges::find_if(pending, [name](CDMXMLElement const* entry) {
-      return findAttrByName(entry, "name") == name;
-    });
-    if (replaced == pending.end()) continue;
-    redefined.append(*replaced);
-    pending.erase(replaced);
-    pending.push_back(child);
   }
 }
 

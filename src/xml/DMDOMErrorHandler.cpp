@@ -23,12 +23,22 @@ void CDMDOMErrorHandler::fatalError(xerces::SAXParseException const& e) {
 void CDMDOMErrorHandler::DisplayErrorMsg(char const* type, ParserReport::Kind kind,
                                          xerces::SAXParseException const& e) {
   if (m_isDropping) return;
-  std::string line = type;
-  line += " : " + toLocalText(e.getSystemId()) + "(Line " + std::to_string(e.getLineNumber()) +
-          ", Col " + std::to_string(e.getColumnNumber()) + ")";
-  if (m_bVerbose) line += " : " + m_refusal.value_or(toLocalText(e.getMessage()));
+  std::string message = m_refusal.value_or(toLocalText(e.getMessage()));
   m_isDropping = m_refusal.has_value();
-  emit({kind, line, m_isDropping});
+  ParserReport report = placedReport(type, kind, toLocalText(e.getSystemId()), e.getLineNumber(),
+                                     e.getColumnNumber());
+  if (m_bVerbose) report.line += " : " + message;
+  report.message = std::move(message);
+  report.isLimit = m_isDropping;
+  emit(report);
+}
+
+ParserReport CDMDOMErrorHandler::placedReport(char const* type, ParserReport::Kind kind,
+                                              std::string file, std::size_t line,
+                                              std::size_t column) {
+  std::string head = std::string(type) + " : " + file + "(Line " + std::to_string(line) + ", Col " +
+                     std::to_string(column) + ")";
+  return {kind, std::move(head), false, std::move(file), line, column, {}};
 }
 
 void CDMDOMErrorHandler::beginParse() {

@@ -32,7 +32,12 @@ class CDMDOMErrorHandler : public xerces::ErrorHandler {
   void setVerboseError(bool verbose) { m_bVerbose = verbose; }
 
   /// Prints and counts `report`, and keeps it if reports are being recorded.
-  void emit(ParserReport const& report);
+  virtual void emit(ParserReport const& report);
+
+  /// A report about a place, without its message.
+  [[nodiscard]] static ParserReport placedReport(char const* type, ParserReport::Kind kind,
+                                                 std::string file, std::size_t line,
+                                                 std::size_t column);
 
   /// Has the next report of the library replaced by `message`, with its place, and
   /// drops the reports after it: they follow from what has been refused. Ends

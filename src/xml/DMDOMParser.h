@@ -2,6 +2,7 @@
 // document or a schema, and copies the document into the tool's own tree.
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <vector>
@@ -19,6 +20,12 @@ struct ParserReport {
   Kind kind;
   std::string line;      ///< as it stands on the error stream, without the line end
   bool isLimit = false;  ///< a limit ends the parse; the line is shown in any flood
+
+  // The same line in its parts, of reports that have a place.
+  std::string file = {};
+  std::size_t lineNumber = 0;
+  std::size_t column = 0;
+  std::string message = {};
 };
 
 /// Prints `report` on the error stream and counts it by its kind. It does not use

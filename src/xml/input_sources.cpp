@@ -1,8 +1,10 @@
 #include "xml/input_sources.h"
 
 #include <span>
+#include <string_view>
 #include <utility>
 #include <xercesc/framework/LocalFileInputSource.hpp>
+#include <xercesc/framework/MemBufInputSource.hpp>
 #include <xercesc/util/BinInputStream.hpp>
 #include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLExceptMsgs.hpp>
@@ -17,6 +19,8 @@ namespace {
 
 using Identifier = xerces::XMLResourceIdentifier;
 using LibraryStream = std::unique_ptr<xerces::BinInputStream>;
+
+constexpr std::string_view kDocumentTypeEnding = ".dtd";
 
 [[noreturn]] void failToRead() {
   throw xerces::XMLPlatformUtilsException(__FILE__, __LINE__,
@@ -170,6 +174,7 @@ class LibrarySource : public Source {
 
  private:
   xerces::BinInputStream* open() const {
+    if (owner().isLocal()) return nullptr;
     if (location().url) return location().url->makeNewStream();
     return xerces::LocalFileInputSource(getSystemId()).makeStream();
   }
@@ -187,11 +192,20 @@ bool isSchemaFile(Identifier const& resource) {
   }
 }
 
+// The location of a file that is named by its path alone.
+Location locationOfPath(std::string const& path) {
+  return {toLibraryText(path), path, std::nullopt};
+}
+
+bool isDocumentType(Location const& location) {
+  return toLocalText(location.systemId.c_str()).ends_with(kDocumentTypeEnding);
+}
+
 }  // namespace
 
 std::unique_ptr<xerces::InputSource> InputSources::mainSchema(std::string const& fileName,
                                                               SourceRole role) {
-  Location location = resolveLocation(fileName);
+  Location location = m_resolver == nullptr ? resolveLocation(fileName) : locationOfPath(fileName);
   if (location.path) {
     std::shared_ptr<InputFile> file = m_files.at(*location.path);
     if (file->kind() == InputFile::Kind::pipe) {
@@ -205,22 +219,45 @@ std::unique_ptr<xerces::InputSource> InputSources::mainSchema(std::string const&
 }
 
 std::unique_ptr<xerces::InputSource> InputSources::document(std::string const& fileName) {
+  if (m_resolver != nullptr) return mainSchema(fileName, SourceRole::document);
   return std::make_unique<LibrarySource>(resolveLocation(fileName), SourceRole::document, *this);
 }
 
 xerces::InputSource* InputSources::resolveEntity(xerces::XMLResourceIdentifier* resource) {
-  if (resource->getSystemId() == nullptr) return nullptr;
   XMLCh const* base = resource->getBaseURI();
-  Location location = resolveLocation(base, resource->getSystemId());
+  std::optional<Location> found = locate(*resource);
+  if (!found) return nullptr;
+  Location& location = *found;
   bool isSchema = isSchemaFile(*resource);
   SourceRole role = isSchema ? SourceRole::schema : SourceRole::entity;
   if (isSchema && base != nullptr) {
     bool isRedefine = resource->getResourceIdentifierType() == Identifier::SchemaRedefine;
     m_files.references().addReference(nameOf(base), nameOf(location.systemId.c_str()), isRedefine);
   }
+  // What a document type declares is not needed to read a schema.
+  if (m_resolver != nullptr && !isSchema && !location.path && isDocumentType(location)) {
+    return new xerces::MemBufInputSource(nullptr, 0, location.systemId.c_str());
+  }
   if (!location.path) return new LibrarySource(std::move(location), role, *this);
   std::shared_ptr<InputFile> file = m_files.at(*location.path);
   return new FileSource(std::move(file), std::move(location), role, *this);
+}
+
+// Nothing if the resource has no location and is not at hand.
+std::optional<Location> InputSources::locate(Identifier const& resource) {
+  XMLCh const* base = resource.getBaseURI();
+  XMLCh const* systemId = resource.getSystemId();
+  if (m_resolver == nullptr) {
+    if (systemId == nullptr) return std::nullopt;
+    return resolveLocation(base, systemId);
+  }
+  XMLCh const* identifier =
+      isSchemaFile(resource) ? resource.getNameSpace() : resource.getPublicId();
+  auto textOf = [](XMLCh const* text) { return text == nullptr ? "" : toLocalText(text); };
+  LocationReference reference{textOf(base), textOf(systemId), textOf(identifier)};
+  if (auto path = m_resolver->resolve(reference)) return locationOfPath(*path);
+  if (systemId == nullptr) return std::nullopt;
+  return Location{systemId, std::nullopt, std::nullopt};
 }
 
 std::unique_ptr<ExpansionLimit> InputSources::beginDocument() {
@@ -232,7 +269,7 @@ std::string const& InputSources::nameOf(XMLCh const* systemId) {
   auto [entry, isNew] = m_names.try_emplace(systemId);
   if (isNew) {
     std::string local = toLocalText(systemId);
-    Location location = resolveLocation(local);
+    Location location = m_resolver == nullptr ? resolveLocation(local) : locationOfPath(local);
     entry->second = location.path ? m_files.at(*location.path)->name() : local;
   }
   return entry->second;

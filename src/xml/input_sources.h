@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <unordered_map>
 #include <xercesc/sax/InputSource.hpp>
@@ -10,6 +11,8 @@
 
 #include "xml/expansion_limit.h"
 #include "xml/input_files.h"
+#include "xml/location_resolver.h"
+#include "xml/locations.h"
 #include "xml/transcoding.h"
 
 namespace fdmorph {
@@ -25,15 +28,17 @@ enum class SourceRole {
 
 /// Makes the sources of all files that a document or a schema refers to, and
 /// notes which schema file refers to which. The sources have the locations that
-/// the library itself would give them.
+/// the library itself would give them; with a resolver, the paths that it finds,
+/// and nothing is read over a network.
 ///
 /// Special files are refused unopened, as if they could not be read. Schema files
 /// are checked ahead of the library (schema_check.h).
 class InputSources : public xerces::XMLEntityResolver {
  public:
-  /// Both must outlive this object. Refusals go to `errorHandler`.
-  InputSources(InputFiles& files, CDMDOMErrorHandler& errorHandler)
-      : m_files(files), m_errorHandler(errorHandler) {}
+  /// All must outlive this object. Refusals go to `errorHandler`.
+  InputSources(InputFiles& files, CDMDOMErrorHandler& errorHandler,
+               LocationResolver* resolver = nullptr)
+      : m_files(files), m_errorHandler(errorHandler), m_resolver(resolver) {}
 
   /// The source of the schema file that a load or a parse begins with. It may be
   /// a pipe, which is opened for each.
@@ -58,12 +63,18 @@ class InputSources : public xerces::XMLEntityResolver {
   void setLimits(ExpansionLimits limits) { m_limits = limits; }
   [[nodiscard]] ExpansionLimits limits() const { return m_limits; }
 
+  /// Whether nothing but files that the resolver finds is read.
+  [[nodiscard]] bool isLocal() const { return m_resolver != nullptr; }
+
   InputFiles& files() { return m_files; }
   CDMDOMErrorHandler& errorHandler() { return m_errorHandler; }
 
  private:
+  std::optional<Location> locate(xerces::XMLResourceIdentifier const& resource);
+
   InputFiles& m_files;
   CDMDOMErrorHandler& m_errorHandler;
+  LocationResolver* m_resolver;
   ExpansionLimits m_limits;
   std::unordered_map<std::basic_string<XMLCh>, std::string> m_names;  // by systemId
 };

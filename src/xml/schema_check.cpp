@@ -147,18 +147,20 @@ class PatternReader : public Reader {
     m_open.push_back({name, given == nullptr ? std::string() : toLocalText(given)});
     XMLCh const* value = attributes.getValue(u"value");
     if (Text(uri) != kSchemaNamespace || Text(name) != u"pattern" || value == nullptr) return;
-    refusal = refusalOf(value);
-    if (!refusal) return;
-    XMLCh const* file = locator()->getSystemId();
-    refusal = "Error : " + toLocalText(file) + "(Line " +
-              std::to_string(locator()->getLineNumber()) + ", Col " +
-              std::to_string(locator()->getColumnNumber()) + ") : " + *refusal;
+    std::optional<std::string> message = refusalOf(value);
+    if (!message) return;
+    refusal = CDMDOMErrorHandler::placedReport(
+        "Error", ParserReport::Kind::error, toLocalText(locator()->getSystemId()),
+        locator()->getLineNumber(), locator()->getColumnNumber());
+    refusal->line += " : " + *message;
+    refusal->message = std::move(*message);
+    refusal->isLimit = true;
     throw Found();
   }
 
   void endElement(XMLCh const*, XMLCh const*, XMLCh const*) override { m_open.pop_back(); }
 
-  std::optional<std::string> refusal;  ///< the report
+  std::optional<ParserReport> refusal;
 
  private:
   struct Open {
@@ -219,7 +221,7 @@ bool arePatternsAdmitted(xerces::InputSource const& source, InputSources& source
   PatternReader reader(sources, limits);
   bool isWithinLimits = reader.read(source);
   if (!reader.refusal) return isWithinLimits;
-  sources.errorHandler().emit({ParserReport::Kind::error, *reader.refusal, true});
+  sources.errorHandler().emit(*reader.refusal);
   return false;
 }
 
