@@ -1,0 +1,47 @@
+// fdrec show: the items of records as a table, as JSON and as a page.
+#include <CLI/CLI.hpp>
+
+#include "fdrec/commands.h"
+#include "fdrec/copybook_file.h"
+#include "fdrec/files.h"
+#include "show/json_output.h"
+#include "show/table.h"
+
+namespace fdmorph::fdrec {
+namespace {
+
+class ShowCommand : public Command {
+ public:
+  void declare(CLI::App& app) override {
+    app.add_option("COPYBOOK", m_copybook, "copybook or program; - is the standard input")
+        ->required()
+        ->option_text(" ");
+    app.add_flag("--json", m_isJson, "write JSON");
+  }
+
+  int run(CommonOptions const& options) override {
+    if (int status = refuseOutputOver(options.output, m_copybook); status != kClean) return status;
+    CopybookFile copybook(m_copybook, options);
+    if (!copybook.isUsable()) return copybook.finish();
+    copybook.checkLayout();
+    show::ShownSource source{copybook.source().file()->name, options.source.dialect,
+                             options.effectiveEncoding(), copybook.trees(),
+                             &copybook.source().sources()};
+    std::string text = m_isJson ? show::printJson(source) : show::printTables(source);
+    int written = writeOutput(options.output, text);
+    int status = copybook.finish();
+    return written == kClean ? status : written;
+  }
+
+ private:
+  std::string m_copybook;
+  bool m_isJson = false;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeShowCommand() {
+  return std::make_unique<ShowCommand>();
+}
+
+}  // namespace fdmorph::fdrec
