@@ -111,6 +111,7 @@ Visit walkSubstitution(SchemaWalker& walker, CDMXMLElement* head,
   Visit visit =
       walker.visitChildren(head, {declared.item, declared.current}, at.below(declared.item));
   for (CDMXMLElement* member : members) {
+    if (isCurrent && !walker.admits(member, parent)) continue;
     if (!walker.open().openMember(member)) continue;
     if (isCurrent) {
       walkMemberAsSibling(walker, member, parent, at);
@@ -181,6 +182,7 @@ Conversion convertReferringAttribute(SchemaWalker& walker, CDMXMLElement* elemen
 }  // namespace
 
 Conversion ProcessElementElement(SchemaWalker& walker, CDMXMLElement* element, WalkPosition at) {
+  if (!walker.admits(element, at.current)) return Conversion::done(at.current, at.current);
   DeclaredItem const declared = walker.builder().findOrMakeItem(element, at.current);
   CDMCOBOLRecordItem* item = declared.item;
   if (declared.isNew) {
@@ -213,7 +215,7 @@ Conversion ProcessElementElement(SchemaWalker& walker, CDMXMLElement* element, W
 }
 
 Conversion ProcessAttributeElement(SchemaWalker& walker, CDMXMLElement* element, WalkPosition at) {
-  if (findAttrByName(element, "use") == "prohibited") {
+  if (findAttrByName(element, "use") == "prohibited" || !walker.admits(element, at.current)) {
     return Conversion::done(at.current, at.current);
   }
   DeclaredItem const declared = walker.builder().findOrMakeItem(element, at.current);

@@ -65,11 +65,7 @@ RecordBuilder::DeclaredItem RecordBuilder::findOrMakeItem(CDMXMLElement const* e
     CDMCOBOLRecordItem* head = m_store.create();
     return {head, head, true};
   }
-  CDMXMLElement const* holder = current->schemaElement;
-  bool isIncomplete = current->derivationKind == DerivationKind::simpleContent ||
-                      (holder != nullptr && holder->getAttribute("ref") != nullptr);
-  if (isIncomplete && holder != nullptr &&
-      generatorElementKind(holder) == generatorElementKind(element)) {
+  if (isCompletedBy(element, current)) {
     current->derivationKind = DerivationKind::none;
     return {current, current, false};
   }
@@ -77,6 +73,14 @@ RecordBuilder::DeclaredItem RecordBuilder::findOrMakeItem(CDMXMLElement const* e
   item->parent = current;
   current->addChild(item);
   return {item, current, true};
+}
+
+bool RecordBuilder::isCompletedBy(CDMXMLElement const* element, CDMCOBOLRecordItem const* current) {
+  CDMXMLElement const* holder = current->schemaElement;
+  bool isIncomplete = current->derivationKind == DerivationKind::simpleContent ||
+                      (holder != nullptr && holder->getAttribute("ref") != nullptr);
+  return isIncomplete && holder != nullptr &&
+         generatorElementKind(holder) == generatorElementKind(element);
 }
 
 CDMCOBOLRecordItem* RecordBuilder::refuse(CDMCOBOLRecordItem* item, CDMCOBOLRecordItem* current) {

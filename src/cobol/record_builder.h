@@ -102,6 +102,11 @@ class RecordBuilder {
   [[nodiscard]] DeclaredItem findOrMakeItem(CDMXMLElement const* element,
                                             CDMCOBOLRecordItem* current);
 
+  /// Whether `element` completes `current`, a reference or the value of a simple
+  /// content, instead of making an item below it.
+  [[nodiscard]] static bool isCompletedBy(CDMXMLElement const* element,
+                                          CDMCOBOLRecordItem const* current);
+
   /// Unlinks and ends an item that cannot be converted. Returns the new
   /// current item: null if `current` was that item.
   [[nodiscard]] CDMCOBOLRecordItem* refuse(CDMCOBOLRecordItem* item, CDMCOBOLRecordItem* current);

@@ -5,7 +5,6 @@
 #include <string>
 
 #include "cobol/facets.h"
-#include "cobol/fixed_format.h"
 #include "text/console.h"
 
 namespace fdmorph {
@@ -118,7 +117,7 @@ bool RecordOutput::OutputCOBOLItem(CDMCOBOLRecordItem* item) {
   }
   if (m_options.uniqueNames) m_uniqueNames.settleName(*item);
   buildLogicalLine(*item);
-  OutputFixedFormatCOBOL(m_line, m_stream);
+  m_options.writeLine(m_line, m_stream);
   for (CDMCOBOLRecordItem* child : item->children) OutputCOBOLItem(child);
   return true;
 }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "cobol/DMCOBOLRecordItem.h"
+#include "cobol/fixed_format.h"
 
 namespace fdmorph {
 
@@ -58,14 +59,17 @@ class UniqueNames {
   std::vector<std::pair<unsigned, CDMCOBOLRecordItem const*>> m_emptyItems;
 };
 
-/// Writes one record. Each item becomes one logical line of clauses, which the
-/// fixed-format writer breaks over physical lines.
+/// Writes one record. Each item becomes one logical line of clauses, which by
+/// default the fixed-format writer breaks over physical lines.
 class RecordOutput {
  public:
   struct Options {
-    std::string_view prefix;   ///< of data names and count fields
-    bool countIn = true;       ///< write "count in" clauses
-    bool uniqueNames = false;  ///< make data names unique within the record
+    std::string_view prefix = {};  ///< of data names and count fields
+    bool countIn = true;           ///< write "count in" clauses
+    bool uniqueNames = false;      ///< make data names unique within the record
+
+    /// Writes a logical line.
+    void (*writeLine)(std::string_view line, std::ostream& stream) = OutputFixedFormatCOBOL;
   };
 
   /// `texts` is the record's pool, for names made unique. It, the text in

@@ -22,6 +22,13 @@ void SchemaWalker::endRecord() {
   m_open.clear();
 }
 
+bool SchemaWalker::admits(CDMXMLElement const* declaration,
+                          CDMCOBOLRecordItem const* current) const {
+  if (m_filter == nullptr || current == nullptr) return true;
+  return RecordBuilder::isCompletedBy(declaration, current) ||
+         m_filter->admits(declaration, current);
+}
+
 Visit SchemaWalker::getCOBOLFromSchema(CDMXMLElement* element, WalkPosition at) {
   if (element == nullptr) return {nullptr, at.current};
   Conversion const conversion = dispatch(element, at);

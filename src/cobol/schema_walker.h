@@ -11,6 +11,7 @@
 #include "cobol/component_search.h"
 #include "cobol/conversions.h"
 #include "cobol/namespace_lookup.h"
+#include "cobol/part_filter.h"
 #include "cobol/record_builder.h"
 #include "cobol/recursion.h"
 #include "cobol/substitution_groups.h"
@@ -21,12 +22,15 @@ namespace fdmorph {
 /// and the recursion tests through it.
 class SchemaWalker {
  public:
-  /// The three references must outlive the walker.
+  /// The three references and the filter, which may be null, must outlive the
+  /// walker.
   SchemaWalker(NamespaceLookup const& namespaces, ComponentSearch const& components,
-               SubstitutionGroups const& substitutions, RecordLimits const& limits = {})
+               SubstitutionGroups const& substitutions, RecordLimits const& limits = {},
+               PartFilter* filter = nullptr)
       : m_namespaces(namespaces),
         m_components(components),
         m_substitutions(substitutions),
+        m_filter(filter),
         m_builder(namespaces, limits) {}
 
   /// Builds the record of a head element. Null if nothing is left of it. The
@@ -49,6 +53,11 @@ class SchemaWalker {
   [[nodiscard]] Visit walkDefinition(CDMXMLElement* definition, std::string_view name,
                                      WalkPosition at);
 
+  /// Whether the declaration is to become a part of `current`. A declaration that
+  /// completes an item is no part of its own.
+  [[nodiscard]] bool admits(CDMXMLElement const* declaration,
+                            CDMCOBOLRecordItem const* current) const;
+
   NamespaceLookup const& namespaces() const { return m_namespaces; }
   ComponentSearch const& components() const { return m_components; }
   SubstitutionGroups const& substitutions() const { return m_substitutions; }
@@ -63,6 +72,7 @@ class SchemaWalker {
   NamespaceLookup const& m_namespaces;
   ComponentSearch const& m_components;
   SubstitutionGroups const& m_substitutions;
+  PartFilter* m_filter;
   RecordBuilder m_builder;
   OpenDefinitions m_open;
 };

@@ -10,17 +10,19 @@
 
 namespace fdmorph {
 
-/// An element with its attributes, in this order, and its child elements.
+/// An element with its attributes, in this order, its child elements, and its text.
 struct Tree {
   std::string name;
   std::vector<std::pair<std::string, std::string>> attributes = {};
   std::vector<Tree> children = {};
+  std::string value = {};
 };
 
 inline CDMXMLElement* build(CDMXMLNodeStore& store, Tree const& tree,
                             CDMXMLElement* parent = nullptr) {
   CDMXMLElement* element = store.newElement();
   element->name = tree.name;
+  element->value = tree.value;
   element->setParent(parent);
   for (auto const& [name, value] : tree.attributes) {
     CDMXMLAttribute* attribute = store.newAttribute();
