@@ -69,12 +69,16 @@ struct SignClause {
   bool isSeparate = false;
 };
 
+enum class KeyOrder : std::uint8_t { ascending, descending };
+
 struct OccursClause {
   std::uint64_t least = 1;
   std::uint64_t most = 1;
   bool isDepending = false;
   QualifiedName depending;
-  std::vector<QualifiedName> keys;  ///< ASCENDING and DESCENDING KEY
+  std::vector<QualifiedName> keys;        ///< ASCENDING and DESCENDING KEY
+  std::vector<KeyOrder> keyOrders;        ///< one for each key
+  std::vector<std::string_view> indexes;  ///< INDEXED BY
   Place place;
 };
 
@@ -110,6 +114,7 @@ struct DataItem {
   std::unique_ptr<QualifiedName> related;  ///< REDEFINES, or the first of RENAMES
   std::unique_ptr<QualifiedName> through;  ///< the last of RENAMES
   std::vector<ValueRange> values;
+  std::unique_ptr<Literal> falseValue;  ///< of a condition, WHEN SET TO FALSE; null if none
 
   // The tree. DataDivision::items owns the items.
   DataItem* parent = nullptr;

@@ -84,6 +84,17 @@ bool isNationalLiteral(std::string_view literal) {
   return first == 'N' || first == 'G';
 }
 
+std::string hexadecimalLiteral(std::string_view bytes) {
+  constexpr char kDigits[] = "0123456789ABCDEF";
+  std::string literal = "X\"";
+  for (char c : bytes) {
+    auto byte = static_cast<unsigned char>(c);
+    literal += kDigits[byte >> 4U];
+    literal += kDigits[byte & 0xFU];
+  }
+  return literal += '"';
+}
+
 std::string quotedLiteral(std::string_view content) {
   std::string literal = "\"";
   for (char c : content) {

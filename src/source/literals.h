@@ -24,6 +24,9 @@ struct LiteralContent {
 /// Whether a literal has national characters: N"..", G"..", NX".." or GX"..".
 bool isNationalLiteral(std::string_view literal);
 
+/// X"..": a literal with these bytes.
+std::string hexadecimalLiteral(std::string_view bytes);
+
 /// A literal with this content, in double quotes.
 std::string quotedLiteral(std::string_view content);
 

@@ -97,6 +97,17 @@ bool isNameListed(TokenStream& tokens) {
          !token.is(Keyword::depending);
 }
 
+void parseKeys(ClauseContext& context, OccursClause& occurs, KeyOrder order) {
+  TokenStream& tokens = context.tokens;
+  tokens.skip(Keyword::key);
+  tokens.skip(Keyword::is);
+  if (!isNameListed(tokens)) context.names.parseQualified();  // reports what is missing
+  while (isNameListed(tokens)) {
+    occurs.keys.push_back(context.names.parseQualified());
+    occurs.keyOrders.push_back(order);
+  }
+}
+
 // DEPENDING ON, ASCENDING and DESCENDING KEY, INDEXED BY, in any order.
 void parseOccursPhrases(ClauseContext& context, OccursClause& occurs) {
   TokenStream& tokens = context.tokens;
@@ -105,15 +116,14 @@ void parseOccursPhrases(ClauseContext& context, OccursClause& occurs) {
       tokens.skip(Keyword::on);
       occurs.isDepending = true;
       occurs.depending = context.names.parseQualified();
-    } else if (tokens.skip(Keyword::ascending) || tokens.skip(Keyword::descending)) {
-      tokens.skip(Keyword::key);
-      tokens.skip(Keyword::is);
-      if (!isNameListed(tokens)) context.names.parseQualified();  // reports what is missing
-      while (isNameListed(tokens)) occurs.keys.push_back(context.names.parseQualified());
+    } else if (tokens.skip(Keyword::ascending)) {
+      parseKeys(context, occurs, KeyOrder::ascending);
+    } else if (tokens.skip(Keyword::descending)) {
+      parseKeys(context, occurs, KeyOrder::descending);
     } else if (tokens.skip(Keyword::indexed)) {
       tokens.skip(Keyword::by);
-      context.names.parse();
-      while (isNameListed(tokens)) tokens.take();
+      if (auto name = context.names.parse()) occurs.indexes.push_back(*name);
+      while (isNameListed(tokens)) occurs.indexes.push_back(tokens.take().text);
     } else {
       return;
     }

@@ -217,7 +217,7 @@ void EntryParser::parseCondition(DataItem& item) {
   if (m_tokens.skip(Keyword::value)) {
     if (!m_tokens.skip(Keyword::is)) m_tokens.skip(Keyword::are);
     item.values = m_values.parseValues(true);
-    parseFalsePhrase();
+    parseFalsePhrase(item);
     endShortEntry("condition entry");
   } else {
     m_tokens.error(Code::value, item.place,
@@ -228,14 +228,18 @@ void EntryParser::parseCondition(DataItem& item) {
 }
 
 // WHEN SET TO FALSE IS literal; the dictionary has no place for it.
-void EntryParser::parseFalsePhrase() {
+void EntryParser::parseFalsePhrase(DataItem& item) {
   bool isFalse = m_tokens.skip(Keyword::when);
   isFalse |= m_tokens.skipWord("SET");
   isFalse |= m_tokens.skip(Keyword::to);
   isFalse |= m_tokens.skipWord("FALSE");
   if (!isFalse) return;
   m_tokens.skip(Keyword::is);
-  if (!m_values.parseLiteral()) m_tokens.expected(Code::value, "a literal after FALSE");
+  if (std::optional<Literal> value = m_values.parseLiteral()) {
+    item.falseValue = std::make_unique<Literal>(*value);
+  } else {
+    m_tokens.expected(Code::value, "a literal after FALSE");
+  }
 }
 
 void EntryParser::parseRenames(DataItem& item) {

@@ -36,7 +36,7 @@ class EntryParser {
   void parseClauses(DataItem& item);
   void parseConstant(DataItem& item);
   void parseCondition(DataItem& item);
-  void parseFalsePhrase();
+  void parseFalsePhrase(DataItem& item);
   void parseRenames(DataItem& item);
   void parseName(DataItem& item);
   bool isName();

@@ -84,6 +84,9 @@ TEST(OccursClause, MayBeARange) {
   EXPECT_EQ(occurs.depending.name, "N");
   ASSERT_EQ(occurs.keys.size(), 3);
   EXPECT_EQ(occurs.keys[1].qualifiers.size(), 1);
+  using enum KeyOrder;
+  EXPECT_EQ(occurs.keyOrders, (std::vector{ascending, ascending, descending}));
+  EXPECT_EQ(occurs.indexes, (std::vector<std::string_view>{"I", "J"}));
 }
 
 TEST(OccursClause, MayBeUnboundedInTheLinkageSection) {
