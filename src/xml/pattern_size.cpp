@@ -22,18 +22,22 @@ class PatternReader {
     m_groups.emplace_back();
     while (!m_rest.empty()) readPiece();
     while (m_groups.size() > 1) endGroup();
-    return {m_groups.front().repetition, m_groups.front().atoms, m_depth};
+    Group const& whole = m_groups.front();
+    return {whole.repetition, whole.atoms, m_depth, std::max(whole.longest, whole.length)};
   }
 
  private:
   struct Group {
     std::size_t repetition = 1;
     std::size_t atoms = 0;
+    std::size_t longest = 0;  // match of the alternatives that have ended
+    std::size_t length = 0;   // of the longest match of the present one
   };
 
   struct Quantifier {
     std::size_t count = 1;   // as written, at least 1
     std::size_t copies = 1;  // that the library makes
+    std::size_t most = 1;    // matches
   };
 
   char16_t take() {
@@ -47,7 +51,8 @@ class PatternReader {
   }
 
   void readPiece() {
-    switch (take()) {
+    char16_t const next = take();
+    switch (next) {
       case u'(':
         m_groups.emplace_back();
         m_depth = std::max(m_depth, m_groups.size() - 1);
@@ -56,6 +61,11 @@ class PatternReader {
         if (m_groups.size() > 1) endGroup();
         break;
       case u'|':
+        endAlternative();
+        break;
+      case u'*':
+      case u'?':
+        addRepeated({1, 1});
         break;
       case u'[':
         readSet();
@@ -66,7 +76,8 @@ class PatternReader {
         addAtom();
         break;
       default:
-        addAtom();
+        // A character of two units has its length with the first one.
+        addRepeated({1, 1, 0, next >= 0xDC00 && next < 0xE000 ? 0U : 1U});
         break;
     }
   }
@@ -99,9 +110,16 @@ class PatternReader {
     }
   }
 
-  void addAtom() { addRepeated({1, 1}); }
+  void addAtom() { addRepeated({1, 1, 0, 1}); }
+
+  void endAlternative() {
+    Group& group = m_groups.back();
+    group.longest = std::max(group.longest, group.length);
+    group.length = 0;
+  }
 
   void endGroup() {
+    endAlternative();
     Group ended = m_groups.back();
     m_groups.pop_back();
     addRepeated(ended);
@@ -112,14 +130,18 @@ class PatternReader {
     Group& group = m_groups.back();
     group.repetition = std::max(group.repetition, product(piece.repetition, quantifier.count));
     group.atoms = sum(group.atoms, product(piece.atoms, quantifier.copies));
+    std::size_t const length = std::max(piece.longest, piece.length);
+    group.length = sum(group.length, product(length, quantifier.most));
   }
 
-  // An open end takes one copy more, for the loop.
+  // An open end takes one copy more, for the loop. A star stays, as it counts as an
+  // atom.
   Quantifier readQuantifier() {
     if (m_rest.starts_with(u'+')) {
       m_rest.remove_prefix(1);
-      return {1, 2};
+      return {1, 2, kMaxPatternNumber};
     }
+    if (m_rest.starts_with(u'*')) return {1, 1, kMaxPatternNumber};
     if (!m_rest.starts_with(u'{')) return {};
     m_rest.remove_prefix(1);
     std::size_t least = readNumber();
@@ -128,11 +150,12 @@ class PatternReader {
       bool isOpen = m_rest.starts_with(u'}');
       std::size_t most = isOpen ? sum(least, 1) : std::max(least, readNumber());
       skipOne();
-      return {std::max<std::size_t>(isOpen ? least : most, 1), std::max<std::size_t>(most, 1)};
+      return {std::max<std::size_t>(isOpen ? least : most, 1), std::max<std::size_t>(most, 1),
+              isOpen ? kMaxPatternNumber : most};
     }
     skipOne();
-    least = std::max<std::size_t>(least, 1);
-    return {least, least};
+    std::size_t const count = std::max<std::size_t>(least, 1);
+    return {count, count, least};
   }
 
   std::size_t readNumber() {

@@ -1,5 +1,5 @@
 // The size that a regular expression takes when its repetitions are written out,
-// as the library does.
+// as the library does, and the length of what it matches.
 #pragma once
 
 #include <cstddef>
@@ -12,6 +12,7 @@ struct PatternSize {
   std::size_t repetition = 1;  ///< the largest product of nested repetition counts
   std::size_t atoms = 0;       ///< single characters and sets, written out
   std::size_t depth = 0;       ///< levels of parentheses and of subtracted sets
+  std::size_t longest = 0;     ///< characters of the longest match; the maximum if it is unbounded
 };
 
 inline constexpr std::size_t kMaxPatternNumber = std::size_t{1} << 62;

@@ -6,6 +6,7 @@
 #include <xercesc/util/XMLString.hpp>
 
 #include "text/multibyte.h"
+#include "text/utf8.h"
 
 namespace fdmorph {
 namespace {
@@ -25,13 +26,18 @@ bool isLowSurrogate(XMLCh unit) {
   return unit >= kFirstLowSurrogate && unit < kPastLowSurrogates;
 }
 
+std::uint32_t pairedCode(XMLCh high, XMLCh low) {
+  std::uint32_t const upper = static_cast<std::uint32_t>(high) - kFirstHighSurrogate;
+  std::uint32_t const lower = static_cast<std::uint32_t>(low) - kFirstLowSurrogate;
+  return kFirstSupplementary + (upper << 10) + lower;
+}
+
 std::wstring toWide(XMLCh const* text) {
   std::wstring wide;
   for (; *text != 0; ++text) {
     std::uint32_t code = *text;
     if (isHighSurrogate(*text) && isLowSurrogate(text[1])) {
-      code = kFirstSupplementary + ((code - kFirstHighSurrogate) << 10) +
-             (static_cast<std::uint32_t>(text[1]) - kFirstLowSurrogate);
+      code = pairedCode(text[0], text[1]);
       ++text;
     }
     wide += static_cast<wchar_t>(code);
@@ -60,6 +66,21 @@ std::string toLocalText(XMLCh const* text) {
   std::string local = transcoded;
   xerces::XMLString::release(&transcoded);
   return local;
+}
+
+std::string toUtf8(XMLCh const* text) {
+  std::string result;
+  if (text == nullptr) return result;
+  for (; *text != 0; ++text) {
+    if (*text < kFirstNonAscii) {
+      result += static_cast<char>(*text);
+      continue;
+    }
+    bool const isPair = isHighSurrogate(*text) && isLowSurrogate(text[1]);
+    appendUtf8(result, isPair ? pairedCode(text[0], text[1]) : *text);
+    if (isPair) ++text;
+  }
+  return result;
 }
 
 std::basic_string<XMLCh> toLibraryText(std::string const& text) {

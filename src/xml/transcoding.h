@@ -18,6 +18,9 @@ std::string toMultibyte(XMLCh const* text);
 /// lacks are substituted, never reported.
 std::string toLocalText(XMLCh const* text);
 
+/// `text` in UTF-8, whatever the locale is; null gives an empty string.
+std::string toUtf8(XMLCh const* text);
+
 /// `text`, in the locale's encoding, as a terminated UTF-16 string.
 std::basic_string<XMLCh> toLibraryText(std::string const& text);
 

@@ -63,6 +63,28 @@ TEST(PatternSize, SubtractedSetsAreLevels) {
   EXPECT_EQ(patternSize(u"[a-z-[b-y-[c]]]{4}").repetition, 4U);
 }
 
+TEST(PatternSize, LongestMatchIsThatOfTheLongestAlternative) {
+  EXPECT_EQ(patternSize(u"").longest, 0U);
+  EXPECT_EQ(patternSize(u"abc").longest, 3U);
+  EXPECT_EQ(patternSize(u"a|bcd|ef").longest, 3U);
+  EXPECT_EQ(patternSize(u"x(a|bcd)y").longest, 5U);
+  EXPECT_EQ(patternSize(u"[A-Z]{2,2}[0-9]{2,2}[a-zA-Z0-9]{1,30}").longest, 34U);
+  EXPECT_EQ(patternSize(u"(\\d{4}-)?[+\\-]\\p{Lu}").longest, 7U);
+  EXPECT_EQ(patternSize(u"(ab{3}){0,2}c{0}").longest, 8U);
+}
+
+TEST(PatternSize, CharacterOfTwoUnitsIsOne) {
+  EXPECT_EQ(patternSize(u"a\U0001F600b").longest, 3U);
+}
+
+TEST(PatternSize, OpenRepetitionHasNoLongestMatch) {
+  EXPECT_EQ(patternSize(u"ab*").longest, kMaxPatternNumber);
+  EXPECT_EQ(patternSize(u"(ab)+").longest, kMaxPatternNumber);
+  EXPECT_EQ(patternSize(u"a{2,}").longest, kMaxPatternNumber);
+  EXPECT_EQ(patternSize(u"(|a)*").longest, kMaxPatternNumber);
+  EXPECT_EQ(patternSize(u"()*").longest, 0U);
+}
+
 TEST(PatternSize, MalformedPatternsHaveASize) {
   for (char16_t const* pattern :
        {u"", u"(", u")", u"[", u"a{", u"a{1,", u"\\", u"\\p{", u"((a{2}"}) {

@@ -50,6 +50,14 @@ TEST_F(Transcoding, MessagesAreNeverReported) {
   EXPECT_EQ(captured.err(), "");
 }
 
+TEST_F(Transcoding, Utf8DoesNotDependOnTheLocale) {
+  std::setlocale(LC_ALL, "C");
+  std::string text = toUtf8(u"a\u00fc\u4e2d\U0001F600");
+  std::setlocale(LC_ALL, "C.UTF-8");
+  EXPECT_EQ(text, "a\u00fc\u4e2d\U0001F600");
+  EXPECT_EQ(toUtf8(nullptr), "");
+}
+
 TEST_F(Transcoding, TextForTheLibraryIsUtf16) {
   EXPECT_EQ(toLibraryText("a.xsd"), u"a.xsd");
   EXPECT_EQ(toLibraryText("gr\u00fc\u00df"), u"gr\u00fc\u00df");
