@@ -4,12 +4,14 @@
 
 namespace fdmorph::fdrec {
 
+std::unique_ptr<Command> makeCheckCommand();
 std::unique_ptr<Command> makeShowCommand();
 
 std::span<CommandRow const> commandTable() {
   static std::vector<CommandRow> const kCommands{
       {"show", "show the items of records with offset, length, picture and XML path",
        makeShowCommand},
+      {"check", "check that every valid document of a schema fits a record", makeCheckCommand},
   };
   return kCommands;
 }

@@ -34,6 +34,8 @@ inline std::vector<std::string> namesOf(std::vector<SchemaElement const*> const&
 class SchemaModelTest : public ConsoleTest {
  protected:
   SchemaModel& load(std::string const& text) {
+    model.reset();
+    files.clear();
     LoadedSchema loaded = SchemaModel::load(folder.write("a.xsd", text), files);
     for (SchemaReport const& report : loaded.reports) ADD_FAILURE() << report.message;
     model = std::move(loaded.model);

@@ -1,0 +1,269 @@
+#include "fit/content_rules.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <unordered_map>
+
+namespace fdmorph::fit {
+namespace {
+
+using compiler::quoted;
+using compiler::Severity;
+
+std::string times(std::uint64_t count) {
+  return count == 1 ? "once" : std::to_string(count) + " times";
+}
+
+std::string rangeInWords(std::uint64_t least, std::uint64_t most) {
+  if (most == kUnbounded) {
+    return (least == 0 ? "any number of times" : times(least) + " or more") + ", unbounded";
+  }
+  if (least == most) return times(most);
+  return std::to_string(least) + " to " + std::to_string(most) + " times";
+}
+
+class ContentCheck {
+ public:
+  ContentCheck(WalkContext& context, Subject const& subject,
+               std::unordered_set<SchemaType const*> const& open)
+      : m_context(context),
+        m_subject(subject),
+        m_open(open),
+        m_content(context.contentOf(subject.type)) {}
+
+  std::vector<MatchedPart> check() {
+    match();
+    for (std::size_t i = 0; i < m_content.parts.size(); ++i) checkPart(m_content.parts[i], i);
+    checkExtraItems();
+    checkAreas();
+    noteChoices();
+    noteOrder();
+    noteSubstitutes();
+    if (!m_content.wildcards.empty()) {
+      m_context.add(m_subject, FindingCode::any, "there may be other elements");
+    }
+    std::vector<MatchedPart> result;
+    for (std::size_t i = 0; i < m_subject.parts.elements.size(); ++i) {
+      if (m_partOf[i]) {
+        result.emplace_back(&m_subject.parts.elements[i], m_content.parts[*m_partOf[i]].element);
+      }
+    }
+    return result;
+  }
+
+ private:
+  // By name and namespace, else by name alone: records do not always know the
+  // namespaces of local elements.
+  void match() {
+    auto const& elements = m_subject.parts.elements;
+    m_partOf.resize(elements.size());
+    m_itemOf.resize(m_content.parts.size());
+    std::unordered_map<std::string, std::size_t> exact;
+    std::unordered_map<std::string_view, std::size_t> local;
+    for (std::size_t i = 0; i < m_content.parts.size(); ++i) {
+      ContentPart const& part = m_content.parts[i];
+      if (part.isGroup) continue;
+      exact.try_emplace(part.element->name.space + ' ' + part.element->name.local, i);
+    }
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+      auto found =
+          exact.find(std::string(elements[i].namespaceUri) + ' ' + std::string(elements[i].name));
+      if (found != exact.end()) join(i, found->second);
+    }
+    for (std::size_t i = 0; i < m_content.parts.size(); ++i) {
+      ContentPart const& part = m_content.parts[i];
+      if (!part.isGroup && !m_itemOf[i]) local.try_emplace(part.element->name.local, i);
+    }
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+      if (m_partOf[i]) continue;
+      auto found = local.find(elements[i].name);
+      if (found != local.end() && !m_itemOf[found->second]) join(i, found->second);
+    }
+    for (std::size_t i = 0; i < m_content.parts.size(); ++i) {
+      if (m_itemOf[i] && m_content.parts[i].head != nullptr) {
+        m_heads.insert(m_content.parts[i].head);
+      }
+    }
+  }
+
+  void join(std::size_t item, std::size_t part) {
+    m_partOf[item] = part;
+    m_itemOf[part] = item;
+  }
+
+  void checkPart(ContentPart const& part, std::size_t index) {
+    if (m_itemOf[index]) {
+      checkOccurrences(part, m_subject.parts.elements[*m_itemOf[index]]);
+      return;
+    }
+    // A group without any item is told once; of one with items, the members without.
+    bool const hasItems = part.head != nullptr && m_heads.contains(part.head);
+    if (part.isGroup ? hasItems : part.head != nullptr && !hasItems) return;
+    addMissing(part);
+  }
+
+  void addMissing(ContentPart const& part) {
+    bool const isRequired = part.least > 0;
+    std::string const& name = part.element->name.local;
+    Finding finding = m_context.findingAt(m_subject.node, m_subject, FindingCode::noItem,
+                                          "element " + quoted(name) + " has no item");
+    finding.severity = isRequired ? Severity::error : Severity::warning;
+    finding.path += "/" + name;
+    finding.schema = m_context.model.placeOf(*part.element);
+    finding.schemaSide = rangeInWords(part.least, part.most);
+    finding.itemSide = "none";
+    if (!isRequired && m_open.contains(&m_context.model.typeOf(*part.element))) {
+      finding.code = FindingCode::recursive;
+      finding.severity = severityOf(finding.code);
+      finding.text = "documents may nest deeper than the record: " + quoted(name) +
+                     " is of a type that contains it";
+    }
+    m_context.add(std::move(finding));
+  }
+
+  void checkOccurrences(ContentPart const& part, RecordPart const& item) {
+    FitLimits const& limits = m_context.options.limits;
+    std::uint64_t most = part.most;
+    if (most == kUnbounded && limits.occurrences) {
+      most = std::max(*limits.occurrences, part.least);
+    }
+    bool const isChosen = part.most == kUnbounded && limits.occurrences;
+    if (item.most < most) {
+      std::uint32_t const node = item.nodes.front();
+      Finding finding = m_context.findingAt(node, m_subject, FindingCode::occurs,
+                                            "there may be more occurrences than the record holds");
+      finding.schemaSide = rangeInWords(part.least, part.most);
+      finding.itemSide = times(item.most);
+      finding.schema = m_context.model.placeOf(*part.element);
+      m_context.add(std::move(finding));
+    } else if (!isChosen || item.most == most) {
+      return;
+    }
+    repairOccurrences(part, item, most);
+  }
+
+  // The last slot takes what is missing.
+  void repairOccurrences(ContentPart const& part, RecordPart const& item, std::uint64_t most) {
+    if (most == kUnbounded) most = std::max({kDefaultOccurrences, part.least, item.most});
+    std::uint64_t const last = m_context.node(item.nodes.back()).item->occurrences();
+    std::uint64_t const others = item.most - std::min(last, item.most);
+    if (most <= others) return;
+    m_context.repairs[item.nodes.back()].occurrences = most - others;
+  }
+
+  void checkExtraItems() {
+    for (std::size_t i = 0; i < m_subject.parts.elements.size(); ++i) {
+      RecordPart const& item = m_subject.parts.elements[i];
+      if (m_partOf[i] || m_content.admits(item.namespaceUri)) continue;
+      Finding finding =
+          m_context.findingAt(item.nodes.front(), m_subject, FindingCode::noElement,
+                              "the schema has no element " + quoted(item.name) + " here");
+      finding.itemSide =
+          "item " + std::string(record::dataNameOf(*m_context.node(item.nodes.front()).item));
+      m_context.add(std::move(finding));
+    }
+  }
+
+  // Elements of different views of an area must exclude each other.
+  void checkAreas() {
+    for (SharedArea const& area : m_subject.parts.areas) {
+      for (std::size_t view = 1; view < area.size(); ++view) {
+        if (checkViews(area[0], area[view])) break;
+      }
+    }
+  }
+
+  bool checkViews(std::vector<std::size_t> const& first, std::vector<std::size_t> const& other) {
+    for (std::size_t left : first) {
+      for (std::size_t right : other) {
+        if (left == right || !m_partOf[left] || !m_partOf[right]) continue;
+        ContentPart const& a = m_content.parts[*m_partOf[left]];
+        ContentPart const& b = m_content.parts[*m_partOf[right]];
+        if (!m_content.mayBeTogether(a, b)) continue;
+        RecordPart const& item = m_subject.parts.elements[right];
+        Finding finding = m_context.findingAt(
+            item.nodes.front(), m_subject, FindingCode::noItem,
+            quoted(b.element->name.local) + " shares the bytes of " +
+                quoted(a.element->name.local) + ", and a document may have both");
+        finding.schema = m_context.model.placeOf(*b.element);
+        m_context.add(std::move(finding));
+        return true;
+      }
+    }
+    return false;
+  }
+
+  void noteChoices() {
+    for (ContentChoice const& choice : m_content.choices) {
+      std::string names;
+      std::size_t count = 0;
+      for (std::vector<std::size_t> const& branch : choice.branches) {
+        auto const first = std::ranges::find_if(
+            branch, [this](std::size_t part) { return m_itemOf[part].has_value(); });
+        if (first == branch.end()) continue;
+        constexpr std::size_t kShown = 3;
+        if (count++ < kShown) {
+          names += (names.empty() ? "" : ", ") + m_content.parts[*first].element->name.local;
+        }
+      }
+      if (count < 2) continue;
+      m_context.add(m_subject, FindingCode::choice,
+                    "the record has items for " + std::to_string(count) +
+                        " alternatives of a choice: " + names + (count > 3 ? ", ..." : ""));
+    }
+  }
+
+  void noteOrder() {
+    for (std::vector<std::size_t> const& group : m_content.freeGroups) {
+      auto const isThere = [this](std::size_t part) { return m_itemOf[part].has_value(); };
+      if (std::ranges::count_if(group, isThere) < 2) continue;
+      m_context.add(m_subject, FindingCode::order, "elements of a group may be in any order");
+      return;
+    }
+    std::optional<std::size_t> last;
+    for (std::size_t i = 0; i < m_partOf.size(); ++i) {
+      if (!m_partOf[i]) continue;
+      ContentPart const& part = m_content.parts[*m_partOf[i]];
+      if (part.isScattered) {
+        m_context.add(m_subject, FindingCode::order,
+                      "there may be elements " + quoted(part.element->name.local) +
+                          " before and after other elements");
+        return;
+      }
+      if (last && m_content.parts[*last].position > part.position) {
+        m_context.add(m_subject, FindingCode::order,
+                      "the record has " + quoted(m_content.parts[*last].element->name.local) +
+                          " before " + quoted(part.element->name.local) + ", the schema after it");
+        return;
+      }
+      last = m_partOf[i];
+    }
+  }
+
+  void noteSubstitutes() {
+    for (ContentPart const& part : m_content.parts) {
+      if (!part.isGroup || !m_heads.contains(part.element)) continue;
+      if (m_context.model.substitutesOf(*part.element).empty()) continue;
+      m_context.add(m_subject, FindingCode::substitution,
+                    "other elements may stand for " + quoted(part.element->name.local));
+    }
+  }
+
+  WalkContext& m_context;
+  Subject const& m_subject;
+  std::unordered_set<SchemaType const*> const& m_open;
+  Content const& m_content;
+  std::vector<std::optional<std::size_t>> m_partOf;  // by element of the record
+  std::vector<std::optional<std::size_t>> m_itemOf;  // by part of the content
+  std::unordered_set<SchemaElement const*> m_heads;  // with items for a member
+};
+
+}  // namespace
+
+std::vector<MatchedPart> checkContent(WalkContext& context, Subject const& subject,
+                                      std::unordered_set<SchemaType const*> const& open) {
+  return ContentCheck(context, subject, open).check();
+}
+
+}  // namespace fdmorph::fit

@@ -1,0 +1,2 @@
+       01  A.
+           05  FILLER PIC X.
