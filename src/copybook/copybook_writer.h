@@ -34,6 +34,9 @@ struct OccursRange {
 struct ItemChange {
   std::string name = {};     ///< empty: the same; references follow it
   std::string picture = {};  ///< empty: the same
+  /// In place of the usage, without UNSIGNED and SIGN; nothing: the same. One that
+  /// goes without a picture is written without.
+  std::optional<compiler::Usage> usage = std::nullopt;
   std::optional<OccursRange> occurs = std::nullopt;
   /// The item behind REDEFINES, null for no clause; nothing: the same.
   std::optional<compiler::DataItem const*> redefined = std::nullopt;

@@ -97,11 +97,17 @@ void EntryWords::writeRedefines() {
 void EntryWords::writePicture() {
   bool isNew = m_change != nullptr && !m_change->picture.empty();
   if (!isNew && m_item.picture == nullptr) return;
+  if (m_change != nullptr && m_change->usage && !compiler::takesPicture(*m_change->usage)) return;
   add("PIC");
   add(isNew ? m_change->picture : m_item.picture->text);
 }
 
 void EntryWords::writeUsageAndSign() {
+  if (m_change != nullptr && m_change->usage) {
+    add("USAGE");
+    add(usageWord(*m_change->usage));
+    return;
+  }
   if (m_item.usage != Usage::none) {
     add("USAGE");
     add(usageWord(m_item.usage));

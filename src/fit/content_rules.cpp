@@ -81,9 +81,9 @@ class ContentCheck {
       if (found != local.end() && !m_itemOf[found->second]) join(i, found->second);
     }
     for (std::size_t i = 0; i < m_content.parts.size(); ++i) {
-      if (m_itemOf[i] && m_content.parts[i].head != nullptr) {
-        m_heads.insert(m_content.parts[i].head);
-      }
+      ContentPart const& part = m_content.parts[i];
+      if (part.isGroup) m_groups.emplace(part.head, i);
+      if (m_itemOf[i] && part.head != nullptr) m_heads.insert(part.head);
     }
   }
 
@@ -97,28 +97,35 @@ class ContentCheck {
       checkOccurrences(part, m_subject.parts.elements[*m_itemOf[index]]);
       return;
     }
-    // A group without any item is told once; of one with items, the members without.
-    bool const hasItems = part.head != nullptr && m_heads.contains(part.head);
-    if (part.isGroup ? hasItems : part.head != nullptr && !hasItems) return;
-    addMissing(part);
+    if (part.isGroup) return;
+    // A group without any item is lost as a whole.
+    bool const isLost = part.head != nullptr && !m_heads.contains(part.head);
+    addMissing(part, isLost ? m_content.parts[m_groups.at(part.head)] : part);
   }
 
-  void addMissing(ContentPart const& part) {
-    bool const isRequired = part.least > 0;
+  void addMissing(ContentPart const& part, ContentPart const& range) {
+    bool const isRequired = range.least > 0;
     std::string const& name = part.element->name.local;
     Finding finding = m_context.findingAt(m_subject.node, m_subject, FindingCode::noItem,
                                           "element " + quoted(name) + " has no item");
     finding.severity = isRequired ? Severity::error : Severity::warning;
     finding.path += "/" + name;
     finding.schema = m_context.model.placeOf(*part.element);
-    finding.schemaSide = rangeInWords(part.least, part.most);
+    finding.schemaSide = rangeInWords(range.least, range.most);
     finding.itemSide = "none";
-    if (!isRequired && m_open.contains(&m_context.model.typeOf(*part.element))) {
-      finding.code = FindingCode::recursive;
-      finding.severity = severityOf(finding.code);
-      finding.text = "documents may nest deeper than the record: " + quoted(name) +
-                     " is of a type that contains it";
-    }
+    m_context.add(std::move(finding));
+    noteRecursion(*part.element);
+  }
+
+  // An element without an item whose type is that of an element around it.
+  void noteRecursion(SchemaElement const& element) {
+    if (!m_open.contains(&m_context.model.typeOf(element))) return;
+    Finding finding = m_context.findingAt(
+        m_subject.node, m_subject, FindingCode::recursive,
+        "documents may nest deeper than the record: " + quoted(element.name.local) +
+            " is of a type that contains it");
+    finding.path += "/" + element.name.local;
+    finding.schema = m_context.model.placeOf(element);
     m_context.add(std::move(finding));
   }
 
@@ -128,7 +135,7 @@ class ContentCheck {
     if (most == kUnbounded && limits.occurrences) {
       most = std::max(*limits.occurrences, part.least);
     }
-    bool const isChosen = part.most == kUnbounded && limits.occurrences;
+    bool const isGiven = part.most == kUnbounded && limits.occurrences && limits.areGiven;
     if (item.most < most) {
       std::uint32_t const node = item.nodes.front();
       Finding finding = m_context.findingAt(node, m_subject, FindingCode::occurs,
@@ -137,7 +144,7 @@ class ContentCheck {
       finding.itemSide = times(item.most);
       finding.schema = m_context.model.placeOf(*part.element);
       m_context.add(std::move(finding));
-    } else if (!isChosen || item.most == most) {
+    } else if (!isGiven || item.most == most) {
       return;
     }
     repairOccurrences(part, item, most);
@@ -254,9 +261,10 @@ class ContentCheck {
   Subject const& m_subject;
   std::unordered_set<SchemaType const*> const& m_open;
   Content const& m_content;
-  std::vector<std::optional<std::size_t>> m_partOf;  // by element of the record
-  std::vector<std::optional<std::size_t>> m_itemOf;  // by part of the content
-  std::unordered_set<SchemaElement const*> m_heads;  // with items for a member
+  std::vector<std::optional<std::size_t>> m_partOf;                // by element of the record
+  std::vector<std::optional<std::size_t>> m_itemOf;                // by part of the content
+  std::unordered_set<SchemaElement const*> m_heads;                // with items for a member
+  std::unordered_map<SchemaElement const*, std::size_t> m_groups;  // parts, by head
 };
 
 }  // namespace

@@ -63,7 +63,6 @@ class Walk {
       m_context.add(
           subject, FindingCode::recursive,
           "documents may nest deeper than the record: " + nameOfType(type) + " contains itself");
-      return;
     }
     checkText(m_context, subject);
     checkAttributes(m_context, subject);

@@ -131,7 +131,11 @@ void setEnumeration(ValueDemand& demand, std::vector<std::string> const& values)
   numbers.integerDigits = numbers.fractionDigits = 0;
   numbers.most = numbers.least = DecimalText{};
   for (std::string const& value : values) {
-    length = std::max(length, charactersOf(value));
+    std::uint64_t const characters = charactersOf(value);
+    // Other facets of the type may forbid a value.
+    bool const isText = demand.kind == ValueKind::text;
+    if (isText && characters > demand.length.value_or(characters)) continue;
+    length = std::max(length, characters);
     std::optional<DecimalText> const number = readDecimal(value);
     // A text that is no canonical number would come back as another one.
     bool const isCanonical =

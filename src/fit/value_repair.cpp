@@ -63,14 +63,13 @@ NewPicture textPicture(DataItem const& item, ItemCapacity const& capacity, Need 
                        FitLimits const& limits) {
   std::uint64_t length = std::max<std::uint64_t>(need.length, 1);
   if (need.isLengthUnbounded) {
-    std::uint64_t const present = std::max(capacity.length, need.length);
-    length = std::max(length, limits.length.value_or(present == 0 ? kDefaultLength : present));
+    std::uint64_t const present = capacity.length == 0 ? kDefaultLength : capacity.length;
+    std::uint64_t const wanted = limits.length.value_or(present);
+    length = std::max({length, wanted, limits.areGiven ? wanted : capacity.length});
   }
-  bool const isText = capacity.kind == ItemKind::text || capacity.kind == ItemKind::alphabetic;
-  if (!isText) {
-    bool const isPlain =
-        item.effectiveUsage == Usage::none || item.effectiveUsage == Usage::display;
-    return {run('X', length), isPlain ? std::nullopt : std::optional(Usage::display)};
+  // A number that becomes a text has no sign clause, either.
+  if (capacity.kind == ItemKind::number || capacity.kind == ItemKind::floating) {
+    return {run('X', length), Usage::display};
   }
   bool const isNational =
       item.picture != nullptr && (item.picture->category == compiler::Category::national ||
@@ -125,8 +124,9 @@ std::optional<NewPicture> repairedPicture(DataItem const& item, ItemCapacity con
   }
   Need const need = needOf(demands);
   bool const isText = capacity.kind == ItemKind::text || capacity.kind == ItemKind::alphabetic;
-  if (isText && need.isLengthUnbounded && limits.length && *limits.length != capacity.length) {
-    isWrong = isWrong || *limits.length >= need.length;
+  if (isText && need.isLengthUnbounded && limits.length) {
+    bool const isLonger = capacity.length > *limits.length && limits.areGiven;
+    isWrong = isWrong || capacity.length < *limits.length || isLonger;
   }
   if (!isWrong) return std::nullopt;
   if (!isNumberWanted || !need.isNumber) return textPicture(item, capacity, need, limits);

@@ -16,6 +16,7 @@ namespace fdmorph::fit {
 struct FitLimits {
   std::optional<std::uint64_t> occurrences;
   std::optional<std::uint64_t> length;  ///< characters
+  bool areGiven = false;                ///< on purpose: a repair makes larger items smaller
 };
 
 struct ValueIssue {

@@ -37,6 +37,22 @@ ElementEntry& entryOf(SchemaElement const& element) {
   return const_cast<ElementEntry&>(static_cast<ElementEntry const&>(element));
 }
 
+// The derivation steps between the types of two elements that their head forbids.
+bool isSubstituteBlocked(ElementSource const& member, ElementSource const& head) {
+  int block = head.getBlockSet();
+  TypeSource const* const target = head.getComplexTypeInfo();
+  if (target != nullptr) block |= target->getBlockSet();
+  TypeSource const* type = member.getComplexTypeInfo();
+  if (type == nullptr) {
+    bool const isSame = member.getDatatypeValidator() == head.getDatatypeValidator();
+    return !isSame && (block & SchemaSymbols::XSD_RESTRICTION) != 0;
+  }
+  for (; type != nullptr && type != target; type = type->getBaseComplexTypeInfo()) {
+    if ((type->getDerivedBy() & block) != 0) return true;
+  }
+  return false;
+}
+
 ContentKind contentOf(TypeSource const& source) {
   switch (source.getContentType()) {
     case ElementSource::Simple:
@@ -270,7 +286,8 @@ std::vector<SchemaElement const*> const& SchemaModel::Impl::substitutesOf(
     if (direct == m_members.end()) continue;
     for (SchemaElement const* member : direct->second) {
       if (!seen.insert(member).second) continue;
-      if (!member->isAbstract) found.push_back(member);
+      bool const isBlocked = isSubstituteBlocked(*entryOf(*member).source, *entryOf(head).source);
+      if (!member->isAbstract && !isBlocked) found.push_back(member);
       pending.push_back(member);
     }
   }

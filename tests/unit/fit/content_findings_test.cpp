@@ -171,11 +171,18 @@ TEST_F(Parts, RecursionEndsWithTheRecord) {
                "<xs:element name='t' type='T' minOccurs='0'/></xs:sequence></xs:complexType>"
                "<xs:element name='r' type='T'/>");
   EXPECT_EQ(check(schema, "01 R IDENTIFIED BY 'r'.\n" + item("a")),
+            "1: warning: r/t: element 't' has no item; schema: 0 to 1 times; item: none "
+            "[no-item]\n"
             "1: note: r/t: documents may nest deeper than the record: 't' is of a type that "
-            "contains it; schema: 0 to 1 times; item: none [recursive]\n");
+            "contains it [recursive]\n");
   EXPECT_EQ(check(schema, "01 R IDENTIFIED BY 'r'.\n" + item("a") + " 02 T IDENTIFIED BY 't'.\n"),
             "3: note: r/t: documents may nest deeper than the record: type 'T' contains itself "
-            "[recursive]\n");
+            "[recursive]\n"
+            "3: error: r/t/a: element 'a' has no item; schema: once; item: none [no-item]\n"
+            "3: warning: r/t/t: element 't' has no item; schema: 0 to 1 times; item: none "
+            "[no-item]\n"
+            "3: note: r/t/t: documents may nest deeper than the record: 't' is of a type that "
+            "contains it [recursive]\n");
 }
 
 TEST_F(Parts, SubstitutesAreParts) {
@@ -190,7 +197,8 @@ TEST_F(Parts, SubstitutesAreParts) {
             "[no-item]\n"
             "1: note: r: other elements may stand for 'h' [substitution]\n");
   EXPECT_EQ(check(schema, "01 R IDENTIFIED BY 'r'.\n"),
-            "1: error: r/h: element 'h' has no item; schema: once; item: none [no-item]\n");
+            "1: error: r/m: element 'm' has no item; schema: once; item: none [no-item]\n"
+            "1: error: r/n: element 'n' has no item; schema: once; item: none [no-item]\n");
 }
 
 TEST_F(Parts, DerivedTypesAreNoted) {

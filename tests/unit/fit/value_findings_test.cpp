@@ -51,6 +51,14 @@ TEST_F(Values, EnumerationIsAsLongAsItsLongestValue) {
             "at most 4 characters; item: X(3) [length]\n");
 }
 
+TEST_F(Values, EnumeratedValuesObeyTheOtherFacets) {
+  EXPECT_EQ(checkValue(restricted("string",
+                                  "<xs:maxLength value='2'/><xs:enumeration value='ab'/>"
+                                  "<xs:enumeration value='a'/>"),
+                       "PIC X(2)"),
+            "");
+}
+
 TEST_F(Values, BinaryTextsAreLongerThanTheirBytes) {
   EXPECT_EQ(checkValue(restricted("hexBinary", "<xs:maxLength value='4'/>"), "PIC X(8)"), "");
   EXPECT_NE(checkValue(restricted("hexBinary", "<xs:maxLength value='4'/>"), "PIC X(7)"), "");
@@ -154,7 +162,7 @@ TEST_F(Values, NumbersBeyondTheDigitsOfCobolBecomeTexts) {
   std::string const huge =
       restricted("decimal", "<xs:totalDigits value='38'/><xs:fractionDigits value='2'/>");
   EXPECT_NE(checkValue(huge, "PIC S9(9)"), "");
-  EXPECT_EQ(newPicture(), "X(42)");
+  EXPECT_EQ(newPicture(), "X(42) display");
   EXPECT_EQ(checkValue(huge, "PIC X(42)"), "");
 }
 

@@ -116,6 +116,21 @@ TEST_F(GlobalElements, BlockedHeadHasNoSubstitutes) {
   EXPECT_THAT(model->substitutesOf(global("head")), IsEmpty());
 }
 
+TEST_F(GlobalElements, BlockedDerivationsAreNoSubstitutes) {
+  load(
+      schemaOf("<xs:complexType name='B'/><xs:complexType name='D'><xs:complexContent>"
+               "<xs:extension base='B'/></xs:complexContent></xs:complexType>"
+               "<xs:element name='head' type='B' block='extension'/>"
+               "<xs:element name='same' type='B' substitutionGroup='head'/>"
+               "<xs:element name='extended' type='D' substitutionGroup='head'/>"));
+  EXPECT_THAT(namesOf(model->substitutesOf(global("head"))), ElementsAre("same"));
+  load(
+      schemaOf("<xs:element name='head' type='xs:int' block='restriction'/>"
+               "<xs:element name='same' type='xs:int' substitutionGroup='head'/>"
+               "<xs:element name='restricted' type='xs:byte' substitutionGroup='head'/>"));
+  EXPECT_THAT(namesOf(model->substitutesOf(global("head"))), ElementsAre("same"));
+}
+
 using ContentModels = SchemaModelTest;
 
 TEST_F(ContentModels, GroupsKeepTheirOccurrences) {
