@@ -5,6 +5,7 @@
 #include "fdrec/copybook_file.h"
 #include "fdrec/files.h"
 #include "show/json_output.h"
+#include "show/page.h"
 #include "show/table.h"
 
 namespace fdmorph::fdrec {
@@ -16,7 +17,8 @@ class ShowCommand : public Command {
     app.add_option("COPYBOOK", m_copybook, "copybook or program; - is the standard input")
         ->required()
         ->option_text(" ");
-    app.add_flag("--json", m_isJson, "write JSON");
+    CLI::Option* json = app.add_flag("--json", m_isJson, "write JSON");
+    app.add_flag("--html", m_isPage, "write a page for a browser")->excludes(json);
   }
 
   int run(CommonOptions const& options) override {
@@ -27,15 +29,20 @@ class ShowCommand : public Command {
     show::ShownSource source{copybook.source().file()->name, options.source.dialect,
                              options.effectiveEncoding(), copybook.trees(),
                              &copybook.source().sources()};
-    std::string text = m_isJson ? show::printJson(source) : show::printTables(source);
-    int written = writeOutput(options.output, text);
+    int written = writeOutput(options.output, print(source));
     int status = copybook.finish();
     return written == kClean ? status : written;
   }
 
  private:
+  std::string print(show::ShownSource const& source) const {
+    if (m_isPage) return show::printPage(source);
+    return m_isJson ? show::printJson(source) : show::printTables(source);
+  }
+
   std::string m_copybook;
   bool m_isJson = false;
+  bool m_isPage = false;
 };
 
 }  // namespace
