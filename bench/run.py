@@ -16,6 +16,7 @@ import sys
 import tempfile
 
 sys.dont_write_bytecode = True
+import check_rows  # noqa: E402
 import compiler_rows  # noqa: E402
 import dictionary_rows  # noqa: E402
 import schemas  # noqa: E402
@@ -130,6 +131,7 @@ ROWS = {
     "validation": validation_rows,
     **dictionary_rows.ROWS,
     **compiler_rows.ROWS,
+    **check_rows.ROWS,
 }
 
 

@@ -1,5 +1,6 @@
 #include "fit/finding_output.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 
 namespace fdmorph::fit {
@@ -49,7 +50,9 @@ void addLine(std::string& out, Finding const& finding, CheckedFiles const& files
   if (!finding.schemaSide.empty()) line += "; schema: " + finding.schemaSide;
   if (!finding.itemSide.empty()) line += "; item: " + finding.itemSide;
   line += " [" + std::string(fit::nameOf(finding.code)) + "]";
-  out += compiler::printable(line) + "\n";
+  bool const isPrintable = std::ranges::all_of(line, [](char c) { return c >= ' ' && c <= '~'; });
+  out += isPrintable ? line : compiler::printable(line);
+  out += '\n';
 }
 
 ordered_json objectOf(Finding const& finding, CheckedFiles const& files) {

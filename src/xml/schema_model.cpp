@@ -112,7 +112,8 @@ class SchemaModel::Impl {
   std::unordered_map<std::string, SchemaElement const*> m_globalNames;
   std::unordered_map<ElementSource const*, ElementEntry*> m_knownElements;
   std::unordered_map<void const*, TypeEntry*> m_knownTypes;
-  std::unordered_set<TypeSource const*> m_bases;  // of other complex types
+  std::unordered_map<std::string, std::string> m_shownNames;  // of files
+  std::unordered_set<TypeSource const*> m_bases;              // of other complex types
   std::unordered_map<SchemaElement const*, std::vector<SchemaElement const*>> m_members;
   std::unordered_map<SchemaElement const*, std::vector<SchemaElement const*>> m_substitutes;
 };
@@ -323,7 +324,9 @@ SchemaPlace SchemaModel::Impl::placeOf(SchemaAttribute const& attribute, Element
 SchemaPlace SchemaModel::Impl::shown(SchemaPlaces::Index node) {
   if (!node) return {};
   SchemaPlace place = m_grammars.places().placeOf(*node);
-  place.file = m_grammars.names().shown(place.file);
+  auto [known, isNew] = m_shownNames.try_emplace(place.file);
+  if (isNew) known->second = m_grammars.names().shown(place.file);
+  place.file = known->second;
   return place;
 }
 
