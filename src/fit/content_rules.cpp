@@ -174,9 +174,13 @@ class ContentCheck {
 
   // Elements of different views of an area must exclude each other.
   void checkAreas() {
-    for (SharedArea const& area : m_subject.parts.areas) {
-      for (std::size_t view = 1; view < area.size(); ++view) {
-        if (checkViews(area[0], area[view])) break;
+    for (SharedArea const& area : m_subject.parts.areas) checkArea(area);
+  }
+
+  void checkArea(SharedArea const& area) {
+    for (auto left = area.begin(); left != area.end(); ++left) {
+      for (auto right = std::next(left); right != area.end(); ++right) {
+        if (checkViews(*left, *right)) return;
       }
     }
   }

@@ -37,8 +37,8 @@ std::optional<DecimalText> readDecimal(std::string_view text) {
 }
 
 std::strong_ordering compareMagnitudes(DecimalText const& left, DecimalText const& right) {
-  if (auto order = left.integer.size() <=> right.integer.size(); order != 0) return order;
-  if (auto order = left.integer.compare(right.integer) <=> 0; order != 0) return order;
+  if (auto order = left.integer.size() <=> right.integer.size(); std::is_neq(order)) return order;
+  if (auto order = left.integer.compare(right.integer) <=> 0; std::is_neq(order)) return order;
   return left.fraction.compare(right.fraction) <=> 0;
 }
 

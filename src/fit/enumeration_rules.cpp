@@ -51,7 +51,7 @@ bool isInRange(std::string const& value, compiler::ValueRange const& range) {
   auto const isAtMost = [](DecimalText const& left, DecimalText const& right) {
     if (left.isNegative != right.isNegative) return left.isNegative;
     auto const order = compareMagnitudes(left, right);
-    return left.isNegative ? order >= 0 : order <= 0;
+    return left.isNegative ? std::is_gteq(order) : std::is_lteq(order);
   };
   return isAtMost(*low, *number) && isAtMost(*number, *high);
 }

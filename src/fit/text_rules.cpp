@@ -13,7 +13,6 @@ namespace {
 
 using compiler::Severity;
 using record::RecordNode;
-using record::Role;
 
 /// A text of the schema and the items that take it: several are views of one area.
 struct TextSubject {

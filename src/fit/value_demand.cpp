@@ -83,7 +83,7 @@ Side sideOf(std::optional<ValueBound> const& outer, std::optional<ValueBound> co
   bool const isFarBeyond = far && !far->isZero() && far->isNegative != isNegative;
   bool const isAtZero = far && far->isZero();
   bool const isNearPast = near && !near->isZero() && near->isNegative == isNegative && far &&
-                          compareMagnitudes(*near, *far) > 0;
+                          std::is_gt(compareMagnitudes(*near, *far));
   side.isEmpty = isFarBeyond || isAtZero || isNearPast;
   if (side.isEmpty) {
     side.integerDigits = 0;
@@ -151,7 +151,7 @@ void setEnumeration(ValueDemand& demand, std::vector<std::string> const& values)
         std::max<std::uint64_t>(*numbers.fractionDigits, number->fraction.size());
     numbers.isNegative = numbers.isNegative || number->isNegative;
     std::optional<DecimalText>& most = number->isNegative ? numbers.least : numbers.most;
-    if (compareMagnitudes(*number, *most) > 0) most = number;
+    if (std::is_gt(compareMagnitudes(*number, *most))) most = number;
   }
   demand.length = length;
   if (!isEachNumber) return;

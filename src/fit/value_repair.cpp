@@ -51,7 +51,6 @@ bool isBinary(DataItem const& item) {
     case Storage::binary:
     case Storage::nativeBinary:
     case Storage::shortBinary:
-      return true;
     case Storage::fixed:
       return true;
     default:

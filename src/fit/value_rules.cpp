@@ -45,7 +45,7 @@ void compareText(ValueDemand const& demand, ItemCapacity const& capacity, FitLim
 
 // Of a binary integer, whose bytes decide.
 bool exceedsRange(std::optional<DecimalText> const& value, DecimalText const& bound) {
-  return value && compareMagnitudes({value->integer, {}, false}, bound) > 0;
+  return value && std::is_gt(compareMagnitudes({value->integer, {}, false}, bound));
 }
 
 bool compareIntegerPart(ValueDemand const& demand, ItemCapacity const& capacity, Issues& issues) {

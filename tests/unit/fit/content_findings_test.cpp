@@ -129,6 +129,14 @@ TEST_F(Parts, OfOneAreaMustExcludeEachOther) {
             "[no-item]\n");
 }
 
+TEST_F(Parts, OfAnyTwoViewsMustExcludeEachOther) {
+  std::string const items = item("a") + " 02 B REDEFINES a PIC X(5) IDENTIFIED BY 'b'.\n" +
+                            " 02 C REDEFINES a PIC X(5) IDENTIFIED BY 'c'.\n";
+  std::string const schema = "<xs:choice>" + text("a") + "<xs:sequence>" + text("b") + text("c") +
+                             "</xs:sequence></xs:choice>";
+  EXPECT_THAT(checkParts(schema, items), HasSubstr("4: error: r/c: 'c' shares the bytes of 'b'"));
+}
+
 TEST_F(Parts, FreeOrderIsNoted) {
   std::string const note = "1: note: r: elements of a group may be in any order [order]\n";
   EXPECT_EQ(checkParts("<xs:all>" + text("a") + text("b") + "</xs:all>", item("a") + item("b")),

@@ -36,10 +36,10 @@ TEST(DecimalText, MagnitudesCompareAsNumbers) {
   auto const compare = [](char const* left, char const* right) {
     return compareMagnitudes(*readDecimal(left), *readDecimal(right));
   };
-  EXPECT_TRUE(compare("9", "10") < 0);
-  EXPECT_TRUE(compare("-10", "9") > 0);
-  EXPECT_TRUE(compare("1.5", "1.25") > 0);
-  EXPECT_TRUE(compare("1.50", "1.5") == 0);
+  EXPECT_TRUE(std::is_lt(compare("9", "10")));
+  EXPECT_TRUE(std::is_gt(compare("-10", "9")));
+  EXPECT_TRUE(std::is_gt(compare("1.5", "1.25")));
+  EXPECT_TRUE(std::is_eq(compare("1.50", "1.5")));
 }
 
 }  // namespace
