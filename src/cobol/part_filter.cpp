@@ -15,11 +15,19 @@ std::string_view nameOf(CDMXMLElement const* declaration) {
 }
 
 // Items of unions and values have no XML name and are no steps of a path.
-std::string pathOf(CDMCOBOLRecordItem const* item, unsigned& depth) {
+unsigned depthOf(CDMCOBOLRecordItem const* item) {
+  unsigned depth = 0;
+  for (; item != nullptr; item = item->parent) {
+    if (!item->identifiedBy.empty()) ++depth;
+  }
+  return depth;
+}
+
+// With a slash at its end.
+std::string pathOf(CDMCOBOLRecordItem const* item) {
   std::string path;
   for (; item != nullptr; item = item->parent) {
     if (item->identifiedBy.empty()) continue;
-    ++depth;
     std::string step(CDMXMLNode::getNonQualifiedName(item->identifiedBy));
     path.insert(0, step.append("/"));
   }
@@ -31,10 +39,9 @@ std::string pathOf(CDMCOBOLRecordItem const* item, unsigned& depth) {
 bool PathFilter::admits(CDMXMLElement const* declaration, CDMCOBOLRecordItem const* parent) {
   bool isAttribute = generatorElementKind(declaration) == GeneratorElementKind::attribute;
   if (!isAttribute && findAttrByName(declaration, "maxOccurs") == "0") return false;
-  if (m_skipped.empty() && m_depth == 0) return true;
-  unsigned depth = 0;
-  std::string path = pathOf(parent, depth);
-  if (!isAttribute && m_depth != 0 && depth >= m_depth) return false;
+  if (!isAttribute && m_depth != 0 && depthOf(parent) >= m_depth) return false;
+  if (m_skipped.empty()) return true;
+  std::string path = pathOf(parent);
   if (isAttribute) path += '@';
   path += nameOf(declaration);
   bool isAdmitted = true;

@@ -35,6 +35,13 @@ bool declaresNamespace(CDMCOBOLRecordItem const& item) {
          (item.parent == nullptr || item.parent->xmlNamespace != item.xmlNamespace);
 }
 
+// An attribute does not take on the namespace of its element.
+bool hasNamespaceClause(CDMCOBOLRecordItem const& item) {
+  if (item.identifiedBy.empty()) return false;
+  if (item.isAttribute || item.parent == nullptr) return !item.xmlNamespace.empty();
+  return item.xmlNamespace != item.parent->xmlNamespace;
+}
+
 }  // namespace
 
 void UniqueNames::settleName(CDMCOBOLRecordItem& item) {
@@ -187,7 +194,7 @@ void RecordOutput::appendXmlClauses(CDMCOBOLRecordItem const& item) {
     m_line += item.identifiedBy;
     m_line += '"';
   }
-  if (declaresNamespace(item)) {
+  if (m_options.exactNamespaces ? hasNamespaceClause(item) : declaresNamespace(item)) {
     m_line += " namespace is \"";
     m_line += item.xmlNamespace;
     m_line += '"';

@@ -68,6 +68,10 @@ class RecordOutput {
     bool countIn = true;           ///< write "count in" clauses
     bool uniqueNames = false;      ///< make data names unique within the record
 
+    /// Write the namespace of an element where it differs from that of the element
+    /// around it, also if there is none, and that of each attribute in one.
+    bool exactNamespaces = false;
+
     /// Writes a logical line.
     void (*writeLine)(std::string_view line, std::ostream& stream) = OutputFixedFormatCOBOL;
   };

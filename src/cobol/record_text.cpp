@@ -45,6 +45,40 @@ std::string documentationIn(CDMXMLElement const* component) {
   return text;
 }
 
+std::string_view schemaDefault(CDMXMLElement const* declaration, bool isAttribute) {
+  CDMXMLElement const* root = declaration;
+  while (root->getParent() != nullptr &&
+         generatorElementKind(root) != GeneratorElementKind::schema) {
+    root = root->getParent();
+  }
+  return findAttrByName(root, isAttribute ? "attributeFormDefault" : "elementFormDefault")
+      .value_or("unqualified");
+}
+
+// XML Schema: Structures, 3.2.2 and 3.3.2: the target namespace of declarations.
+std::string_view namespaceOf(CDMXMLElement const* declaration, NamespaceLookup const& namespaces) {
+  CDMXMLElement const* parent = declaration->getParent();
+  bool isGlobal = parent != nullptr && generatorElementKind(parent) == GeneratorElementKind::schema;
+  bool isAttribute = generatorElementKind(declaration) == GeneratorElementKind::attribute;
+  auto form = findAttrByName(declaration, "form");
+  if (!form) form = schemaDefault(declaration, isAttribute);
+  if (!isGlobal && form != "qualified") return {};
+  return namespaces.getElementNamespace(declaration).value_or("");
+}
+
+// Gives the items the namespaces that they have in documents. Those between named
+// items have the one of the item above.
+void settleNamespaces(CDMCOBOLRecordItem& item, NamespaceLookup const& namespaces) {
+  if (!item.identifiedBy.empty()) {
+    item.xmlNamespace = namespaceOf(item.schemaElement, namespaces);
+  } else if (item.parent != nullptr) {
+    item.xmlNamespace = item.parent->xmlNamespace;
+  }
+  for (CDMCOBOLRecordItem* child : item.children) {
+    if (child != nullptr) settleNamespaces(*child, namespaces);
+  }
+}
+
 void collectDocumentation(CDMCOBOLRecordItem const& item, std::vector<std::string>& all) {
   bool isWritten = item.checkWritable() == CDMCOBOLRecordItem::Writability::writable;
   if (!isWritten || item.levelNumber == kConditionLevel) return;
@@ -67,9 +101,10 @@ RecordText makeRecordText(CDMXMLSchemaDoc const& schema, CDMXMLElement* root,
     CDMCOBOLRecordItem* record = walker.buildRecord(root);
     if (record != nullptr) {
       TextPool& texts = walker.builder().store().texts();
+      settleNamespaces(*record, namespaces);
       makeLegal(record, options.prefix, texts);
       std::ostringstream stream;
-      RecordOutput output({.writeLine = writeFreeLine}, texts, stream);
+      RecordOutput output({.exactNamespaces = true, .writeLine = writeFreeLine}, texts, stream);
       if (output.OutputCOBOLItem(record)) collectDocumentation(*record, result.documentation);
       result.text = std::move(stream).str();
     }

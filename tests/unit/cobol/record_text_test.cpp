@@ -36,8 +36,47 @@ TEST_F(Text, EachItemIsALine) {
   EXPECT_EQ(make("order", {.prefix = "P-"}).text,
             "       01 P-order identified by \"order\" namespace is \"urn:o\""
             " count in P-order-count.\n"
-            "        02 P-d PIC X(80) identified by \"d\" count in P-d-count.\n"
-            "        02 P-d-1 PIC S9(18) identified by \"d\" count in P-d-count-1.\n");
+            "        02 P-d PIC X(80) identified by \"d\" namespace is \"\""
+            " count in P-d-count.\n"
+            "        02 P-d-1 PIC S9(18) identified by \"d\" namespace is \"\""
+            " count in P-d-count-1.\n");
+}
+
+/// The lines of the record, each from "identified by" on.
+std::vector<std::string> xmlClauses(std::string const& text) {
+  std::vector<std::string> clauses;
+  for (std::size_t at = 0; (at = text.find("identified by ", at)) != text.npos;) {
+    std::size_t end = text.find(" count in", at);
+    clauses.push_back(text.substr(at, end - at));
+    at = end;
+  }
+  return clauses;
+}
+
+TEST_F(Text, NamespacesAreThoseOfTheDocuments) {
+  Tree other = schemaOf(
+      "urn:o", {sequenceType({element("plain", {{"type", "xs:int"}}),
+                              element("own", {{"type", "xs:int"}, {"form", "unqualified"}}),
+                              {"xs:element", {{"ref", "o:global"}}}},
+                             "T"),
+                element("global", {{"type", "xs:int"}})});
+  other.attributes.emplace_back("elementFormDefault", "qualified");
+  other.attributes.emplace_back("xmlns:o", "urn:o");
+  loader.add("o.xsd", other);
+  Tree type = sequenceType({element("part", {{"type", "o:T"}})});
+  type.children.push_back({"xs:attribute", {{"name", "a"}, {"type", "xs:int"}}});
+  type.children.push_back(
+      {"xs:attribute", {{"name", "q"}, {"type", "xs:int"}, {"form", "qualified"}}});
+  Tree main = schemaOf("urn:m", {import("urn:o", "o.xsd"), element("root", {}, {type})});
+  main.attributes.emplace_back("xmlns:o", "urn:o");
+  use(main);
+  EXPECT_THAT(xmlClauses(make("root").text),
+              ElementsAre(R"(identified by "root" namespace is "urn:m")",
+                          R"(identified by "part" namespace is "")",
+                          R"(identified by "plain" namespace is "urn:o")", R"(identified by "own")",
+                          R"(identified by "global" namespace is "urn:o")",
+                          R"(identified by "a" is attribute)",
+                          R"(identified by "q" namespace is "urn:m" is attribute)"));
 }
 
 TEST_F(Text, RecordBeyondTheLimitIsToldFromNone) {
