@@ -77,7 +77,9 @@ enum class MemberItems { listedAgain, dropped };
 // head. If the head has no parent, the member has no place in the record.
 void walkMemberAsSibling(SchemaWalker& walker, CDMXMLElement* member, CDMCOBOLRecordItem* parent,
                          WalkPosition at) {
+  walker.beginMember(parent);
   CDMCOBOLRecordItem* item = walker.getCOBOLFromSchema(member, at.below(nullptr, 0)).item;
+  walker.endMember();
   if (item == nullptr) return;
   if (parent == nullptr) {
     walker.builder().store().release(item);
@@ -111,7 +113,7 @@ Visit walkSubstitution(SchemaWalker& walker, CDMXMLElement* head,
   Visit visit =
       walker.visitChildren(head, {declared.item, declared.current}, at.below(declared.item));
   for (CDMXMLElement* member : members) {
-    if (isCurrent && !walker.admits(member, parent)) continue;
+    if (isCurrent && !walker.admitsMember(member, parent)) continue;
     if (!walker.open().openMember(member)) continue;
     if (isCurrent) {
       walkMemberAsSibling(walker, member, parent, at);

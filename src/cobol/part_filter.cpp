@@ -1,5 +1,6 @@
 #include "cobol/part_filter.h"
 
+#include <algorithm>
 #include <cstddef>
 
 #include "cobol/namespace_lookup.h"
@@ -15,33 +16,29 @@ std::string_view nameOf(CDMXMLElement const* declaration) {
 }
 
 // Items of unions and values have no XML name and are no steps of a path.
-unsigned depthOf(CDMCOBOLRecordItem const* item) {
-  unsigned depth = 0;
-  for (; item != nullptr; item = item->parent) {
-    if (!item->identifiedBy.empty()) ++depth;
-  }
-  return depth;
+bool isStep(CDMCOBOLRecordItem const* item) {
+  return !item->identifiedBy.empty();
 }
 
 // With a slash at its end.
-std::string pathOf(CDMCOBOLRecordItem const* item) {
+std::string pathOf(ItemsAbove above) {
   std::string path;
-  for (; item != nullptr; item = item->parent) {
-    if (item->identifiedBy.empty()) continue;
-    std::string step(CDMXMLNode::getNonQualifiedName(item->identifiedBy));
-    path.insert(0, step.append("/"));
+  for (std::size_t i = above.size(); i-- > 0;) {
+    if (!isStep(above[i])) continue;
+    path += CDMXMLNode::getNonQualifiedName(above[i]->identifiedBy);
+    path += '/';
   }
   return path;
 }
 
 }  // namespace
 
-bool PathFilter::admits(CDMXMLElement const* declaration, CDMCOBOLRecordItem const* parent) {
+bool PathFilter::admits(CDMXMLElement const* declaration, ItemsAbove above) {
   bool isAttribute = generatorElementKind(declaration) == GeneratorElementKind::attribute;
   if (!isAttribute && findAttrByName(declaration, "maxOccurs") == "0") return false;
-  if (!isAttribute && m_depth != 0 && depthOf(parent) >= m_depth) return false;
+  if (!isAttribute && m_depth != 0 && std::ranges::count_if(above, isStep) >= m_depth) return false;
   if (m_skipped.empty()) return true;
-  std::string path = pathOf(parent);
+  std::string path = pathOf(above);
   if (isAttribute) path += '@';
   path += nameOf(declaration);
   bool isAdmitted = true;

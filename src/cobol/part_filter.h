@@ -1,6 +1,7 @@
 // The choice of the parts of a schema that a record is made of.
 #pragma once
 
+#include <span>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,9 @@
 #include "xml/DMXMLElement.h"
 
 namespace fdmorph {
+
+/// The items around a part, from the nearest to the record.
+using ItemsAbove = std::span<CDMCOBOLRecordItem const* const>;
 
 /// Decides on each part before an item is made for it. What lies below a part
 /// that is left out is not visited.
@@ -20,9 +24,8 @@ class PartFilter {
   PartFilter& operator=(PartFilter const&) = delete;
 
   /// Whether the declaration of an element or attribute, or a reference to one,
-  /// becomes a part of the item `parent`.
-  [[nodiscard]] virtual bool admits(CDMXMLElement const* declaration,
-                                    CDMCOBOLRecordItem const* parent) = 0;
+  /// becomes a part of the nearest item above.
+  [[nodiscard]] virtual bool admits(CDMXMLElement const* declaration, ItemsAbove above) = 0;
 };
 
 /// Leaves out the parts that match a pattern, elements below a depth, and elements
@@ -35,8 +38,7 @@ class PathFilter : public PartFilter {
   explicit PathFilter(std::vector<PathPattern> skipped, unsigned depth = 0)
       : m_skipped(std::move(skipped)), m_hasMatched(m_skipped.size()), m_depth(depth) {}
 
-  [[nodiscard]] bool admits(CDMXMLElement const* declaration,
-                            CDMCOBOLRecordItem const* parent) override;
+  [[nodiscard]] bool admits(CDMXMLElement const* declaration, ItemsAbove above) override;
 
   /// The patterns that no part has matched so far, as they were given.
   [[nodiscard]] std::vector<std::string> unmatched() const;

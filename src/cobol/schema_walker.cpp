@@ -20,13 +20,31 @@ CDMCOBOLRecordItem* SchemaWalker::buildRecord(CDMXMLElement* head) {
 void SchemaWalker::endRecord() {
   m_builder.store().clear();
   m_open.clear();
+  m_memberParents.clear();
 }
 
-bool SchemaWalker::admits(CDMXMLElement const* declaration,
-                          CDMCOBOLRecordItem const* current) const {
+bool SchemaWalker::admits(CDMXMLElement const* declaration, CDMCOBOLRecordItem const* current) {
   if (m_filter == nullptr || current == nullptr) return true;
   return RecordBuilder::isCompletedBy(declaration, current) ||
-         m_filter->admits(declaration, current);
+         m_filter->admits(declaration, itemsFrom(current));
+}
+
+bool SchemaWalker::admitsMember(CDMXMLElement const* member, CDMCOBOLRecordItem const* parent) {
+  if (m_filter == nullptr) return true;
+  return parent != nullptr && m_filter->admits(member, itemsFrom(parent));
+}
+
+// The item of a member has no parent yet. The items above it are those from the
+// noted one on.
+ItemsAbove SchemaWalker::itemsFrom(CDMCOBOLRecordItem const* item) {
+  m_above.clear();
+  std::size_t outer = m_memberParents.size();
+  while (item != nullptr) {
+    m_above.push_back(item);
+    item = item->parent;
+    if (item == nullptr && outer > 0) item = m_memberParents[--outer];
+  }
+  return m_above;
 }
 
 Visit SchemaWalker::getCOBOLFromSchema(CDMXMLElement* element, WalkPosition at) {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "cobol/component_search.h"
 #include "cobol/conversions.h"
@@ -55,8 +56,16 @@ class SchemaWalker {
 
   /// Whether the declaration is to become a part of `current`. A declaration that
   /// completes an item is no part of its own.
-  [[nodiscard]] bool admits(CDMXMLElement const* declaration,
-                            CDMCOBOLRecordItem const* current) const;
+  [[nodiscard]] bool admits(CDMXMLElement const* declaration, CDMCOBOLRecordItem const* current);
+
+  /// The same for a member of a substitution group beside its head. A filter admits
+  /// none where there is no item `parent` for it.
+  [[nodiscard]] bool admitsMember(CDMXMLElement const* member, CDMCOBOLRecordItem const* parent);
+
+  /// Notes the item in which the one that is walked next, without a current item, is
+  /// going to be. To be ended after the walk.
+  void beginMember(CDMCOBOLRecordItem const* parent) { m_memberParents.push_back(parent); }
+  void endMember() { m_memberParents.pop_back(); }
 
   NamespaceLookup const& namespaces() const { return m_namespaces; }
   ComponentSearch const& components() const { return m_components; }
@@ -65,6 +74,7 @@ class SchemaWalker {
   OpenDefinitions& open() { return m_open; }
 
  private:
+  ItemsAbove itemsFrom(CDMCOBOLRecordItem const* item);
   Conversion dispatch(CDMXMLElement* element, WalkPosition at);
   Conversion enterTypeDefinition(CDMXMLElement* element, WalkPosition at);
   Visit followNextElement(Conversion const& conversion, WalkPosition at);
@@ -75,6 +85,8 @@ class SchemaWalker {
   PartFilter* m_filter;
   RecordBuilder m_builder;
   OpenDefinitions m_open;
+  std::vector<CDMCOBOLRecordItem const*> m_memberParents;  // the innermost last
+  std::vector<CDMCOBOLRecordItem const*> m_above;          // of the part that is asked about
 };
 
 }  // namespace fdmorph

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "schema/schema_parts.h"
+#include "schema/substitution_types.h"
 
 namespace fdmorph {
 namespace {
@@ -95,6 +96,7 @@ SchemaSet SchemaAssembly::assemble(std::string const& path) {
     home.document->InitializeElementLists();
     if (&home != &main) m_set.main.importedSchemas.emplace_back(home.uri, home.document);
   }
+  completeSubstitutionTypes(m_set, m_store);
   return std::move(m_set);
 }
 

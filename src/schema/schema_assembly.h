@@ -4,7 +4,8 @@
 // Locations are resolved against the file that names them. Each file is read
 // once, and contributes once to each namespace that it is part of. All files of
 // a namespace make one document, whether they are included, redefined or
-// imported; what has no namespace joins the main document.
+// imported; what has no namespace joins the main document. Elements take the types
+// that they have from their substitution groups.
 #pragma once
 
 #include <cstddef>

@@ -134,5 +134,29 @@ TEST_F(Filter, SecondElementOfASubstitutionGroupIsAPart) {
   EXPECT_EQ(record("a", {"a/m"}), "a(h)");
 }
 
+TEST_F(Filter, PartsOfASubstitutionAreBelowTheParentOfItsHead) {
+  use(schema(
+      {element("a", {}, {sequenceType({element("b", {}, {sequenceType({reference("h")})})})}),
+       text("h"),
+       element("m", {{"substitutionGroup", "h"}},
+               {sequenceType({element("n", {}, {sequenceType({text("o")})})})})}));
+  EXPECT_EQ(record("a", {}), "a(b(h m(n(o))))");
+  EXPECT_EQ(record("a", {"a/b/m/n/o"}), "a(b(h m(n)))");
+  EXPECT_EQ(record("a", {}, 4), "a(b(h m(n)))");
+  EXPECT_EQ(record("a", {}, 3), "a(b(h m))");
+  EXPECT_EQ(record("a", {}, 2), "a(b)");
+}
+
+TEST_F(Filter, MembersOfTheGroupOfTheRecordAreNotWalked) {
+  use(schema({text("h"), text("m", {{"substitutionGroup", "h"}})}));
+  RecordLimits limits;
+  limits.items = 1;
+  EXPECT_THROW(
+      static_cast<void>(
+          SchemaWalker(*namespaces, *components, *substitutions, limits).buildRecord(at("h"))),
+      RecordTooLarge);
+  EXPECT_EQ(record("h", {}, 0, limits), "h");
+}
+
 }  // namespace
 }  // namespace fdmorph

@@ -178,6 +178,41 @@ TEST_F(Assembly, DocumentationIsKeptWhole) {
   EXPECT_EQ(annotation->getFirstChildElem()->value, "One two three");
 }
 
+TEST_F(Assembly, MemberOfASubstitutionGroupTakesTheTypeOfItsHead) {
+  write("n.xsd", "<xs:element name='head' type='k:T' xmlns:k='urn:n'/>", "urn:n");
+  assemble(write("main.xsd",
+                 "<xs:import namespace='urn:n' schemaLocation='n.xsd'/>"
+                 "<xs:element name='last' substitutionGroup='m:middle'/>"
+                 "<xs:element name='middle' substitutionGroup='n:head'/>"
+                 "<xs:element name='own' type='m:U' substitutionGroup='n:head'/>",
+                 "urn:m", " xmlns:m='urn:m' xmlns:n='urn:n'"));
+  for (char const* name : {"last", "middle"}) {
+    CDMXMLElement const* element = schema.main.elements.findByName(name);
+    ASSERT_NE(element->getAttribute("type"), nullptr);
+    EXPECT_EQ(element->getAttribute("type")->value, "k:T");
+    EXPECT_EQ(element->getAttribute("xmlns:k")->value, "urn:n");
+  }
+  EXPECT_EQ(schema.main.elements.findByName("own")->getAttribute("type")->value, "m:U");
+}
+
+TEST_F(Assembly, MemberOfASubstitutionGroupTakesACopyOfAnAnonymousType) {
+  assemble(write("main.xsd",
+                 "<xs:element name='head'><xs:complexType id='t'/></xs:element>"
+                 "<xs:element name='member' substitutionGroup='head'/>"));
+  CDMXMLElement const* type = schema.main.elements.findByName("member")->getFirstChildElem();
+  ASSERT_NE(type, nullptr);
+  EXPECT_EQ(type->getAttribute("id")->value, "t");
+  EXPECT_NE(type, schema.main.elements.findByName("head")->getFirstChildElem());
+  EXPECT_EQ(type->getParent(), schema.main.elements.findByName("member"));
+}
+
+TEST_F(Assembly, CircleOfSubstitutionGroupsEnds) {
+  assemble(write("main.xsd",
+                 "<xs:element name='a' substitutionGroup='b'/>"
+                 "<xs:element name='b' substitutionGroup='a'/>"));
+  EXPECT_EQ(schema.main.elements.findByName("a")->getAttribute("type"), nullptr);
+}
+
 TEST_F(Assembly, NumberOfFilesIsBounded) {
   write("a.xsd", "<xs:include schemaLocation='b.xsd'/>");
   write("b.xsd", "");
