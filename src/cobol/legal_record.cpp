@@ -22,7 +22,8 @@ bool isLetterOrDigit(char c) {
 /// Names that are all different.
 class NameSet {
  public:
-  explicit NameSet(std::string_view prefix) : m_prefix(prefix) {
+  NameSet(std::string_view prefix, IsReserved isReserved)
+      : m_prefix(prefix), m_isReserved(isReserved) {
     m_room =
         prefix.size() + kLeastRoom < kMaxWordLength ? kMaxWordLength - prefix.size() : kLeastRoom;
   }
@@ -32,7 +33,7 @@ class NameSet {
     std::string base = legalName(name, m_room - ending.size()).append(ending);
     std::string free = m_prefix + base;
     unsigned& number = m_numbers[upperCase(base)];
-    while (!m_taken.insert(upperCase(free)).second) {
+    while (isRefused(free) || !m_taken.insert(upperCase(free)).second) {
       std::string suffix = "-" + std::to_string(++number);
       std::string head = base.substr(0, m_room - std::min(m_room, suffix.size()));
       while (head.ends_with('-')) head.pop_back();
@@ -43,7 +44,12 @@ class NameSet {
   }
 
  private:
+  bool isRefused(std::string_view name) const {
+    return m_isReserved != nullptr && m_isReserved(name);
+  }
+
   std::string m_prefix;
+  IsReserved m_isReserved;
   std::size_t m_room;
   std::unordered_set<std::string> m_taken;
   std::unordered_map<std::string, unsigned> m_numbers;  // the last one tried
@@ -52,7 +58,8 @@ class NameSet {
 /// Settles one item after the other, in the order in which they are written.
 class Settler {
  public:
-  Settler(std::string_view prefix, TextPool& texts) : m_names(prefix), m_texts(texts) {}
+  Settler(std::string_view prefix, IsReserved isReserved, TextPool& texts)
+      : m_names(prefix, isReserved), m_texts(texts) {}
 
   void settle(CDMCOBOLRecordItem* item) {
     std::vector<CDMCOBOLRecordItem*> pending{item};
@@ -122,8 +129,9 @@ class Settler {
 
 }  // namespace
 
-void makeLegal(CDMCOBOLRecordItem* record, std::string_view prefix, TextPool& texts) {
-  Settler(prefix, texts).settle(record);
+void makeLegal(CDMCOBOLRecordItem* record, std::string_view prefix, IsReserved isReserved,
+               TextPool& texts) {
+  Settler(prefix, isReserved, texts).settle(record);
 }
 
 std::string legalName(std::string_view name, std::size_t room) {

@@ -4,7 +4,6 @@
 #include <sstream>
 
 #include "cobol/component_search.h"
-#include "cobol/legal_record.h"
 #include "cobol/record_output.h"
 #include "cobol/schema_walker.h"
 #include "cobol/substitution_groups.h"
@@ -102,7 +101,7 @@ RecordText makeRecordText(CDMXMLSchemaDoc const& schema, CDMXMLElement* root,
     if (record != nullptr) {
       TextPool& texts = walker.builder().store().texts();
       settleNamespaces(*record, namespaces);
-      makeLegal(record, options.prefix, texts);
+      makeLegal(record, options.prefix, options.isReserved, texts);
       std::ostringstream stream;
       RecordOutput output({.exactNamespaces = true, .writeLine = writeFreeLine}, texts, stream);
       if (output.OutputCOBOLItem(record)) collectDocumentation(*record, result.documentation);

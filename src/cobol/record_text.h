@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "cobol/legal_record.h"
 #include "cobol/namespace_lookup.h"
 #include "cobol/part_filter.h"
 #include "cobol/record_builder.h"
@@ -17,6 +18,7 @@ struct RecordTextOptions {
   std::string_view prefix;       ///< of data names
   PartFilter* filter = nullptr;  ///< null: all parts
   RecordLimits limits = {};
+  IsReserved isReserved = nullptr;  ///< words that are no data names; null: none
 };
 
 struct RecordText {

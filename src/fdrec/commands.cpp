@@ -5,6 +5,7 @@
 namespace fdmorph::fdrec {
 
 std::unique_ptr<Command> makeCheckCommand();
+std::unique_ptr<Command> makeCopybookCommand();
 std::unique_ptr<Command> makeShowCommand();
 
 std::span<CommandRow const> commandTable() {
@@ -12,6 +13,7 @@ std::span<CommandRow const> commandTable() {
       {"show", "show the items of records with offset, length, picture and XML path",
        makeShowCommand},
       {"check", "check that every valid document of a schema fits a record", makeCheckCommand},
+      {"copybook", "write a record for an element of a schema", makeCopybookCommand},
   };
   return kCommands;
 }

@@ -9,9 +9,23 @@
 
 namespace fdmorph::fdrec {
 
-void printError(std::string const& text, char const* code) {
-  std::string line = "fdrec: error: " + compiler::printable(text) + " [" + code + "]\n";
+namespace {
+
+void printLine(char const* severity, std::string const& text, char const* code) {
+  std::string line = "fdrec: ";
+  line.append(severity).append(": ").append(compiler::printable(text));
+  line.append(" [").append(code).append("]\n");
   std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
+}  // namespace
+
+void printError(std::string const& text, char const* code) {
+  printLine("error", text, code);
+}
+
+void printWarning(std::string const& text, char const* code) {
+  printLine("warning", text, code);
 }
 
 int writeOutput(std::string const& path, std::string const& text) {

@@ -9,6 +9,9 @@ namespace fdmorph::fdrec {
 /// Prints "fdrec: error: TEXT [code]" to the standard error stream.
 void printError(std::string const& text, char const* code);
 
+/// Prints "fdrec: warning: TEXT [code]" to the standard error stream.
+void printWarning(std::string const& text, char const* code);
+
 /// Writes `text` to the file `path`, which is replaced as a whole, or to the
 /// standard output if `path` is empty or "-". Reports a failure. The result is an
 /// exit status.

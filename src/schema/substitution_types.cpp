@@ -79,8 +79,7 @@ class TypeCompletion {
   // Declares at `to` the namespaces that are in force at `from`.
   void declarePrefixes(CDMXMLElement const* from, CDMXMLElement* to) {
     for (; from != nullptr; from = from->getParent()) {
-      std::vector<CDMXMLAttribute*> const attributes = from->getAttributes();
-      for (CDMXMLAttribute const* each : attributes) {
+      for (CDMXMLAttribute const* each : from->getAttributes()) {
         bool isDeclaration = each->name == "xmlns" || each->name.starts_with(kPrefixed);
         if (isDeclaration && to->getAttribute(each->name) == nullptr) {
           addAttribute(to, each->name, each->value);

@@ -6,7 +6,13 @@ namespace fdmorph {
 namespace {
 
 constexpr std::string_view kAnyName = "*";
+constexpr std::string_view kAnyAttribute = "@*";
 constexpr std::string_view kAnyNames = "**";
+
+bool isStepFor(std::string_view step, std::string_view name) {
+  bool isAttribute = name.starts_with('@');
+  return step == name || step == (isAttribute ? kAnyAttribute : kAnyName);
+}
 
 }  // namespace
 
@@ -27,8 +33,7 @@ bool PathPattern::matches(std::string_view path) const {
     if (step < m_steps.size() && m_steps[step] == kAnyNames) {
       repeated = ++step;
       taken = name;
-    } else if (step < m_steps.size() &&
-               (m_steps[step] == kAnyName || m_steps[step] == names[name])) {
+    } else if (step < m_steps.size() && isStepFor(m_steps[step], names[name])) {
       ++step;
       ++name;
     } else if (repeated != kNone) {

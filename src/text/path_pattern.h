@@ -7,8 +7,8 @@
 
 namespace fdmorph {
 
-/// A path such as ORDER/LINE/@id. The step "*" stands for any one name, "**" for
-/// any number of them, also none.
+/// A path such as ORDER/LINE/@id. The step "*" stands for any name without an "@",
+/// "@*" for any name with one, "**" for any number of names, also none.
 class PathPattern {
  public:
   explicit PathPattern(std::string text);

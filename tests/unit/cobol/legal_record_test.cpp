@@ -13,7 +13,11 @@ namespace {
 
 class Legal : public RecordTest {
  protected:
-  void settle(std::string_view prefix = "") { makeLegal(top, prefix, store.texts()); }
+  void settle(std::string_view prefix = "") {
+    makeLegal(
+        top, prefix, [](std::string_view name) { return name == "copy" || name == "COPY"; },
+        store.texts());
+  }
 
   CDMCOBOLRecordItem* numeric(std::string_view symbol, std::string_view size) {
     CDMCOBOLRecordItem* item = makeField(top, "n");
@@ -75,6 +79,17 @@ TEST_F(Legal, PrefixBelongsToTheLength) {
   EXPECT_EQ(top->dataName, "WS-top");
   EXPECT_EQ(item->dataName, "WS-" + std::string(27, 'n'));
   EXPECT_EQ(again->dataName, "WS-" + std::string(25, 'n') + "-1");
+}
+
+TEST_F(Legal, ReservedWordsAreNoNames) {
+  CDMCOBOLRecordItem* item = makeField(top, "copy");
+  CDMCOBOLRecordItem* again = makeField(top, "COPY");
+  settle();
+  EXPECT_EQ(item->dataName, "copy-1");
+  EXPECT_EQ(again->dataName, "COPY-2");
+  CDMCOBOLRecordItem* longer = makeField(top, "copybook");
+  settle("P-");
+  EXPECT_EQ(longer->dataName, "P-copybook");
 }
 
 TEST_F(Legal, UnwrittenItemsTakeNoName) {

@@ -70,7 +70,8 @@ TEST_F(Filter, PartsOfAPathAreLeftOut) {
   EXPECT_EQ(record("ORDER", {}), "ORDER(LINE(PRICE @id) NOTE @id)");
   EXPECT_EQ(record("ORDER", {"ORDER/LINE"}), "ORDER(NOTE @id)");
   EXPECT_EQ(record("ORDER", {"ORDER/@id", "ORDER/LINE/PRICE"}), "ORDER(LINE(@id) NOTE)");
-  EXPECT_EQ(record("ORDER", {"ORDER/*"}), "ORDER");
+  EXPECT_EQ(record("ORDER", {"ORDER/*"}), "ORDER(@id)");
+  EXPECT_EQ(record("ORDER", {"ORDER/*", "ORDER/@*"}), "ORDER");
   EXPECT_EQ(record("ORDER", {"**/@id"}), "ORDER(LINE(PRICE) NOTE)");
 }
 

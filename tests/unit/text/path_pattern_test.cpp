@@ -21,9 +21,11 @@ TEST(PathPatterns, NamesMatchThemselves) {
   EXPECT_FALSE(matches("order/LINE", "ORDER/LINE"));
 }
 
-TEST(PathPatterns, StarIsOneName) {
+TEST(PathPatterns, StarIsOneElementOrAttribute) {
   EXPECT_TRUE(matches("ORDER/*/PRICE", "ORDER/LINE/PRICE"));
-  EXPECT_TRUE(matches("*/*", "ORDER/@id"));
+  EXPECT_TRUE(matches("*/@*", "ORDER/@id"));
+  EXPECT_FALSE(matches("*/*", "ORDER/@id"));
+  EXPECT_FALSE(matches("*/@*", "ORDER/LINE"));
   EXPECT_FALSE(matches("ORDER/*", "ORDER"));
   EXPECT_FALSE(matches("ORDER/*", "ORDER/LINE/PRICE"));
 }

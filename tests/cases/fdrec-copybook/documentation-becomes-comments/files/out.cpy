@@ -1,0 +1,10 @@
+      * fdrec: unbounded 10
+      * An order of one customer.
+       01 o IDENTIFIED BY "o" COUNT IN o-count.
+      * One of its lines.
+           02 l OCCURS 10 TIMES IDENTIFIED BY "l" COUNT IN l-count.
+             03 p PIC S9(18) IDENTIFIED BY "p" COUNT IN p-count.
+             03 q PIC S9(18) IDENTIFIED BY "q" COUNT IN q-count.
+             03 i PIC S9(18) IDENTIFIED BY "i" IS ATTRIBUTE COUNT IN
+                 i-count.
+           02 n PIC 9(18) IDENTIFIED BY "n" COUNT IN n-count.
