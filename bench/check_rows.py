@@ -3,17 +3,11 @@
 It may cost 1.3 times the library's load of the schema and three runs of the
 compiler on the copybook. Its own part is the cost of the run less the load."""
 
-from pathlib import Path
-
 from measure import GROWTH_GOAL, result_of
 
 LOAD_FACTOR = 1.3
 COMPILER_FACTOR = 3
 UNIQUE = ("-unique",)
-
-
-def fdrec_of(bench):
-    return Path(bench.zbc).parents[1] / "fdrec" / "fdrec"
 
 
 def copybook_of(bench, schema):
@@ -29,7 +23,7 @@ def samples(bench, kind, size):
     schema = bench.input(kind, size)
     copybook = copybook_of(bench, schema)
     return bench.alternate(
-        [fdrec_of(bench), "check", schema, copybook],
+        [bench.fdrec, "check", schema, copybook],
         [bench.bare, "schema", schema],
         [bench.zbc, copybook],
     )

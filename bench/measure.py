@@ -101,6 +101,7 @@ class Bench:
         self.bare = os.path.abspath(arguments.bare_library)
         self.empty = os.path.join(os.path.dirname(self.bare), "empty_program")
         self.zbc = os.path.abspath(arguments.zbc)
+        self.fdrec = os.path.abspath(arguments.fdrec)
         self.megabytes = arguments.document_size
         self.quick = arguments.quick
         self.counts_instructions = arguments.instructions

@@ -19,6 +19,7 @@ sys.dont_write_bytecode = True
 import check_rows  # noqa: E402
 import compiler_rows  # noqa: E402
 import dictionary_rows  # noqa: E402
+import record_rows  # noqa: E402
 import schemas  # noqa: E402
 from measure import (  # noqa: E402
     GROWTH_GOAL,
@@ -132,6 +133,7 @@ ROWS = {
     **dictionary_rows.ROWS,
     **compiler_rows.ROWS,
     **check_rows.ROWS,
+    **record_rows.ROWS,
 }
 
 
@@ -175,6 +177,7 @@ def parse_arguments():
     parser.add_argument("fdmorph")
     parser.add_argument("bare_library")
     parser.add_argument("--zbc", help="the compiler (of the build that fdmorph is of)")
+    parser.add_argument("--fdrec", help="the program for records (of the same build)")
     parser.add_argument("--only", metavar="NAME", action="append", help='a row, or rows: "own-*"')
     parser.add_argument("--quick", action="store_true", help="three pairs, smaller inputs")
     parser.add_argument("--runs", type=int, metavar="N", help="pairs of samples (7)")
@@ -184,9 +187,11 @@ def parse_arguments():
     for pattern in arguments.only or ():
         if not fnmatch.filter(ROWS, pattern):
             parser.error(f"no row is named {pattern}")
+    build = os.path.dirname(os.path.dirname(os.path.abspath(arguments.fdmorph)))
     if arguments.zbc is None:
-        build = os.path.dirname(os.path.dirname(os.path.abspath(arguments.fdmorph)))
         arguments.zbc = os.path.join(build, "compiler", "zbc")
+    if arguments.fdrec is None:
+        arguments.fdrec = os.path.join(build, "fdrec", "fdrec")
     if arguments.runs is None:
         arguments.runs = 3 if arguments.quick else 7
     if arguments.document_size is None:

@@ -64,6 +64,18 @@ def varied(path, count):
     return write_program(path, itertools.chain.from_iterable(records))
 
 
+def one_record(path, count):
+    """About `count` entries of the same kind in one record."""
+
+    def entries():
+        yield "01  ALL-ORDERS."
+        for i in range(count // RECORD_SIZE):
+            for line in order_record(i):
+                yield line.replace("01  ", "  03  ", 1) if line.startswith("01") else line
+
+    return write_program(path, entries())
+
+
 # --- One construct, many times -----------------------------------------------
 
 
@@ -276,6 +288,7 @@ KINDS = {
     kind: (writer, ".cbl")
     for kind, writer in {
         "source": varied,
+        "one-record": one_record,
         "redefines-one": redefines_one,
         "redefines-chain": redefines_chain,
         "renames": renames,

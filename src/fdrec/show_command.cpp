@@ -1,9 +1,12 @@
 // fdrec show: the items of records as a table, as JSON and as a page.
 #include <CLI/CLI.hpp>
+#include <optional>
 
 #include "fdrec/commands.h"
 #include "fdrec/copybook_file.h"
 #include "fdrec/files.h"
+#include "fdrec/schema_file.h"
+#include "fdrec/schema_view.h"
 #include "show/json_output.h"
 #include "show/page.h"
 #include "show/table.h"
@@ -19,19 +22,39 @@ class ShowCommand : public Command {
         ->option_text(" ");
     CLI::Option* json = app.add_flag("--json", m_isJson, "write JSON");
     app.add_flag("--html", m_isPage, "write a page for a browser")->excludes(json);
+    app.add_option("--schema", m_schema, "show the types of a schema and what does not fit, too")
+        ->option_text("FILE");
   }
 
   int run(CommonOptions const& options) override {
     if (int status = refuseOutputOver(options.output, m_copybook); status != kClean) return status;
+    std::optional<SchemaFile> schema;
+    if (!m_schema.empty()) {
+      if (int status = refuseOutputOver(options.output, m_schema); status != kClean) return status;
+      schema.emplace(m_schema, std::make_unique<FileResolver>());
+      if (schema->status() == kFailed) return kFailed;
+    }
     CopybookFile copybook(m_copybook, options);
-    if (!copybook.isUsable()) return copybook.finish();
+    bool hasSchemaErrors = schema && schema->status() != kClean;
+    if (!copybook.isUsable() || hasSchemaErrors) {
+      int status = copybook.finish();
+      return status == kClean ? kErrors : status;
+    }
     copybook.checkLayout();
-    show::ShownSource source{copybook.source().file()->name, options.source.dialect,
-                             options.effectiveEncoding(), copybook.trees(),
-                             &copybook.source().sources()};
+    SchemaViews views;
+    if (schema) views = viewSchema(copybook, schema->model(), m_schema, options);
+    show::ShownSource source{copybook.source().file()->name,
+                             options.source.dialect,
+                             options.effectiveEncoding(),
+                             copybook.trees(),
+                             &copybook.source().sources(),
+                             m_schema,
+                             views.records};
     int written = writeOutput(options.output, print(source));
     int status = copybook.finish();
-    return written == kClean ? status : written;
+    if (written != kClean) return written;
+    bool isWrong = views.hasErrors || (views.hasWarnings && options.hasWarningsAsErrors);
+    return status == kClean && isWrong ? kErrors : status;
   }
 
  private:
@@ -41,6 +64,7 @@ class ShowCommand : public Command {
   }
 
   std::string m_copybook;
+  std::string m_schema;
   bool m_isJson = false;
   bool m_isPage = false;
 };

@@ -21,7 +21,7 @@ class Walk {
 
   void start(std::string const& schemaFile) {
     RecordNode const& root = m_context.tree.root();
-    SchemaElement const* element = rootElement(root);
+    SchemaElement const* element = findRootElement(m_context.tree, m_context.model);
     if (element != nullptr) {
       checkElement(0, *element);
       return;
@@ -39,18 +39,6 @@ class Walk {
   }
 
  private:
-  SchemaElement const* rootElement(RecordNode const& root) const {
-    if (root.role != Role::element) return nullptr;
-    SchemaName const name{std::string(root.name), std::string(root.namespaceUri)};
-    if (SchemaElement const* exact = m_context.model.globalElement(name)) return exact;
-    SchemaElement const* other = nullptr;
-    for (SchemaElement const* each : m_context.model.globalElements()) {
-      bool const isNamed = each->name.local == root.name;
-      if (isNamed && (other == nullptr || each->name.space < other->name.space)) other = each;
-    }
-    return other;
-  }
-
   // The recursion is bounded by the number of levels of a record.
   void checkElement(std::uint32_t node, SchemaElement const& element) {
     SchemaType const& type = m_context.model.typeOf(element);
@@ -92,6 +80,19 @@ class Walk {
 };
 
 }  // namespace
+
+SchemaElement const* findRootElement(record::RecordTree const& tree, SchemaModel const& model) {
+  RecordNode const& root = tree.root();
+  if (root.role != Role::element) return nullptr;
+  SchemaName const name{std::string(root.name), std::string(root.namespaceUri)};
+  if (SchemaElement const* exact = model.globalElement(name)) return exact;
+  SchemaElement const* other = nullptr;
+  for (SchemaElement const* each : model.globalElements()) {
+    bool const isNamed = each->name.local == root.name;
+    if (isNamed && (other == nullptr || each->name.space < other->name.space)) other = each;
+  }
+  return other;
+}
 
 Repairs checkFit(record::RecordTree const& tree, SchemaModel& model, std::string const& schemaFile,
                  FitOptions const& options, Findings& findings) {

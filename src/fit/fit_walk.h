@@ -30,6 +30,11 @@ struct FitOptions {
 /// and the item holds no more.
 inline constexpr std::uint64_t kDefaultOccurrences = 10;
 
+/// The global element that a record names, or else one of that local name in another
+/// namespace; null if there is none.
+[[nodiscard]] SchemaElement const* findRootElement(record::RecordTree const& tree,
+                                                   SchemaModel const& model);
+
 /// Adds what does not fit to `findings`, and returns what mends it. The walk begins at
 /// the global element that the record names, or else at one of that local name in
 /// another namespace. It goes as far as the record has items, and takes time that grows

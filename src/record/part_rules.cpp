@@ -50,12 +50,15 @@ class PartWalk {
 
   // The parts of the element or attribute `node`.
   void walk(std::uint32_t node) {
-    m_active.clear();
+    // clear() takes the time of the largest element so far, and = {} calls it.
+    m_active = ActiveParts();
     m_changes.clear();
     walkItems(node);
   }
 
  private:
+  using ActiveParts = std::unordered_map<PartKey, std::uint32_t, PartKeyHash>;
+
   /// A name that became active, and the part that had it before, or kNoNode.
   struct Change {
     PartKey key;
@@ -154,7 +157,7 @@ class PartWalk {
   RecordTree const& m_tree;
   std::vector<RecordNode> const& m_nodes;
   compiler::Diagnostics& m_diagnostics;
-  std::unordered_map<PartKey, std::uint32_t, PartKeyHash> m_active;
+  ActiveParts m_active;
   std::vector<Change> m_changes;  // of m_active, in their order
 };
 

@@ -1,5 +1,7 @@
 #include "show/item_words.h"
 
+#include <algorithm>
+
 namespace fdmorph::show {
 
 using compiler::DataItem;
@@ -106,6 +108,14 @@ std::vector<std::uint32_t> depthsOf(record::RecordTree const& tree) {
     depths.push_back(node.parent == record::kNoNode ? 0 : depths[node.parent] + 1);
   }
   return depths;
+}
+
+std::span<ShownFinding const> findingsOf(SchemaView const& view, std::uint32_t node) {
+  std::vector<ShownFinding> const& all = view.findings;
+  auto first = std::ranges::lower_bound(all, node, {}, &ShownFinding::node);
+  auto last = std::ranges::upper_bound(all, node, {}, &ShownFinding::node);
+  return std::span(all).subspan(static_cast<std::size_t>(first - all.begin()),
+                                static_cast<std::size_t>(last - first));
 }
 
 std::string byteWords(std::uint64_t count) {

@@ -1,11 +1,12 @@
 // The properties of an item in words. They are printable only where the source is.
 #pragma once
 
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "record/record_tree.h"
+#include "show/shown_source.h"
 
 namespace fdmorph::show {
 
@@ -39,6 +40,9 @@ namespace fdmorph::show {
 
 /// The number of groups around each node.
 [[nodiscard]] std::vector<std::uint32_t> depthsOf(record::RecordTree const& tree);
+
+/// The findings about one node.
+[[nodiscard]] std::span<ShownFinding const> findingsOf(SchemaView const& view, std::uint32_t node);
 
 /// "1 byte", "2 bytes".
 [[nodiscard]] std::string byteWords(std::uint64_t count);

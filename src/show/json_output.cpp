@@ -27,6 +27,7 @@ class JsonWriter {
     ordered_json head = {{"file", m_source.file},
                          {"dialect", nameOf(m_source.dialect)},
                          {"encoding", m_source.encoding}};
+    if (!m_source.schema.empty()) head["schema"] = m_source.schema;
     // The head without its closing brace, since the records follow. An item is a
     // line: a value of the whole document would take much more memory.
     m_out = textOf(head);
@@ -35,7 +36,7 @@ class JsonWriter {
     char const* separator = "\n";
     for (RecordTree const& tree : m_source.records) {
       m_out += separator;
-      addRecord(tree);
+      addRecord(tree, findView(tree));
       separator = ",\n";
     }
     m_out += "\n]}\n";
@@ -47,7 +48,13 @@ class JsonWriter {
     return value.dump(-1, ' ', false, ordered_json::error_handler_t::replace);
   }
 
-  void addRecord(RecordTree const& tree) {
+  // What the schema says of a record; null without a schema.
+  SchemaView const* findView(RecordTree const& tree) const {
+    if (m_source.views.empty()) return nullptr;
+    return &m_source.views[static_cast<std::size_t>(&tree - m_source.records.data())];
+  }
+
+  void addRecord(RecordTree const& tree, SchemaView const* view) {
     DataItem const& record = *tree.root().item;
     ordered_json head = {
         {"name", dataNameOf(record)}, {"length", record.size}, {"enhanced", tree.isEnhanced()}};
@@ -57,7 +64,9 @@ class JsonWriter {
     std::vector<std::uint32_t> depths = depthsOf(tree);
     for (std::uint32_t i = 0; i < depths.size(); ++i) {
       m_out += i == 0 ? "\n" : ",\n";
-      m_out += textOf(itemObject(tree, i, depths[i]));
+      ordered_json object = itemObject(tree, i, depths[i]);
+      if (view != nullptr) addSchema(object, *view, i);
+      m_out += textOf(object);
     }
     m_out += "\n]}";
   }
@@ -86,6 +95,18 @@ class JsonWriter {
     }
     if (item.firstCondition != nullptr) object["conditions"] = conditionList(item);
     return object;
+  }
+
+  static void addSchema(ordered_json& object, SchemaView const& view, std::uint32_t node) {
+    if (!view.types[node].empty()) object["type"] = view.types[node];
+    ordered_json list = ordered_json::array();
+    for (ShownFinding const& each : findingsOf(view, node)) {
+      list.push_back({{"severity", each.severity},
+                      {"code", each.code},
+                      {"path", each.path},
+                      {"message", each.text}});
+    }
+    if (!list.empty()) object["findings"] = std::move(list);
   }
 
   void addPlace(ordered_json& object, Place place) const {

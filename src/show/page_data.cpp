@@ -44,22 +44,21 @@ class DataWriter {
 
   std::string print() {
     std::string records;
-    for (RecordTree const& tree : m_source.records) {
-      if (!records.empty()) records += ',';
-      records += recordText(tree);
+    for (std::size_t i = 0; i < m_source.records.size(); ++i) {
+      if (i > 0) records += ',';
+      SchemaView const* view = m_source.views.empty() ? nullptr : &m_source.views[i];
+      records += recordText(m_source.records[i], view);
     }
-    json head = {{"file", m_source.file},
-                 {"dialect", nameOf(m_source.dialect)},
-                 {"encoding", m_source.encoding},
-                 {"remark", remarkOn(m_source.encoding)},
-                 {"texts", m_texts.texts()}};
+    json head = {{"file", m_source.file},         {"dialect", nameOf(m_source.dialect)},
+                 {"encoding", m_source.encoding}, {"remark", remarkOn(m_source.encoding)},
+                 {"schema", m_source.schema},     {"texts", m_texts.texts()}};
     std::string out = textOf(head);
     out.back() = ',';
     return out + "\"records\":[" + records + "]}";
   }
 
  private:
-  std::string recordText(RecordTree const& tree) {
+  std::string recordText(RecordTree const& tree, SchemaView const* view) {
     DataItem const& record = *tree.root().item;
     std::string out = textOf(json{{"name", dataNameOf(record)}, {"length", record.size}});
     out.back() = ',';
@@ -73,10 +72,18 @@ class DataWriter {
       json fields = fieldsOf(node);
       json more = extrasOf(*node.item, numbers);
       if (lanes[i] != 0) more["lane"] = lanes[i];
+      if (view != nullptr) addSchema(more, *view, i);
       if (!more.empty()) fields.push_back(std::move(more));
       out += textOf(fields);
     }
     return out + "]}";
+  }
+
+  void addSchema(json& more, SchemaView const& view, std::uint32_t node) {
+    if (!view.types[node].empty()) more["type"] = m_texts.add(view.types[node]);
+    for (ShownFinding const& each : findingsOf(view, node)) {
+      more["findings"].push_back({each.severity, each.code, each.text, each.path});
+    }
   }
 
   // Parent, level, name, picture, number of the text of the usage, offset, length,

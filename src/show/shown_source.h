@@ -4,12 +4,28 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "record/record_tree.h"
 #include "semantics/usage.h"
 #include "source/source_files.h"
 
 namespace fdmorph::show {
+
+/// Something that a check of a record against a schema found.
+struct ShownFinding {
+  std::uint32_t node = 0;
+  std::string severity;  ///< "error", "warning" or "note"
+  std::string code;
+  std::string text;  ///< with what the schema and the item have
+  std::string path;  ///< in the document
+};
+
+/// What a schema says of the items of one record.
+struct SchemaView {
+  std::vector<std::string> types;      ///< by node, in words; empty where there is none
+  std::vector<ShownFinding> findings;  ///< by their nodes
+};
 
 /// Looks at the source, which must outlive it.
 struct ShownSource {
@@ -18,6 +34,8 @@ struct ShownSource {
   std::string encoding;                         ///< of the data
   std::span<record::RecordTree const> records;  ///< without errors of the compiler
   compiler::Sources const* sources = nullptr;   ///< not null
+  std::string schema = {};                      ///< the name of its file; empty if there is none
+  std::span<SchemaView const> views = {};       ///< one for each record if there is a schema
 };
 
 [[nodiscard]] constexpr std::string_view nameOf(compiler::Dialect dialect) {

@@ -16,7 +16,18 @@ using compiler::printable;
 using record::dataNameOf;
 using record::RecordTree;
 
-enum Column : std::size_t { level, name, picture, usage, offset, length, occurs, path, kColumns };
+enum Column : std::size_t {
+  level,
+  name,
+  picture,
+  usage,
+  offset,
+  length,
+  occurs,
+  path,
+  type,  ///< with a schema only
+  kColumns
+};
 
 constexpr bool isNumber(std::size_t column) {
   return column == offset || column == length;
@@ -72,7 +83,18 @@ std::string nameCell(DataItem const& item, std::uint32_t depth) {
   return text;
 }
 
-void addItem(Table& table, RecordTree const& tree, std::uint32_t node, std::uint32_t depth) {
+void addConditions(Table& table, DataItem const& item, std::uint32_t depth) {
+  for (DataItem const* each = item.firstCondition; each != nullptr; each = each->next) {
+    Row condition;
+    condition.cells[level] = levelWords(*each);
+    condition.cells[name] = indented(depth, each->name);
+    condition.tail = printable(valueWords(*each));
+    table.add(std::move(condition));
+  }
+}
+
+void addItem(Table& table, RecordTree const& tree, std::uint32_t node, std::uint32_t depth,
+             std::string_view typeWords) {
   DataItem const& item = *tree.nodes()[node].item;
   Row row;
   row.cells[level] = levelWords(item);
@@ -83,13 +105,17 @@ void addItem(Table& table, RecordTree const& tree, std::uint32_t node, std::uint
   row.cells[length] = std::to_string(item.size);
   row.cells[occurs] = printable(occursWithCounter(item));
   row.cells[path] = printable(tree.xmlPath(node));
+  row.cells[type] = printable(typeWords);
   table.add(std::move(row));
-  for (DataItem const* each = item.firstCondition; each != nullptr; each = each->next) {
-    Row condition;
-    condition.cells[level] = levelWords(*each);
-    condition.cells[name] = indented(depth + 1, each->name);
-    condition.tail = printable(valueWords(*each));
-    table.add(std::move(condition));
+  addConditions(table, item, depth + 1);
+}
+
+void addFindings(Table& table, SchemaView const& view, std::uint32_t node, std::uint32_t depth) {
+  for (ShownFinding const& each : findingsOf(view, node)) {
+    Row row;
+    row.cells[name] = indented(depth + 1, each.severity);
+    row.tail = printable(each.path + ": " + each.text) + " [" + each.code + "]";
+    table.add(std::move(row));
   }
 }
 
@@ -97,6 +123,7 @@ void printHead(std::string& out, ShownSource const& source, DataItem const& reco
   std::string_view remark = remarkOn(source.encoding);
   out += "Record    " + printable(dataNameOf(record)) + "\n";
   out += "Source    " + printable(source.file) + "\n";
+  if (!source.schema.empty()) out += "Schema    " + printable(source.schema) + "\n";
   out += "Length    " + byteWords(record.size) + "\n";
   out += "Dialect   " + std::string(nameOf(source.dialect)) + "\n";
   out += "Encoding  " + printable(source.encoding);
@@ -108,13 +135,19 @@ void printHead(std::string& out, ShownSource const& source, DataItem const& reco
 
 std::string printTables(ShownSource const& source) {
   std::string out;
-  for (RecordTree const& tree : source.records) {
-    if (!out.empty()) out += '\n';
+  for (std::size_t record = 0; record < source.records.size(); ++record) {
+    RecordTree const& tree = source.records[record];
+    SchemaView const* view = source.views.empty() ? nullptr : &source.views[record];
+    if (record > 0) out += '\n';
     printHead(out, source, *tree.root().item);
     Table table;
-    table.add({{"LV", "NAME", "PICTURE", "USAGE", "OFFSET", "LENGTH", "OCCURS", "XML PATH"}});
+    table.add({{"LV", "NAME", "PICTURE", "USAGE", "OFFSET", "LENGTH", "OCCURS", "XML PATH",
+                view == nullptr ? "" : "TYPE"}});
     std::vector<std::uint32_t> depths = depthsOf(tree);
-    for (std::uint32_t i = 0; i < depths.size(); ++i) addItem(table, tree, i, depths[i]);
+    for (std::uint32_t i = 0; i < depths.size(); ++i) {
+      addItem(table, tree, i, depths[i], view == nullptr ? std::string_view() : view->types[i]);
+      if (view != nullptr) addFindings(table, *view, i, depths[i]);
+    }
     table.printTo(out);
   }
   return out;

@@ -241,6 +241,37 @@ def test_controls_have_names_and_roles(browser: Browser, show: Opener) -> None:
         assert len(browser.all(f'{pane} [tabindex="0"]')) == 1
 
 
+SCHEMA = """\
+<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema">
+  <xs:element name="order">
+    <xs:complexType>
+      <xs:sequence>
+        <xs:element name="line" type="xs:byte" maxOccurs="9"/>
+      </xs:sequence>
+    </xs:complexType>
+  </xs:element>
+</xs:schema>
+"""
+
+
+def test_a_schema_adds_types_and_findings(browser: Browser, show: Opener) -> None:
+    text = """\
+01 ORDERS IDENTIFIED BY "order".
+ 02 A-LINE PIC S9(3) OCCURS 5 IDENTIFIED BY "line".
+"""
+    show(text, schema=SCHEMA)
+    assert browser.texts("#facts dd")[-1] == "a.xsd"
+    row = row_of(browser, "#tree-rows", "line")
+    assert row.find_element("class name", "badge").text == "1"
+    assert "byte, from -128 to 127" in row.find_element("class name", "remark").text
+    browser.focus(row)
+    assert browser.texts("#details .findings code") == ["occurs"]
+    (finding,) = browser.texts("#details .findings li")
+    assert finding.startswith("error there may be more occurrences")
+    facts = dict(zip(browser.texts("#details dt"), browser.texts("#details dd")))
+    assert facts["Type"] == "byte, from -128 to 127"
+
+
 def test_100000_items_stay_usable(browser: Browser, show: Opener) -> None:
     show(many_items(100_000), "big.cpy")
     count = "return document.querySelectorAll('*').length"

@@ -42,9 +42,10 @@ function renderDetails(target, record, index, shift) {
 function findingList(findings) {
   const section = make("section", "findings");
   const list = make("ul");
-  for (const [severity, code, text] of findings) {
+  for (const [severity, code, text, path] of findings) {
     const entry = make("li", severity);
     entry.append(make("strong", "", severity), ` ${text} `, make("code", "", code));
+    entry.title = path;
     list.append(entry);
   }
   section.append(make("h3", "", "Findings of the schema"), list);

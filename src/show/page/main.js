@@ -249,6 +249,7 @@ function renderFacts() {
     ["Dialect", data.dialect],
     ["Encoding", data.encoding + (data.remark ? ` (${data.remark})` : "")],
     ["Source", data.file],
+    ...(data.schema ? [["Schema", data.schema]] : []),
   ];
   byId("facts").replaceChildren(
     ...facts.map(([term, text]) => {

@@ -30,7 +30,7 @@ function decodeItem(fields, index, data) {
     countIn: (more && more.countIn) || "",
     isNumber: Boolean(more && more.number),
     conditions: (more && more.conditions) || [],
-    type: (more && more.type) || "",
+    type: more && more.type !== undefined ? data.texts[more.type] : "",
     findings: (more && more.findings) || [],
     end: index + 1,
     depth: 0,

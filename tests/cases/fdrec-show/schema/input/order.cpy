@@ -1,0 +1,3 @@
+       01  ORDERS IDENTIFIED BY "order" NAMESPACE IS "urn:o".
+           05  BALANCE PIC S9(6)V99 IDENTIFIED BY "balance".
+           05  A-LINE OCCURS 5 PIC S9(6)V99 IDENTIFIED BY "line".
