@@ -71,9 +71,15 @@ class Writer {
     if (change != nullptr) {
       for (std::string const& each : change->comments) m_lines.addComment(each);
     }
-    std::string level = std::to_string(levelOf(item, depth));
+    Word level{std::to_string(levelOf(item, depth))};
+    if (level.text.size() == 1) level.text.insert(0, 1, '0');
+    if (change != nullptr && change->area) {
+      StorageArea const& area = *change->area;
+      m_words = {level, {area.name}, {"PIC"}, {"X(" + std::to_string(area.size) + ")"}};
+      m_lines.addEntry(depth, m_words);
+    }
     m_words.clear();
-    m_words.push_back({level.size() == 1 ? "0" + level : level, false});
+    m_words.push_back(level);
     EntryWords(item, change, m_names, m_words).write(m_form.hasXmlClauses);
     m_lines.addEntry(depth, m_words);
   }

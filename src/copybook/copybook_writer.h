@@ -30,6 +30,12 @@ struct OccursRange {
   std::uint64_t most;
 };
 
+/// An item of characters that is written before another one, which redefines it.
+struct StorageArea {
+  std::string name;
+  std::uint64_t size;  ///< in bytes
+};
+
 /// What is written differently from the source for one item.
 struct ItemChange {
   std::string name = {};     ///< empty: the same; references follow it
@@ -38,8 +44,9 @@ struct ItemChange {
   /// goes without a picture is written without.
   std::optional<compiler::Usage> usage = std::nullopt;
   std::optional<OccursRange> occurs = std::nullopt;
-  /// The item behind REDEFINES, null for no clause; nothing: the same.
-  std::optional<compiler::DataItem const*> redefined = std::nullopt;
+  /// The name in REDEFINES, empty for no clause; nothing: the same.
+  std::optional<std::string> redefines = std::nullopt;
+  std::optional<StorageArea> area = std::nullopt;
   std::vector<std::string> indexes = {};   ///< INDEXED BY; empty: the same
   std::vector<std::string> comments = {};  ///< each on lines of its own before the item
   bool isLeftOut = false;                  ///< with all that is in it

@@ -87,11 +87,12 @@ void EntryWords::writeData(bool hasXmlClauses) {
 }
 
 void EntryWords::writeRedefines() {
-  DataItem const* redefined = m_item.redefined;
-  if (m_change != nullptr && m_change->redefined) redefined = *m_change->redefined;
-  if (redefined == nullptr) return;
+  std::string_view name;
+  if (m_item.redefined != nullptr) name = m_names.nameOf(*m_item.redefined);
+  if (m_change != nullptr && m_change->redefines) name = *m_change->redefines;
+  if (name.empty()) return;
   add("REDEFINES");
-  add(m_names.nameOf(*redefined));
+  add(name);
 }
 
 void EntryWords::writePicture() {

@@ -7,11 +7,13 @@ namespace fdmorph::fdrec {
 std::unique_ptr<Command> makeCheckCommand();
 std::unique_ptr<Command> makeCopybookCommand();
 std::unique_ptr<Command> makeShowCommand();
+std::unique_ptr<Command> makePlainCommand();
 
 std::span<CommandRow const> commandTable() {
   static std::vector<CommandRow> const kCommands{
       {"show", "show the items of records with offset, length, picture and XML path",
        makeShowCommand},
+      {"plain", "write a copybook that any COBOL compiler accepts", makePlainCommand},
       {"check", "check that every valid document of a schema fits a record", makeCheckCommand},
       {"copybook", "write a record for an element of a schema", makeCopybookCommand},
   };

@@ -12,12 +12,14 @@ using compiler::Diagnostics;
 using compiler::DiagnosticStyle;
 using compiler::Severity;
 
-CopybookFile::CopybookFile(std::string const& path, CommonOptions const& options)
+CopybookFile::CopybookFile(std::string const& path, CommonOptions const& options, CopybookUse use)
     : m_options(options), m_source(path, options.source, m_disk) {
   if (diagnostics().hasErrors()) return;
   std::vector<compiler::DataItem const*> records = record::chooseRecords(m_source, options.choice);
   if (diagnostics().hasErrors()) return;
-  for (compiler::DataItem const* each : records) {
+  m_records = std::move(records);
+  if (use == CopybookUse::items) return;
+  for (compiler::DataItem const* each : m_records) {
     m_trees.emplace_back(*each, options.naming, diagnostics());
   }
 }

@@ -8,16 +8,26 @@
 
 namespace fdmorph::fdrec {
 
+/// What a command does with the records.
+enum class CopybookUse {
+  documents,  ///< their items have roles in documents
+  items,      ///< only the items count
+};
+
 /// A compiled copybook or program and the records of it that the options choose.
 class CopybookFile {
  public:
   /// Compiles `path` and chooses the records. `options` must outlive this object.
-  CopybookFile(std::string const& path, CommonOptions const& options);
+  CopybookFile(std::string const& path, CommonOptions const& options,
+               CopybookUse use = CopybookUse::documents);
 
   /// Whether there are records to work on: the source has no errors.
-  [[nodiscard]] bool isUsable() const { return !m_trees.empty(); }
+  [[nodiscard]] bool isUsable() const { return !m_records.empty(); }
 
-  /// A tree for each record that was chosen, in that order.
+  /// The records that were chosen.
+  [[nodiscard]] std::vector<compiler::DataItem const*> const& records() const { return m_records; }
+
+  /// A tree for each record, in that order; none if only the items count.
   [[nodiscard]] std::vector<record::RecordTree> const& trees() const { return m_trees; }
 
   [[nodiscard]] compiler::CompiledSource& source() { return m_source; }
@@ -34,6 +44,7 @@ class CopybookFile {
   CommonOptions const& m_options;
   compiler::DiskTree m_disk;
   compiler::CompiledSource m_source;
+  std::vector<compiler::DataItem const*> m_records;
   std::vector<record::RecordTree> m_trees;
 };
 

@@ -63,6 +63,11 @@ constexpr std::array kCodes{
     CodeEntry{Code::lostRedefinitions, "lost-redefinitions", Severity::warning},
     CodeEntry{Code::longNumber, "long-number", Severity::warning},
     CodeEntry{Code::xmlName, "xml-name", Severity::warning},
+    CodeEntry{Code::plainName, "cobol-name", Severity::warning},
+    CodeEntry{Code::plainArea, "redefines-area", Severity::warning},
+    CodeEntry{Code::emptyItem, "empty-item", Severity::warning},
+    CodeEntry{Code::complexTable, "complex-table", Severity::warning},
+    CodeEntry{Code::nativeSize, "native-size", Severity::warning},
     CodeEntry{Code::viewLeftOut, "view-left-out", Severity::note},
     CodeEntry{Code::format, "format", Severity::note},
 };

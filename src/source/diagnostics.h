@@ -71,6 +71,11 @@ enum class Code : std::uint8_t {
   lostRedefinitions,
   longNumber,
   xmlName,
+  plainName,
+  plainArea,
+  emptyItem,
+  complexTable,
+  nativeSize,
   // Notes.
   viewLeftOut,
   format,

@@ -158,7 +158,7 @@ TEST(CopybookWriter, LeavesItemsOut) {
   Written source("01 R.\n 05 A.\n  10 B PIC X.\n 05 C REDEFINES A PIC X VALUE 'c'.\n");
   ItemChanges changes;
   changes[source.item("A")].isLeftOut = true;
-  changes[source.item("C")] = {.redefined = nullptr, .hasNoValue = true};
+  changes[source.item("C")] = {.redefines = "", .hasNoValue = true};
   EXPECT_EQ(source.text({}, changes),
             "       01 R.\n"
             "           05 C PIC X.\n");

@@ -1,0 +1,7 @@
+01 IN-ORDER.
+    02 A.
+      06 B PIC X(3).
+        88 C VALUE "abc".
+      66 D RENAMES B.
+01 IN-ORDER-COUNTS.
+    02 B-COUNT PIC 9(9) USAGE COMP-5.

@@ -1,0 +1,2 @@
+       01 A PIC X.
+       01 B PIC X.
