@@ -8,6 +8,7 @@
 #include <utility>
 #include <vector>
 
+#include "copybook/plain_copybook.h"
 #include "fdrec/assembled_schema.h"
 #include "fdrec/commands.h"
 #include "fdrec/files.h"
@@ -37,10 +38,16 @@ class CopybookCommand : public Command {
     bool hasErrors = false;
   };
 
+  struct Plain {
+    std::string text;
+    int status = kClean;
+  };
+
   int runOn(FileResolver& resolver, PartOverrides const& overrides, CommonOptions const& options);
   [[nodiscard]] Changes changesOf(RecordTree const& record, SchemaRecord const& made,
                                   PartOverrides const& overrides, SchemaModel& model,
                                   CommonOptions const& options) const;
+  [[nodiscard]] static Plain plainFormOf(TextSource& written, CommonOptions const& options);
   [[nodiscard]] static int reportUnusable(TextSource const& written);
   [[nodiscard]] int checkWritten(TextSource const& written, SchemaModel& model,
                                  CommonOptions const& options) const;
@@ -52,6 +59,7 @@ class CopybookCommand : public Command {
   std::vector<std::string> m_pictures;
   fit::FitLimits m_limits;
   bool m_hasComments = false;
+  bool m_isPlain = false;
 };
 
 // An option that may be repeated.
@@ -84,7 +92,9 @@ void CopybookCommand::declare(CLI::App& app) {
   addList(app, "--occurs", m_occurs, "PATH=N", "occurrences of these parts");
   addList(app, "--picture", m_pictures, "PATH=PIC", "picture of these parts");
   m_files.declare(app);
-  app.add_flag("--comments", m_hasComments, "write the documentation of the schema as comments");
+  CLI::Option* comments = app.add_flag("--comments", m_hasComments,
+                                       "write the documentation of the schema as comments");
+  app.add_flag("--plain", m_isPlain, "write the plain copybook and its counts")->excludes(comments);
 }
 
 int CopybookCommand::run(CommonOptions const& options) {
@@ -127,6 +137,11 @@ int CopybookCommand::runOn(FileResolver& resolver, PartOverrides const& override
   TextSource written(name, text, reading);
   if (written.record() == nullptr) return reportUnusable(written);
   int const found = checkWritten(written, schema.model(), options);
+  if (m_isPlain) {
+    Plain plain = plainFormOf(written, options);
+    text = std::move(plain.text);
+    status = std::max(status, plain.status);
+  }
   int const output = writeOutput(options.output, text);
   return output != kClean ? output : std::max(status, found);
 }
@@ -168,6 +183,20 @@ int CopybookCommand::checkWritten(TextSource const& written, SchemaModel& model,
   bool const isWrong = findings.countOf(Severity::error) != 0 ||
                        (options.hasWarningsAsErrors && findings.countOf(Severity::warning) != 0);
   return isWrong ? kErrors : kClean;
+}
+
+// Messages are about the copybook with XML clauses, which the plain one is made of.
+CopybookCommand::Plain CopybookCommand::plainFormOf(TextSource& written,
+                                                    CommonOptions const& options) {
+  Plain plain;
+  compiler::Diagnostics& diagnostics = written.diagnostics();
+  plain.text = copybook::writePlainCopybook({written.record()->root().item}, {},
+                                            options.source.dialect, diagnostics);
+  plain.status = written.printReports();
+  if (options.hasWarningsAsErrors && diagnostics.countOf(compiler::Severity::warning) > 0) {
+    plain.status = kErrors;
+  }
+  return plain;
 }
 
 // The pictures and occurrences make no record.
