@@ -35,15 +35,19 @@ class CommonDeclaration {
   void declare() {
     declareSource();
     compiler::SourceOptions& source = m_options.source;
-    add("--dialect", source.dialect, "DIALECT", "whose sizes and byte orders apply; default: ibm")
+    add("--dialect", source.dialect, "DIALECT",
+        "sizes and byte orders of this compiler: ibm or\n"
+        "gnucobol; default: ibm")
         ->transform(oneOf<Dialect>({{"ibm", Dialect::ibm}, {"gnucobol", Dialect::gnuCobol}}));
     add("--encoding", m_options.encoding, "NAME",
-        "character set of the data; default: cp037 with ibm (cp1047 has other brackets), "
-        "utf-8 with gnucobol");
+        "character set of the data; default: cp037 with ibm\n"
+        "(cp1047 differs in brackets), utf-8 with gnucobol");
     add("--namespace", m_options.naming.namespaceUri, "URI",
-        "namespace of the elements of a record without XML clauses");
-    add("-o,--output", m_options.output, "FILE", "write to FILE instead of the standard output");
-    m_app.add_flag("--werror", m_options.hasWarningsAsErrors, "exit with 1 after warnings, too")
+        "namespace of a record without XML clauses");
+    add("-o,--output", m_options.output, "FILE", "write to FILE; default: the standard output");
+    m_app
+        .add_flag("--werror", m_options.hasWarningsAsErrors,
+                  "exit with status 1 after warnings as well")
         ->group(kCommonGroup);
   }
 
@@ -51,20 +55,27 @@ class CommonDeclaration {
   void declareSource() {
     compiler::SourceOptions& source = m_options.source;
     addList("--record", m_options.choice.names, "NAME",
-            "use this record of level 01 or 77; default: the first one, or all of its file");
-    add("--section", m_options.choice.section, "SECTION", "where records are; default: auto")
+            "use this record of level 01 or 77 (repeatable);\n"
+            "default: the first one, or all of its file");
+    add("--section", m_options.choice.section, "SECTION",
+        "where records are: auto, file, working-storage,\n"
+        "linkage or local-storage; default: auto, the first\n"
+        "of these that has a record")
         ->transform(oneOf<RecordSection>({{"auto", RecordSection::automatic},
                                           {"file", RecordSection::file},
                                           {"working-storage", RecordSection::workingStorage},
                                           {"linkage", RecordSection::linkage},
                                           {"local-storage", RecordSection::localStorage}}));
     add("--source-format", source.reading.format, "FORMAT",
-        "how the source is written; default: fixed")
+        "format of the source: fixed, variable or free;\n"
+        "default: fixed")
         ->transform(oneOf<Format>(
             {{"fixed", Format::fixed}, {"variable", Format::variable}, {"free", Format::free}}));
-    addList("--copy-path", source.copying.folders, "DIR", "search copy members here; DIR:DIR")
+    addList("--copy-path", source.copying.folders, "DIR",
+            "search copy members here as well (repeatable)")
         ->delimiter(':');
-    addList("--copy-ext", source.copying.extensions, "EXT", "extensions of copy members; EXT,EXT")
+    addList("--copy-ext", source.copying.extensions, "EXT",
+            "extensions of copy members, as EXT,EXT")
         ->delimiter(',');
   }
 
