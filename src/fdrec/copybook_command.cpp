@@ -146,7 +146,7 @@ int CopybookCommand::runOn(FileResolver& resolver, PartOverrides const& override
   return output != kClean ? output : std::max(status, found);
 }
 
-// What the schema bounds is held, then comes what the user wants.
+// The options of the user replace the repairs.
 CopybookCommand::Changes CopybookCommand::changesOf(RecordTree const& record,
                                                     SchemaRecord const& made,
                                                     PartOverrides const& overrides,
@@ -168,7 +168,7 @@ CopybookCommand::Changes CopybookCommand::changesOf(RecordTree const& record,
   return changes;
 }
 
-// Tells what does not fit, all of it: nobody has seen this copybook before.
+// Prints what does not fit. The result is an exit status.
 int CopybookCommand::checkWritten(TextSource const& written, SchemaModel& model,
                                   CommonOptions const& options) const {
   using compiler::Severity;

@@ -6,6 +6,7 @@
 #include "cobol/part_filter.h"
 #include "cobol/record_text.h"
 #include "cobol/root_element.h"
+#include "copybook/reserved_words.h"
 #include "fdrec/files.h"
 #include "fdrec/generator_messages.h"
 #include "source/diagnostics.h"
@@ -57,6 +58,7 @@ SchemaRecord makeSchemaRecord(CDMXMLSchemaDoc const& schema, RecordRequest const
   PathFilter filter(std::move(patterns), depth);
   RecordTextOptions options{.prefix = request.prefix, .filter = &filter};
   options.limits.items = kMaxItems;
+  options.isReserved = copybook::isReservedWord;
   RecordText record = makeRecordText(schema, root.element, options);
   std::string const name = compiler::quoted(root.element->getAttribute("name")->value);
   if (record.isTooLarge) {

@@ -24,8 +24,8 @@ struct SchemaRecord {
 };
 
 /// Makes the record. What keeps it from being made is reported, and the text is
-/// empty then. The losses of the conversion are not reported: whoever checks the
-/// record against the schema finds them all, with their places.
+/// empty then. The losses of the conversion are not reported: the check of the record
+/// against the schema finds them all, with their places.
 [[nodiscard]] SchemaRecord makeSchemaRecord(CDMXMLSchemaDoc const& schema,
                                             RecordRequest const& request);
 

@@ -101,7 +101,7 @@ class EntryReader : public XmlEvents {
     }
     if (auto prefer = tag.attribute("prefer")) context.prefersPublic = *prefer != "system";
     m_open.push_back(context);
-    // The catalogs of libxml2's time have no namespace at times.
+    // Some catalogs have no namespace.
     if (tag.uri != kCatalogNamespace && !tag.uri.empty()) return;
     auto const* kind = std::ranges::find(kEntryKinds, tag.name, &EntryKind::element);
     if (kind == kEntryKinds.end()) return;

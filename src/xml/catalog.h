@@ -15,8 +15,8 @@ namespace fdmorph {
 
 /// Entry files in the order in which they are searched. What a file delegates to or
 /// names as the next one is read when a search first reaches it. The rules are
-/// those of XML Catalogs 1.1. (The catalogs of libxml2 do not know its suffix
-/// entries, and print their errors.)
+/// those of XML Catalogs 1.1. libxml2 has catalogs, too, but without suffix entries,
+/// and its errors have no places.
 class Catalog {
  public:
   Catalog();

@@ -1,6 +1,6 @@
 """Makes records for the schemas of the corpus, from a working directory elsewhere.
 
-The bundled compiler and the check of the record against its schema judge the copybooks.
+The bundled compiler, the check of the record against its schema, and cobc judge the copybooks.
 """
 
 from __future__ import annotations
@@ -11,6 +11,7 @@ from subprocess import CompletedProcess
 from typing import NamedTuple
 
 import pytest
+from judges.cobc import NEEDS_COBC, program_with, run_cobc
 from support import harness
 from support.corpus import corpus_files, name_of, require_corpus
 
@@ -89,6 +90,18 @@ def test_the_bundled_compiler_accepts_it(record: Record) -> None:
 def test_the_check_finds_what_has_been_told(record: Record) -> None:
     done = run_fdrec(record.copybook.parent, "check", str(record.schema), record.copybook.name)
     assert ERROR.findall(harness.readable(done.stdout)) == record.errors()
+
+
+@NEEDS_COBC
+def test_cobc_accepts_the_plain_form(record: Record) -> None:
+    directory = record.copybook.parent
+    # Few occurrences, because the largest item of cobc has 256 MB.
+    run_fdrec(directory, *record.args, "--plain", "--unbounded", "2", "-o", "plain.cpy")
+    lines = (directory / "plain.cpy").read_text("utf-8").splitlines()
+    source = directory / "plain.cbl"
+    source.write_text(program_with(lines), "utf-8")
+    status, printed = run_cobc(source, "-std=default")
+    assert (status, [line for line in printed if "error" in line]) == (0, [])
 
 
 def test_parts_that_are_skipped_are_not_written(record: Record) -> None:
