@@ -3,30 +3,37 @@
 from compiler_rows import compiler_command
 from measure import GROWTH_GOAL, compared, result_of
 
-SHOW_GOAL = 3  # of the compiler's run on the same source
+COMMAND_GOAL = 3  # of the compiler's run on the same source
 
-FORMATS = {"table": (), "JSON": ("--json",), "page": ("--html",)}
+SHOW_FORMATS = {"table": ("show",), "JSON": ("show", "--json"), "page": ("show", "--html")}
+PLAIN_FORMATS = {"fixed": ("plain",), "free": ("plain", "--free")}
 
 
-def show_command(bench, source, options):
-    output = bench.folder / "shown"
+def record_command(bench, source, words):
+    output = bench.folder / "written"
     bench.outputs.add(output)
-    return [bench.fdrec, "show", *options, "-o", output, source]
+    return [bench.fdrec, *words, "-o", output, source]
 
 
-def show_rows(bench, name):
-    """Each format of `show` against the compiler, and ten times the items."""
-    size = 10_000 if bench.quick else 100_000
-    many = bench.input("one-record", size)
-    few = bench.input("one-record", size // 10)
-    for label, options in FORMATS.items():
-        pairs = bench.alternate(show_command(bench, many, options), compiler_command(bench, many))
-        yield compared(bench, f"{name} {size:,}, {label}", pairs, SHOW_GOAL)
-        ours = [usage for usage, _ in pairs]
-        others = bench.alternate(show_command(bench, few, options))
-        costs = [usage.cost for usage in ours], [usage.cost for (usage,) in others]
-        growth = f"{name} {size // 10:,} to {size:,}, {label}"
-        yield result_of(bench, growth, *costs, GROWTH_GOAL, ours)
+def rows_of(formats):
+    """Each output of a command against the compiler, and ten times the items."""
+
+    def rows(bench, name):
+        size = 10_000 if bench.quick else 100_000
+        many = bench.input("one-record", size)
+        few = bench.input("one-record", size // 10)
+        for label, words in formats.items():
+            pairs = bench.alternate(
+                record_command(bench, many, words), compiler_command(bench, many)
+            )
+            yield compared(bench, f"{name} {size:,}, {label}", pairs, COMMAND_GOAL)
+            ours = [usage for usage, _ in pairs]
+            others = bench.alternate(record_command(bench, few, words))
+            costs = [usage.cost for usage in ours], [usage.cost for (usage,) in others]
+            growth = f"{name} {size // 10:,} to {size:,}, {label}"
+            yield result_of(bench, growth, *costs, GROWTH_GOAL, ours)
+
+    return rows
 
 
-ROWS = {"fdrec-show": show_rows}
+ROWS = {"fdrec-show": rows_of(SHOW_FORMATS), "fdrec-plain": rows_of(PLAIN_FORMATS)}
