@@ -7,7 +7,7 @@
 #include "record/record_choice.h"
 #include "record/record_tree.h"
 
-namespace CLI {
+namespace CLI {  // NOLINT(readability-identifier-naming): that of the library
 class App;
 }
 
