@@ -38,7 +38,7 @@ compiler::SourceOptions optionsOf(std::uint8_t choice) {
   return options;
 }
 
-void show(CompiledSource& source, compiler::SourceOptions const& options) {
+void showRecords(CompiledSource& source, compiler::SourceOptions const& options) {
   std::vector<record::RecordTree> trees;
   for (DataItem const* each : record::chooseRecords(source, {})) {
     trees.emplace_back(*each, record::NamingRules{}, source.diagnostics());
@@ -99,6 +99,6 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   CompiledSource source(kSource, options, tree);
   if (source.diagnostics().hasErrors()) return 0;
   writeAgain(source, options);
-  show(source, options);
+  showRecords(source, options);
   return 0;
 }
