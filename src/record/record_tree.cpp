@@ -214,10 +214,11 @@ std::string RecordTree::xmlPath(std::uint32_t node) const {
     chain.push_back(&m_nodes[each]);
   }
   std::string path;
-  for (auto each = chain.rbegin(); each != chain.rend(); ++each) {
+  std::ranges::reverse(chain);
+  for (RecordNode const* each : chain) {
     if (!path.empty()) path += '/';
-    if ((*each)->role == Role::attribute) path += '@';
-    path += (*each)->name;
+    if (each->role == Role::attribute) path += '@';
+    path += each->name;
   }
   return path;
 }
@@ -228,9 +229,10 @@ std::string RecordTree::dataPath(std::uint32_t node) const {
     names.push_back(dataNameOf(*m_nodes[each].item));
   }
   std::string path;
-  for (auto each = names.rbegin(); each != names.rend(); ++each) {
+  std::ranges::reverse(names);
+  for (std::string_view name : names) {
     if (!path.empty()) path += '/';
-    path += *each;
+    path += name;
   }
   return path;
 }
