@@ -233,9 +233,9 @@ class ContentCheck {
       return;
     }
     std::optional<std::size_t> last;
-    for (std::size_t i = 0; i < m_partOf.size(); ++i) {
-      if (!m_partOf[i]) continue;
-      ContentPart const& part = m_content.parts[*m_partOf[i]];
+    for (std::optional<std::size_t> const& at : m_partOf) {
+      if (!at) continue;
+      ContentPart const& part = m_content.parts[*at];
       if (part.isScattered) {
         m_context.add(m_subject, FindingCode::order,
                       "there may be elements " + quoted(part.element->name.local) +
