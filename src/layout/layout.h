@@ -15,15 +15,13 @@
 #include <string>
 #include <vector>
 
+#include "layout/names.h"
 #include "record/count_record.h"
 #include "record/record_tree.h"
 #include "values/conventions.h"
 #include "values/item_format.h"
 
 namespace fdmorph::layout {
-
-/// No counter, area, name or count.
-inline constexpr std::uint32_t kNone = UINT32_MAX;
 
 /// The number of tables that may stand in one another: groups have 49 levels.
 inline constexpr std::size_t kMaxDepth = 49;
@@ -89,29 +87,6 @@ struct Area {
 struct CountPlace {
   std::uint64_t offset = 0;            ///< in first occurrences, in bytes
   std::vector<std::uint64_t> strides;  ///< of each table around the node, outermost first
-};
-
-/// The names of elements and attributes in a document. Each has a number.
-class Names {
- public:
-  struct Name {
-    std::string namespaceUri;
-    std::string local;
-    bool operator==(Name const&) const = default;
-  };
-
-  /// The number of a name, which is added if it is new.
-  std::uint32_t add(std::string_view namespaceUri, std::string_view local);
-
-  /// The number of a name, or kNone.
-  [[nodiscard]] std::uint32_t find(std::string_view namespaceUri, std::string_view local) const;
-
-  [[nodiscard]] Name const& operator[](std::uint32_t number) const { return m_names[number]; }
-  [[nodiscard]] std::size_t size() const { return m_names.size(); }
-
- private:
-  std::vector<Name> m_names;
-  std::vector<std::uint32_t> m_slots;  // an open hash table of numbers
 };
 
 /// Immutable; threads share it. It looks at the tree, which must outlive it.
