@@ -248,7 +248,7 @@ class ContentCheck {
                           " before " + quoted(part.element->name.local) + ", the schema after it");
         return;
       }
-      last = m_partOf[i];
+      last = at;
     }
   }
 
