@@ -15,32 +15,13 @@ struct Slots {
   bool areSeveral = false;
 };
 
-bool isSlotOf(Layout const& layout, std::uint32_t one, std::uint32_t other) {
-  RecordNode const& a = layout.item(one);
-  RecordNode const& b = layout.item(other);
-  if (a.role != b.role || a.enclosing != b.enclosing) return false;
-  if (layout[one].name != layout[other].name) return false;
-  // The nearest group around both; the parts below it that lead to them must not be
-  // views of one area.
-  std::uint32_t x = one;
-  std::uint32_t y = other;
-  while (layout.item(x).parent != layout.item(y).parent) {
-    if (x > y) {
-      x = layout.item(x).parent;
-    } else {
-      y = layout.item(y).parent;
-    }
-  }
-  return layout[x].area == kNone || layout[x].area != layout[y].area;
-}
-
 Slots findSlots(Layout const& layout, std::uint32_t node) {
   Slots slots;
   RecordNode const& item = layout.item(node);
   if (item.enclosing == record::kNoNode) return slots;
   for (std::uint32_t i = item.enclosing + 1; i < layout.item(item.enclosing).end; ++i) {
     if (i == node || layout[i].name != layout[node].name) continue;
-    if (!isSlotOf(layout, node, i)) continue;
+    if (!areSlotsOfOneName(layout, node, i)) continue;
     slots.areSeveral = true;
     if (i < node) slots.before += layout[i].most;
   }
@@ -71,6 +52,25 @@ std::string stepOf(Layout const& layout, std::uint32_t node, Occurrence const& o
 }
 
 }  // namespace
+
+bool areSlotsOfOneName(Layout const& layout, std::uint32_t one, std::uint32_t other) {
+  RecordNode const& a = layout.item(one);
+  RecordNode const& b = layout.item(other);
+  if (a.role != b.role || a.enclosing != b.enclosing) return false;
+  if (layout[one].name != layout[other].name) return false;
+  // Below the nearest group around both, the items that lead to them must not be views
+  // of one area.
+  std::uint32_t x = one;
+  std::uint32_t y = other;
+  while (layout.item(x).parent != layout.item(y).parent) {
+    if (x > y) {
+      x = layout.item(x).parent;
+    } else {
+      y = layout.item(y).parent;
+    }
+  }
+  return layout[x].area == kNone || layout[x].area != layout[y].area;
+}
 
 std::uint64_t offsetOf(Layout const& layout, std::uint32_t node, Occurrence const& occurrence) {
   std::uint64_t offset = layout[node].offset;

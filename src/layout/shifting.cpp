@@ -186,12 +186,12 @@ CounterValue countOf(Layout const& layout, values::Values const& values, RecordB
   std::uint64_t offset = offsetOf(layout, counter.node, occurrence);
   Node const& item = layout[counter.node];
   if (offset + item.size > record.available) return {node.least, true, {}};
-  values::IntegerResult read = values.readInteger(item.format, record.bytes + offset);
-  bool isInside = read.error == values::ValueError::none && read.value >= 0 &&
-                  static_cast<std::uint64_t>(read.value) >= node.least &&
-                  static_cast<std::uint64_t>(read.value) <= node.most;
-  if (isInside) return {static_cast<std::uint64_t>(read.value), false, {}};
-  return {0, false, CounterFault{counter.node, table, occurrence, read.error, read.value}};
+  std::optional<std::int64_t> value = values.readInteger(item.format, record.bytes + offset);
+  if (!value) return {0, false, CounterFault{counter.node, table, occurrence, false}};
+  bool isInside = *value >= 0 && static_cast<std::uint64_t>(*value) >= node.least &&
+                  static_cast<std::uint64_t>(*value) <= node.most;
+  if (isInside) return {static_cast<std::uint64_t>(*value), false, {}};
+  return {0, false, CounterFault{counter.node, table, occurrence, true, *value}};
 }
 
 SpreadRecord spread(Layout const& layout, values::Values const& values, unsigned char const* record,

@@ -12,7 +12,7 @@ struct CounterFault {
   std::uint32_t node;        ///< the counter
   std::uint32_t table;       ///< the table that depends on it
   Occurrence occurrence;     ///< of the table
-  values::ValueError error;  ///< of its value; none: outside the bounds of the table
+  bool isReadable;           ///< it has a value, which is outside the bounds of the table
   std::int64_t value = 0;
 };
 
