@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "document/value_errors.h"
+#include "values/value_messages.h"
 
 namespace fdmorph::document {
 
@@ -362,7 +363,7 @@ void Decoder::failRecord(ErrorCode code, std::string text) {
 }
 
 void Decoder::failValue(Operation const& operation, values::ValueError error) {
-  fail(codeOf(error), operation.node, messageOf(error));
+  fail(codeOf(error), operation.node, std::string(values::describeBytes(error)));
 }
 
 void Decoder::failAtCounter(layout::CounterFault const& fault) {
@@ -375,7 +376,7 @@ void Decoder::failAtCounter(layout::CounterFault const& fault) {
     values::ValueError error = result.error == values::ValueError::none
                                    ? values::ValueError::digit
                                    : result.error;
-    add({codeOf(error), messageOf(error)}, fault.node, offset);
+    add({codeOf(error), std::string(values::describeBytes(error))}, fault.node, offset);
     return;
   }
   Node const& table = (*m_layout)[fault.table];

@@ -37,17 +37,6 @@ ErrorCode codeOf(values::ValueError error) {
   }
 }
 
-std::string messageOf(values::ValueError error) {
-  switch (error) {
-    case values::ValueError::range:
-      return "more digits than the picture has";
-    case values::ValueError::character:
-      return "invalid character";
-    default:
-      return "invalid digit";
-  }
-}
-
 std::string shownBytes(std::span<unsigned char const> record, std::uint64_t offset,
                        std::uint64_t size) {
   if (offset >= record.size()) return {};

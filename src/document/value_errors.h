@@ -12,9 +12,6 @@ namespace fdmorph::document {
 
 [[nodiscard]] ErrorCode codeOf(values::ValueError error);
 
-/// What is wrong with bytes, without a place.
-[[nodiscard]] std::string messageOf(values::ValueError error);
-
 /// The bytes of an item in a record, as many as messages need: one more than they show.
 [[nodiscard]] std::string shownBytes(std::span<unsigned char const> record, std::uint64_t offset,
                                      std::uint64_t size);

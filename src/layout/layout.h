@@ -20,6 +20,8 @@
 #include "record/record_tree.h"
 #include "values/conventions.h"
 #include "values/item_format.h"
+#include "values/literal_bytes.h"
+#include "values/values.h"
 
 namespace fdmorph::layout {
 

@@ -5,6 +5,7 @@
 
 #include "source/diagnostics.h"
 #include "text/letter_case.h"
+#include "values/absent_bytes.h"
 
 namespace fdmorph::layout {
 namespace {
@@ -185,7 +186,7 @@ void LayoutBuilder::checkShifting() {
   for (Counter const& counter : m_layout.m_counters) {
     for (std::uint32_t table : counter.tables) {
       if (!isInArea(table)) continue;
-      report(table, "table " + compiler::quoted(dataNameOf(*m_layout.item(table).item)) +
+      report(table, "table " + compiler::quoted(record::dataNameOf(*m_layout.item(table).item)) +
                         " with DEPENDING ON shares its storage with other items; "
                         "--odo max is required");
     }
@@ -193,7 +194,7 @@ void LayoutBuilder::checkShifting() {
   for (std::uint32_t i = 0; i < m_layout.m_nodes.size(); ++i) {
     DataItem const& item = *m_layout.item(i).item;
     if (!item.isSynchronized || item.isGroup()) continue;
-    report(i, "SYNCHRONIZED item " + compiler::quoted(dataNameOf(item)) +
+    report(i, "SYNCHRONIZED item " + compiler::quoted(record::dataNameOf(item)) +
                   " in a record whose items shift; --odo max is required");
   }
 }
@@ -223,10 +224,10 @@ void LayoutBuilder::placeCounts() {
 // number of levels.
 void LayoutBuilder::fillAbsent(std::uint32_t node, unsigned char* bytes) {
   DataItem const& item = *m_layout.item(node).item;
-  if (item.isGroup() && item.values.empty()) {
+  if (item.isGroup() && !values::hasInitialValue(item)) {
     fillItems(node, bytes);
   } else {
-    m_values.writeAbsent(item, m_layout.m_nodes[node].format, bytes);
+    values::writeAbsent(m_literals, item, m_layout.m_nodes[node].format, bytes);
   }
 }
 
@@ -239,7 +240,7 @@ void LayoutBuilder::fillItems(std::uint32_t group, unsigned char* bytes) {
     if (node.area != kNone) {
       Area const& area = m_layout.m_areas[node.area];
       if (area.views.front() != i) continue;
-      std::memset(begin, m_values.blank(), area.size);
+      std::memset(begin, m_rules.conventions.codePage->blank(), area.size);
     }
     if (node.most == 0 || node.size == 0) continue;
     fillAbsent(i, begin);

@@ -16,7 +16,7 @@ class LayoutBuilder {
                 Names& names, compiler::Diagnostics& diagnostics)
       : m_layout(layout),
         m_rules(rules),
-        m_values(values),
+        m_literals(values),
         m_names(names),
         m_diagnostics(diagnostics) {}
 
@@ -39,7 +39,7 @@ class LayoutBuilder {
 
   Layout& m_layout;
   LayoutRules const& m_rules;
-  values::Values const& m_values;
+  values::LiteralBytes m_literals;
   Names& m_names;
   compiler::Diagnostics& m_diagnostics;
   std::unordered_map<compiler::DataItem const*, std::uint32_t> m_nodeOf;

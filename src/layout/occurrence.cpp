@@ -42,7 +42,7 @@ std::string stepOf(Layout const& layout, std::uint32_t node, Occurrence const& o
     if (item.role == Role::attribute) step += '@';
     step += item.name;
   } else {
-    step += dataNameOf(*item.item);
+    step += record::dataNameOf(*item.item);
   }
   Slots slots = item.role == Role::element ? findSlots(layout, node) : Slots();
   if (isWhole || (!layout[node].repeats && !slots.areSeveral)) return step;

@@ -51,7 +51,20 @@ void RecordSet::addRule(std::string const& text) {
   std::optional<ViewRule> rule = parser.parse(text);
   if (!rule) {
     if (m_usageError.empty()) m_usageError = parser.error();
-  } else if (rule->chosen != kNone) {
+    return;
+  }
+  values::LiteralBytes literals(m_values);
+  for (Comparison& comparison : rule->comparisons) {
+    values::ItemFormat const& format = m_layouts[rule->record][comparison.node].format;
+    for (compiler::ValueRange const& range : comparison.values) {
+      TestValue test{values::Comparand(m_values, literals, format, range.from)};
+      if (range.to.kind != Literal::Kind::none) {
+        test.to.emplace(m_values, literals, format, range.to);
+      }
+      comparison.tests.push_back(std::move(test));
+    }
+  }
+  if (rule->chosen != kNone) {
     m_recordRules.push_back(std::move(*rule));
   } else {
     std::uint32_t area = m_layouts[rule->record][rule->target].area;
@@ -67,14 +80,12 @@ bool RecordSet::holds(ViewRule const& rule, RecordBytes record,
     Node const& node = layout[comparison.node];
     std::uint64_t offset = offsetOf(layout, comparison.node, occurrence);
     if (offset + node.size > record.available) return false;
-    auto const compare = [&](Literal const& literal) {
-      return m_values.compare(node.format, record.bytes + offset, literal);
-    };
-    return std::ranges::any_of(comparison.values, [&](compiler::ValueRange const& range) {
-      auto from = compare(range.from);
+    unsigned char const* bytes = record.bytes + offset;
+    return std::ranges::any_of(comparison.tests, [&](TestValue const& test) {
+      auto from = test.from.compare(bytes, node.size);
       if (!from) return false;
-      if (range.to.kind == Literal::Kind::none) return *from == 0;
-      auto to = compare(range.to);
+      if (!test.to) return *from == 0;
+      auto to = test.to->compare(bytes, node.size);
       return to && *from >= 0 && *to <= 0;
     });
   });

@@ -10,13 +10,21 @@
 
 #include "layout/layout.h"
 #include "layout/occurrence.h"
+#include "values/comparand.h"
 
 namespace fdmorph::layout {
+
+/// A value of a test, or a range of them.
+struct TestValue {
+  values::Comparand from;
+  std::optional<values::Comparand> to = {};
+};
 
 /// ITEM = VALUE, VALUE THRU VALUE, ...
 struct Comparison {
   std::uint32_t node;
   std::vector<compiler::ValueRange> values;
+  std::vector<TestValue> tests = {};  ///< the same, ready to compare
 };
 
 /// A rule of the user: a view, or a whole record, is used if all comparisons hold.

@@ -324,7 +324,7 @@ bool RuleParser::isOfTarget(std::uint32_t node) {
       if (each == table) return true;
     }
   }
-  fail("item " + quoted(dataNameOf(*layout.item(node).item)) +
+  fail("item " + quoted(record::dataNameOf(*layout.item(node).item)) +
        " is in a table that does not contain what the rule chooses");
   return false;
 }
