@@ -5,8 +5,8 @@
 #include <map>
 
 #include "source/diagnostics.h"
-#include "text/utf8.h"
 #include "text/xml_names.h"
+#include "values/utf8_reader.h"
 
 namespace fdmorph::fdrec {
 namespace {
@@ -199,9 +199,10 @@ void setValues(values::Conventions& conventions, DataOptions const& data) {
 
 // The character of --unmappable, or nothing.
 std::optional<char32_t> parseCharacter(std::string const& text) {
-  std::size_t size = 0;
-  std::optional<char32_t> character = decodeUtf8(text, size);
-  return character && size == text.size() ? character : std::nullopt;
+  auto const* bytes = reinterpret_cast<unsigned char const*>(text.data());
+  values::Utf8Character character = values::readUtf8(bytes, text.size());
+  if (character.length == 0 || character.length != text.size()) return std::nullopt;
+  return character.code;
 }
 
 DataRules failed(std::string error) {
@@ -242,17 +243,17 @@ DataRules makeDataRules(CommonOptions const& common, DataOptions const& data) {
                   compiler::quoted(data.wrapper));
   }
   if (data.isSingle && data.areLines) return failed("--single and --lines exclude each other");
-  if (data.hasCounts && data.framing.format == framing::Format::lines) {
+  if (data.hasCounts && data.framing.format() == framing::Format::lines) {
     return failed("--counts: lines have no count records");
   }
-  if (data.framing.format == framing::Format::lines && opened.page->isEbcdic()) {
+  if (data.framing.format() == framing::Format::lines && opened.page->isEbcdic()) {
     return failed("--format lines: expected an encoding based on ASCII, found " +
                   opened.page->name());
   }
   DataRules rules;
   rules.layout.conventions = std::move(conventions.conventions);
-  bool isShifted = data.framing.format == framing::Format::rdw ||
-                   data.framing.format == framing::Format::bdw;
+  bool isShifted = data.framing.format() == framing::Format::rdw ||
+                   data.framing.format() == framing::Format::bdw;
   rules.layout.tables =
       data.tables.value_or(isShifted ? TableForm::shifted : TableForm::largest);
   rules.layout.hasCounts = data.hasCounts;
@@ -265,9 +266,9 @@ DataRules makeDataRules(CommonOptions const& common, DataOptions const& data) {
     rules.layout.counters.push_back(std::move(*counter));
   }
   rules.lengths.padsShort = data.padsShort;
-  if (data.framing.format == framing::Format::fixed) {
+  if (data.framing.format() == framing::Format::fixed) {
     rules.lengths.ending = document::LengthRules::Ending::ignored;
-  } else if (data.framing.format == framing::Format::lines) {
+  } else if (data.framing.format() == framing::Format::lines) {
     rules.lengths.ending = document::LengthRules::Ending::blanks;
   }
   return rules;
