@@ -12,8 +12,8 @@ void decodeBatch(Decoder& decoder, framing::Batch const& batch, BatchText& resul
     errors.clear();
     bool isDecoded = false;
     if (batch.frames[i].isCut) {
-      errors.push_back({ErrorCode::tooLong, "line of more than " + std::to_string(data.size()) +
-                                                " bytes"});
+      errors.push_back(
+          {ErrorCode::tooLong, "line of more than " + std::to_string(data.size()) + " bytes"});
     } else {
       isDecoded = decoder.decode(record, result.text, errors);
     }

@@ -7,9 +7,9 @@ namespace {
 
 // In the order of the enumeration.
 constexpr std::array<std::string_view, 20> kNames{
-    "digit", "range", "character", "number", "overflow", "precision", "length",
-    "odo",   "count", "occurs",    "view",   "unknown",  "text",      "xml",
-    "json",  "schema", "frame",    "long",   "short",    "single",
+    "digit", "range",  "character", "number", "overflow", "precision", "length",
+    "odo",   "count",  "occurs",    "view",   "unknown",  "text",      "xml",
+    "json",  "schema", "frame",     "long",   "short",    "single",
 };
 
 }  // namespace

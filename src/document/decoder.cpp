@@ -124,8 +124,8 @@ bool Decoder::prepareShort(StoredRecord stored) {
 
 bool Decoder::prepareShifted(StoredRecord stored) {
   m_full = m_layout->absentBytes();
-  layout::SpreadRecord spread = layout::spread(*m_layout, m_values, stored.bytes.data(),
-                                               stored.bytes.size(), m_full.data());
+  layout::SpreadRecord spread =
+      layout::spread(*m_layout, m_values, stored.bytes.data(), stored.bytes.size(), m_full.data());
   m_bytes = {m_full.data(), spread.available};
   if (spread.fault) {
     m_stopAt = layout::offsetOf(*m_layout, spread.fault->table, spread.fault->occurrence);
@@ -363,7 +363,7 @@ void Decoder::failRecord(ErrorCode code, std::string text) {
 }
 
 void Decoder::failValue(Operation const& operation, values::ValueError error) {
-  fail(codeOf(error), operation.node, std::string(values::describeBytes(error)));
+  fail(document::codeOf(error), operation.node, std::string(values::describeBytes(error)));
 }
 
 void Decoder::failAtCounter(layout::CounterFault const& fault) {
@@ -371,12 +371,11 @@ void Decoder::failAtCounter(layout::CounterFault const& fault) {
   std::uint64_t offset = layout::offsetOf(*m_layout, fault.node, fault.occurrence);
   if (!fault.isReadable) {
     std::vector<char> text(values::Values::maxTextSize(counter.format));
-    DecodeResult result = m_values.decode<Target::plain>(
-        counter.format, m_bytes.bytes + offset, text.data());
-    values::ValueError error = result.error == values::ValueError::none
-                                   ? values::ValueError::digit
-                                   : result.error;
-    add({codeOf(error), std::string(values::describeBytes(error))}, fault.node, offset);
+    DecodeResult result =
+        m_values.decode<Target::plain>(counter.format, m_bytes.bytes + offset, text.data());
+    values::ValueError error =
+        result.error == values::ValueError::none ? values::ValueError::digit : result.error;
+    add({document::codeOf(error), std::string(values::describeBytes(error))}, fault.node, offset);
     return;
   }
   Node const& table = (*m_layout)[fault.table];

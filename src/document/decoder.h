@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "document/data_error.h"
-#include "document/programs.h"
 #include "document/left_out.h"
+#include "document/programs.h"
 #include "document/text_buffer.h"
 #include "layout/extent.h"
 #include "layout/shifting.h"

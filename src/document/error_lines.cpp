@@ -39,8 +39,7 @@ std::string byteErrorLine(std::string_view file, std::uint64_t number, std::uint
   return line + endOfLine(error);
 }
 
-std::string documentErrorLine(std::string_view file, std::uint64_t number,
-                              DataError const& error) {
+std::string documentErrorLine(std::string_view file, std::uint64_t number, DataError const& error) {
   return "fdrec: " + compiler::printable(file) + ':' + std::to_string(error.line) + ':' +
          std::to_string(error.column) + ", record " + std::to_string(number) + endOfLine(error);
 }

@@ -88,8 +88,8 @@ void JsonProgram::addItems(std::uint32_t group, PartKind kind, Slots& slots) {
 void JsonProgram::addArea(std::uint32_t area, PartKind kind, Slots& slots) {
   std::vector<std::uint32_t> views;
   for (std::uint32_t view : m_layout.areas()[area].views) {
-    bool isUsed = slots.only == nullptr ? hasPartOfKind(m_layout, view, kind)
-                                        : isIn(*slots.only, view);
+    bool isUsed =
+        slots.only == nullptr ? hasPartOfKind(m_layout, view, kind) : isIn(*slots.only, view);
     if (isUsed) views.push_back(view);
   }
   if (views.empty()) return;
@@ -104,9 +104,8 @@ void JsonProgram::addArea(std::uint32_t area, PartKind kind, Slots& slots) {
 
 // Whether a node or an item in it is one of the slots.
 bool JsonProgram::isIn(SlotGroup const& group, std::uint32_t node) const {
-  return std::ranges::any_of(group, [&](std::uint32_t slot) {
-    return slot >= node && slot < m_layout.item(node).end;
-  });
+  return std::ranges::any_of(
+      group, [&](std::uint32_t slot) { return slot >= node && slot < m_layout.item(node).end; });
 }
 
 // Adds the arrays of all slots of which the first is `node` or stands in a view of the
@@ -151,7 +150,8 @@ void JsonProgram::addMember(std::uint32_t node, PartKind kind, Slots& slots) {
   }
   if (slots.only != nullptr && std::ranges::find(*slots.only, node) == slots.only->end()) return;
   if (item.role == Role::value) {
-    bool isBare = !isObject(item.enclosing) || m_layout.item(item.enclosing).role == Role::attribute;
+    bool isBare =
+        !isObject(item.enclosing) || m_layout.item(item.enclosing).role == Role::attribute;
     if (!isBare) m_list.write("\"#text\":");
     addText(node, 0, false);
     return;
@@ -185,9 +185,8 @@ void JsonProgram::addText(std::uint32_t item, std::size_t ownMarkup, bool mayBeL
   if (isString) m_list.write("\"");
   std::string_view after = isString ? "\"," : ",";
   bool isFixed = !mayHoldNoNumber(m_set, format);
-  Operation& operation =
-      m_list.addItem(isString ? Operation::Kind::string : Operation::Kind::value, item,
-                     isFixed ? "" : after);
+  Operation& operation = m_list.addItem(isString ? Operation::Kind::string : Operation::Kind::value,
+                                        item, isFixed ? "" : after);
   operation.ownMarkup = static_cast<std::uint32_t>(ownMarkup + (isString ? 1 : 0));
   operation.mayBeLeftOut = mayBeLeftOut;
   if (isFixed) m_list.write(after);
@@ -198,8 +197,8 @@ void checkMemberNames(layout::Layout const& layout, compiler::Diagnostics& diagn
   std::map<Key, std::string_view> namespaces;
   for (RecordNode const& node : layout.tree().nodes()) {
     if (node.role != Role::element && node.role != Role::attribute) continue;
-    auto [known, isNew] = namespaces.try_emplace({node.enclosing, node.role, node.name},
-                                                 node.namespaceUri);
+    auto [known, isNew] =
+        namespaces.try_emplace({node.enclosing, node.role, node.name}, node.namespaceUri);
     if (isNew || known->second == node.namespaceUri) continue;
     diagnostics.report(compiler::Code::layout, node.item->place,
                        "name " + compiler::quoted(node.name) +

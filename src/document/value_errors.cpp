@@ -40,8 +40,8 @@ ErrorCode codeOf(values::ValueError error) {
 std::string shownBytes(std::span<unsigned char const> record, std::uint64_t offset,
                        std::uint64_t size) {
   if (offset >= record.size()) return {};
-  auto shown = record.subspan(offset, std::min({size, record.size() - offset,
-                                                std::uint64_t{kShownBytes}}));
+  auto shown =
+      record.subspan(offset, std::min({size, record.size() - offset, std::uint64_t{kShownBytes}}));
   return {shown.begin(), shown.end()};
 }
 
@@ -53,8 +53,7 @@ std::uint32_t readCount(values::Conventions const& conventions, unsigned char co
   return count;
 }
 
-void writeCount(values::Conventions const& conventions, std::uint32_t count,
-                unsigned char* bytes) {
+void writeCount(values::Conventions const& conventions, std::uint32_t count, unsigned char* bytes) {
   for (unsigned i = 0; i < record::kCountSize; ++i) {
     bytes[placeOf(conventions, i)] =
         static_cast<unsigned char>((count >> (i * kByteBits)) & kByteMask);

@@ -18,9 +18,9 @@ DataInput::DataInput(std::string const& copybook, CommonOptions const& common, D
   if (!m_copybook->isUsable() || diagnostics().hasErrors()) return;
   for (record::RecordTree const& tree : m_copybook->trees()) {
     if (tree.root().role == record::Role::element) continue;
-    diagnostics().report(compiler::Code::layout, tree.root().item->place,
-                         "record " + compiler::quoted(dataNameOf(*tree.root().item)) +
-                             " has no XML name");
+    diagnostics().report(
+        compiler::Code::layout, tree.root().item->place,
+        "record " + compiler::quoted(dataNameOf(*tree.root().item)) + " has no XML name");
   }
   m_set = std::make_unique<layout::RecordSet>(m_copybook->trees(), m_rules.layout, data.when,
                                               diagnostics());

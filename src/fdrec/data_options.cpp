@@ -70,8 +70,7 @@ void declareBytes(Declaration& options, DataOptions& data) {
   options.setGroup(kBytesGroup);
   std::map<std::string, bool> const orders{{"big", true}, {"little", false}};
   options.addChoice<std::optional<Dialect>, Dialect>(
-      "--binary-size", data.binarySize,
-      {{"ibm", Dialect::ibm}, {"gnucobol", Dialect::gnuCobol}},
+      "--binary-size", data.binarySize, {{"ibm", Dialect::ibm}, {"gnucobol", Dialect::gnuCobol}},
       "sizes of binary items; default: those of the dialect");
   options.addChoice("--binary-endian", data.isBinaryBigEndian, orders,
                     "byte order of COMP, COMP-4 and BINARY");
@@ -166,8 +165,7 @@ void declareRun(Declaration& options, DataOptions& data) {
   options.add("--max-errors", data.maxErrors, "N",
               "end after N records with errors; 0: never;\ndefault: 100");
   options.add("--rejects", data.rejects, "FILE", "write records with errors to FILE");
-  options.add("--residue", data.residue, "FILE",
-              "bytes of the records that documents do not have");
+  options.add("--residue", data.residue, "FILE", "bytes of the records that documents do not have");
 }
 
 // NAME=NUMBER, or nothing.
@@ -254,8 +252,7 @@ DataRules makeDataRules(CommonOptions const& common, DataOptions const& data) {
   rules.layout.conventions = std::move(conventions.conventions);
   bool isShifted = data.framing.format() == framing::Format::rdw ||
                    data.framing.format() == framing::Format::bdw;
-  rules.layout.tables =
-      data.tables.value_or(isShifted ? TableForm::shifted : TableForm::largest);
+  rules.layout.tables = data.tables.value_or(isShifted ? TableForm::shifted : TableForm::largest);
   rules.layout.hasCounts = data.hasCounts;
   rules.layout.omitsEmpty = data.omitsEmpty && !data.hasCounts;
   for (std::string const& text : data.counters) {

@@ -36,8 +36,8 @@ int ToCommand::run(CommonOptions const& options) {
   DataInput input(m_copybook, options, m_data);
   std::unique_ptr<document::Programs> programs;
   if (input.hasLayout() && !input.diagnostics().hasErrors()) {
-    programs = std::make_unique<document::Programs>(
-        input.set(), makeOutputRules(m_data, m_syntax), input.diagnostics());
+    programs = std::make_unique<document::Programs>(input.set(), makeOutputRules(m_data, m_syntax),
+                                                    input.diagnostics());
   }
   if (int status = input.finish(); status != kClean) return status;
   for (std::string const* output : {&options.output, &m_data.rejects, &m_data.residue}) {

@@ -29,8 +29,8 @@ int ToDocuments::run(framing::InputStream& source, std::string const& output) {
     m_rejectWriter = std::make_unique<framing::RecordWriter>(m_rejects, m_input.framing());
   }
   if (m_data.framing.hasProgress()) {
-    m_progress = std::make_unique<framing::Progress>(framing::Progress::standardError(),
-                                                     source.end());
+    m_progress =
+        std::make_unique<framing::Progress>(framing::Progress::standardError(), source.end());
   }
   m_counts = std::make_unique<RunCounts>(m_data.maxErrors, m_progress.get());
   writeStart();
@@ -137,7 +137,8 @@ void ToDocuments::writeStart() {
 }
 
 void ToDocuments::writeEnd() {
-  if (isXml() && !m_data.areLines && !m_data.isSingle) m_output.write("</" + m_data.wrapper + ">\n");
+  if (isXml() && !m_data.areLines && !m_data.isSingle)
+    m_output.write("</" + m_data.wrapper + ">\n");
 }
 
 }  // namespace fdmorph::fdrec

@@ -9,10 +9,10 @@ namespace fdmorph::layout {
 
 /// A counter that cannot be used.
 struct CounterFault {
-  std::uint32_t node;        ///< the counter
-  std::uint32_t table;       ///< the table that depends on it
-  Occurrence occurrence;     ///< of the table
-  bool isReadable;           ///< it has a value, which is outside the bounds of the table
+  std::uint32_t node;     ///< the counter
+  std::uint32_t table;    ///< the table that depends on it
+  Occurrence occurrence;  ///< of the table
+  bool isReadable;        ///< it has a value, which is outside the bounds of the table
   std::int64_t value = 0;
 };
 
