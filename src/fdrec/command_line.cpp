@@ -2,11 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <csignal>
-#include <map>
 #include <sstream>
 
 #include "fdrec/commands.h"
 #include "fdrec/files.h"
+#include "fdrec/option_values.h"
 
 namespace fdmorph::fdrec {
 namespace {
@@ -17,15 +17,6 @@ using record::RecordSection;
 
 constexpr char kCommonGroup[] = "Common options";
 constexpr std::size_t kHelpColumn = 28;
-
-template <typename Value>
-CLI::CheckedTransformer oneOf(std::map<std::string, Value> const& values) {
-  CLI::CheckedTransformer check(values, CLI::ignore_case);
-  std::string names;
-  for (auto const& [name, value] : values) names += (names.empty() ? "" : ", ") + name;
-  check.description(names);
-  return check;
-}
 
 /// The declaration of the common options.
 class CommonDeclaration {

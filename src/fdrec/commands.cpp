@@ -6,6 +6,7 @@ namespace fdmorph::fdrec {
 
 std::unique_ptr<Command> makeCheckCommand();
 std::unique_ptr<Command> makeCopybookCommand();
+std::unique_ptr<Command> makeIndexCommand();
 std::unique_ptr<Command> makeShowCommand();
 std::unique_ptr<Command> makePlainCommand();
 
@@ -16,6 +17,7 @@ std::span<CommandRow const> commandTable() {
       {"plain", "write a copybook that any COBOL compiler accepts", makePlainCommand},
       {"check", "check that every valid document of a schema fits a record", makeCheckCommand},
       {"copybook", "write a record for an element of a schema", makeCopybookCommand},
+      {"index", "write where records begin in a file, for --part", makeIndexCommand},
   };
   return kCommands;
 }

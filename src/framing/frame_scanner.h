@@ -31,9 +31,9 @@ class DescriptorWalk {
   /// not empty.
   [[nodiscard]] Step read(std::string_view bytes, std::uint64_t offset);
 
-  /// Whether a descriptor at this offset is that of a block.
-  [[nodiscard]] bool isAtBlock(std::uint64_t offset) const {
-    return m_isBlocked && offset == m_blockEnd;
+  /// Whether no block is cut in two at this offset, where a descriptor is.
+  [[nodiscard]] bool isBetweenBlocks(std::uint64_t offset) const {
+    return !m_isInBlock || offset == m_blockEnd;
   }
 
   /// The block that the file, which ends at `offset`, has only a part of.

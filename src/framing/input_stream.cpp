@@ -36,10 +36,12 @@ std::optional<std::string> InputStream::open(std::string const& path) {
     return reason;
   }
   if (S_ISDIR(state.st_mode)) return std::strerror(EISDIR);
-  // Files that the system makes up as they are read have the size 0.
-  if (!S_ISREG(state.st_mode) || state.st_size == 0) return std::nullopt;
+  if (!S_ISREG(state.st_mode)) return std::nullopt;
   off_t const begin = lseek(m_file, 0, SEEK_CUR);  // the standard input may be used already
   if (begin < 0) return std::nullopt;
+  // Files that the system makes up as they are read have the size 0, but bytes.
+  char first = 0;
+  if (state.st_size == 0 && pread(m_file, &first, 1, begin) != 0) return std::nullopt;
   m_isSeekable = true;
   m_end = static_cast<std::uint64_t>(std::max<off_t>(state.st_size - begin, 0));
   m_hasBytes = *m_end != 0;

@@ -36,14 +36,7 @@ RecordReader::RecordReader(InputStream& input, FramingRules const& rules, PartRa
 }
 
 void RecordReader::start() {
-  m_isStarted = true;
-  if (m_part.end) {
-    m_input.endAt(*m_part.end);
-  } else {
-    m_input.leaveTrailer(m_rules.trailer);
-  }
-  std::uint64_t const begin = std::max(m_part.begin, m_rules.header);
-  m_isHeaderPartial = m_input.skip(begin) < begin;
+  m_range.emplace(m_input, m_rules, m_part);
   if (m_rules.format == Format::fixed) skipFixed();
   m_offset = m_input.position();
 }
@@ -63,7 +56,7 @@ void RecordReader::skipFixed() {
 bool RecordReader::next(Batch& batch) {
   batch.frames.clear();
   batch.error.reset();
-  if (!m_isStarted) start();
+  if (!m_range) start();
   batch.end = m_offset;
   std::uint64_t target = m_batchBytes;
   takeRest(batch.bytes);
@@ -77,7 +70,9 @@ bool RecordReader::next(Batch& batch) {
     bool const isUsedUp = m_isEnd && result.used == size && batch.frames.size() < kMaxFrames;
     m_isDone = hasFailed || result.error || isUsedUp;
     batch.error = std::move(result.error);
-    if (isUsedUp && !hasFailed && !batch.error) batch.error = missingBytes();
+    if (isUsedUp && !hasFailed && !batch.error) {
+      batch.error = m_range->missingBytes(m_scanner.nextNumber());
+    }
     m_offset += result.used;
     if (result.isLineOpen) {
       finishLine(batch.frames.empty() ? nullptr : &batch.frames.back());
@@ -139,13 +134,6 @@ void RecordReader::finishLine(Frame* frame) {
     dropFront(m_rest, used.value_or(m_rest.size()));
     if (used || m_isEnd) return;
   }
-}
-
-// Of a file that is empty nothing is missing.
-std::optional<FrameError> RecordReader::missingBytes() const {
-  if (m_part.end || !m_input.hasBytes()) return std::nullopt;
-  if (!m_isHeaderPartial && !m_input.isTrailerPartial()) return std::nullopt;
-  return FrameError{FrameFault::noTrailer, 0, m_scanner.nextNumber(), {}, false};
 }
 
 }  // namespace fdmorph::framing

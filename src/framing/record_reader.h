@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "framing/batch.h"
+#include "framing/data_range.h"
 #include "framing/frame_scanner.h"
 #include "framing/framing_rules.h"
 #include "framing/input_stream.h"
@@ -41,19 +42,17 @@ class RecordReader {
   void finishLine(Frame* frame);
   void takeRest(ByteBuffer& bytes);
   void keepRest(std::string_view rest);
-  [[nodiscard]] std::optional<FrameError> missingBytes() const;
 
   InputStream& m_input;
   FramingRules const m_rules;
   PartRange const m_part;
   std::size_t m_batchBytes;
   FrameScanner m_scanner;
-  bool m_isStarted = false;
-  bool m_isEnd = false;   // of the input
-  bool m_isDone = false;  // nothing is delivered any more
-  bool m_isHeaderPartial = false;
-  ByteBuffer m_rest;           // bytes after the last batch
-  std::uint64_t m_offset = 0;  // in the file, of these
+  std::optional<DataRange> m_range;  // none before the first batch
+  bool m_isEnd = false;              // of the input
+  bool m_isDone = false;             // nothing is delivered any more
+  ByteBuffer m_rest;                 // bytes after the last batch
+  std::uint64_t m_offset = 0;        // in the file, of these
 };
 
 }  // namespace fdmorph::framing

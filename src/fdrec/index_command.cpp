@@ -1,0 +1,78 @@
+// fdrec index: where records begin in a file, for splitting.
+#include <CLI/CLI.hpp>
+#include <algorithm>
+
+#include "fdrec/commands.h"
+#include "fdrec/copybook_file.h"
+#include "fdrec/files.h"
+#include "fdrec/framing_options.h"
+#include "framing/record_index.h"
+
+namespace fdmorph::fdrec {
+namespace {
+
+class IndexCommand : public Command {
+ public:
+  void declare(CLI::App& app) override {
+    app.add_option("COPYBOOK", m_copybook, "copybook or program; - is the standard input")
+        ->required()
+        ->option_text(" ");
+    app.add_option("DATA", m_data, "file of records; default: the standard input")
+        ->option_text(" ");
+    m_framing.declare(app);
+  }
+
+  int run(CommonOptions const& options) override {
+    if (int status = checkNames(options); status != kClean) return status;
+    CopybookFile copybook(m_copybook, options, CopybookUse::items);
+    int const compiled = copybook.finish();
+    if (!copybook.isUsable()) return compiled;
+    std::uint64_t length = 0;
+    for (compiler::DataItem const* each : copybook.records()) length = std::max(length, each->size);
+    if (int status = m_framing.complete(length, ' '); status != kClean) return status;
+    int const written = writeIndex(options);
+    return written == kClean ? compiled : written;
+  }
+
+ private:
+  int checkNames(CommonOptions const& options) const {
+    std::string const standard(compiler::kStandardInput);
+    if (m_copybook == standard && (m_data.empty() || m_data == standard)) {
+      printError("the copybook and the data cannot both be the standard input", "usage");
+      return kUsageError;
+    }
+    if (int status = refuseOutputOver(options.output, m_copybook); status != kClean) return status;
+    return m_data.empty() ? kClean : refuseOutputOver(options.output, m_data);
+  }
+
+  int writeIndex(CommonOptions const& options) const {
+    std::string const name = inputName(m_data);
+    framing::InputStream input;
+    if (std::optional<std::string> const reason = input.open(m_data)) {
+      printReadFailure(name, *reason);
+      return kFailed;
+    }
+    framing::MadeIndex const made = framing::indexFile(input, m_framing.rules());
+    if (input.failure()) {
+      printReadFailure(name, *input.failure());
+      return kFailed;
+    }
+    if (made.error) {
+      printFrameError(name, *made.error);
+      return kErrors;
+    }
+    return writeOutput(options.output, made.index.text());
+  }
+
+  std::string m_copybook;
+  std::string m_data;
+  FramingOptions m_framing;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> makeIndexCommand() {
+  return std::make_unique<IndexCommand>();
+}
+
+}  // namespace fdmorph::fdrec
