@@ -9,6 +9,7 @@ std::unique_ptr<Command> makeCopybookCommand();
 std::unique_ptr<Command> makeIndexCommand();
 std::unique_ptr<Command> makeShowCommand();
 std::unique_ptr<Command> makePlainCommand();
+std::unique_ptr<Command> makeSchemaCommand();
 
 std::span<CommandRow const> commandTable() {
   static std::vector<CommandRow> const kCommands{
@@ -17,6 +18,8 @@ std::span<CommandRow const> commandTable() {
       {"plain", "write a copybook that any COBOL compiler accepts", makePlainCommand},
       {"check", "check that every valid document of a schema fits a record", makeCheckCommand},
       {"copybook", "write a record for an element of a schema", makeCopybookCommand},
+      {"schema", "write an XML Schema or JSON Schema of the documents of a record",
+       makeSchemaCommand},
       {"index", "write where records begin in a file, for --part", makeIndexCommand},
   };
   return kCommands;

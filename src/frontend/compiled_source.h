@@ -2,7 +2,6 @@
 // checked items with their storage.
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "preprocess/copy_search.h"
@@ -20,7 +19,6 @@ struct SourceOptions {
   ReadingRules reading;
   CopyRules copying;
   Dialect dialect = Dialect::gnuCobol;
-  std::optional<Dialect> binarySize;  ///< the dialect of the sizes of binary numbers, if another
   bool warnsOfMissingCopies = false;  ///< a member that is not found is no error
 };
 

@@ -66,15 +66,15 @@ void shift(DataItem& item, std::uint64_t bytes) {
 /// Lays out one record.
 class Layout {
  public:
-  Layout(StorageSizes sizes, Diagnostics& diagnostics)
-      : m_sizes(sizes), m_diagnostics(diagnostics) {}
+  Layout(Dialect dialect, Diagnostics& diagnostics)
+      : m_dialect(dialect), m_diagnostics(diagnostics) {}
 
   // Sets the size of an item whose offset is set.
   void place(DataItem& item) {
     if (item.isGroup()) {
       placeChildren(item);
     } else {
-      item.size = sizeOf(item, m_sizes);
+      item.size = sizeOf(item, m_dialect);
     }
     if (item.occurrences() > 0 && item.size > kMaxItemSize / item.occurrences()) {
       m_diagnostics.report(Code::size, item.place, "item is larger than 2 GB");
@@ -134,26 +134,26 @@ class Layout {
                              std::to_string(room) + " bytes");
   }
 
-  StorageSizes m_sizes;
+  Dialect m_dialect;
   Diagnostics& m_diagnostics;
   std::uint64_t m_widest = 1;  // the largest alignment since the beginning of the last group
 };
 
 }  // namespace
 
-std::uint64_t sizeOf(DataItem const& item, StorageSizes sizes) {
+std::uint64_t sizeOf(DataItem const& item, Dialect dialect) {
   UsageEntry const& usage = entryOf(item.effectiveUsage);
   if (usage.storage == Storage::fixed) {
-    return sizes.address == Dialect::ibm && isAddress(usage.usage) ? kIbmAddressSize : usage.size;
+    return dialect == Dialect::ibm && isAddress(usage.usage) ? kIbmAddressSize : usage.size;
   }
   if (item.picture == nullptr || !item.picture->isValid()) return 0;
   Picture const& picture = *item.picture;
   bool isNumber = picture.category == Category::numeric;
   switch (usage.storage) {
     case Storage::binary:
-      return isNumber ? binarySize(picture.nines, sizes.binary) : 0;
+      return isNumber ? binarySize(picture.nines, dialect) : 0;
     case Storage::nativeBinary:
-      return isNumber ? binarySize(picture.nines, sizes.binary) : nativeSize(picture.size);
+      return isNumber ? binarySize(picture.nines, dialect) : nativeSize(picture.size);
     case Storage::shortBinary:
       if (isNumber) return shortSize(picture.nines);
       return std::min<std::uint64_t>(picture.size, 8);
@@ -173,9 +173,9 @@ std::uint64_t sizeOf(DataItem const& item, StorageSizes sizes) {
   return picture.size + (isSignStored ? 1U : 0U);
 }
 
-void layOut(DataItem& record, StorageSizes sizes, Diagnostics& diagnostics) {
+void layOut(DataItem& record, Dialect dialect, Diagnostics& diagnostics) {
   record.offset = 0;
-  Layout(sizes, diagnostics).place(record);
+  Layout(dialect, diagnostics).place(record);
 }
 
 }  // namespace fdmorph::compiler
