@@ -29,7 +29,8 @@ void CompiledSource::compile(std::string const& path, SourceOptions const& optio
   ReplaceStatements replaced(text, m_pool, m_context.budget, m_diagnostics);
   Lexer lexer(replaced, m_pool);
   m_data.programName = baseName(path);
-  m_data.dialect = options.dialect;
+  m_data.sizes = options.dialect;
+  m_data.sizes.binary = options.binarySize.value_or(options.dialect);
   Parser(lexer, m_pool, m_context.variables, m_diagnostics, m_data, [this](Place place) {
     return m_context.hasTextPastMargin(place);
   }).parse();

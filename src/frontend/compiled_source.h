@@ -2,6 +2,7 @@
 // checked items with their storage.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "preprocess/copy_search.h"
@@ -19,6 +20,7 @@ struct SourceOptions {
   ReadingRules reading;
   CopyRules copying;
   Dialect dialect = Dialect::gnuCobol;
+  std::optional<Dialect> binarySize;  ///< the dialect of the sizes of binary numbers, if another
   bool warnsOfMissingCopies = false;  ///< a member that is not found is no error
 };
 

@@ -20,6 +20,8 @@
 #include "record/record_tree.h"
 #include "values/conventions.h"
 #include "values/item_format.h"
+#include "values/literal_bytes.h"
+#include "values/values.h"
 
 namespace fdmorph::layout {
 
@@ -57,6 +59,8 @@ struct Node {
   std::uint8_t depth = 0;       ///< the number of tables around it, itself not
   bool repeats = false;
   bool hasRole = false;           ///< it or an item in it is in the document
+  bool hasCounter = false;        ///< it or an item in it is a table with DEPENDING ON
+  bool hasArea = false;           ///< an item in it is redefined
   std::uint32_t counter = kNone;  ///< of the table, in Layout::counters
   std::uint32_t area = kNone;     ///< whose view it is, in Layout::areas
   std::uint32_t name = kNone;     ///< in Names; of elements and attributes

@@ -22,6 +22,10 @@ struct Occurrence {
 [[nodiscard]] std::uint64_t countOffsetOf(Layout const& layout, std::uint32_t node,
                                           Occurrence const& occurrence);
 
+/// Whether two parts of one element have one name, so that the elements of this name
+/// fill them one after the other. Parts of different views of one area are not such.
+[[nodiscard]] bool areSlotsOfOneName(Layout const& layout, std::uint32_t one, std::uint32_t other);
+
 /// The path of an item in messages: XML names, "@name" of attributes, a value item as
 /// its element, items without a role by data name, and [k] on each part that repeats,
 /// counted over all slots of its name. The item's own [k] is left out with `isWhole`.

@@ -10,13 +10,21 @@
 
 #include "layout/layout.h"
 #include "layout/occurrence.h"
+#include "values/comparand.h"
 
 namespace fdmorph::layout {
+
+/// A value of a test, or a range of them.
+struct TestValue {
+  values::Comparand from;
+  std::optional<values::Comparand> to = {};
+};
 
 /// ITEM = VALUE, VALUE THRU VALUE, ...
 struct Comparison {
   std::uint32_t node;
   std::vector<compiler::ValueRange> values;
+  std::vector<TestValue> tests = {};  ///< the same, ready to compare
 };
 
 /// A rule of the user: a view, or a whole record, is used if all comparisons hold.
@@ -56,12 +64,11 @@ class RecordSet {
   /// The length of the longest count record in bytes.
   [[nodiscard]] std::uint64_t maxCountSize() const { return m_maxCountSize; }
 
-  /// Whether an area has rules.
-  [[nodiscard]] bool hasRules(std::uint32_t record, std::uint32_t area) const;
-
   /// The rules about the views of an area, in the order of the user.
   [[nodiscard]] std::vector<ViewRule const*> const& rulesOf(std::uint32_t record,
-                                                            std::uint32_t area) const;
+                                                            std::uint32_t area) const {
+    return m_rulesOfAreas[record][area];
+  }
 
   /// Whether all comparisons of a rule hold.
   [[nodiscard]] bool holds(ViewRule const& rule, RecordBytes record,
@@ -77,7 +84,7 @@ class RecordSet {
   [[nodiscard]] std::vector<ViewRule> const& recordRules() const { return m_recordRules; }
 
  private:
-  friend class RuleParser;
+  void addRule(std::string const& text);
 
   LayoutRules m_rules;
   values::Values m_values;

@@ -1,7 +1,7 @@
 // Records whose tables with DEPENDING ON take only what their counters say.
 #pragma once
 
-#include <vector>
+#include <optional>
 
 #include "layout/record_set.h"
 
@@ -9,19 +9,31 @@ namespace fdmorph::layout {
 
 /// A counter that cannot be used.
 struct CounterFault {
-  std::uint32_t node;        ///< the counter
-  std::uint32_t table;       ///< the first table that depends on it
-  std::uint64_t offset;      ///< of the counter in the shifted record, in bytes
-  Occurrence occurrence;     ///< of the counter
-  values::ValueError error;  ///< of its value; none: outside the bounds of its table
+  std::uint32_t node;     ///< the counter
+  std::uint32_t table;    ///< the table that depends on it
+  Occurrence occurrence;  ///< of the table
+  bool isReadable;        ///< it has a value, which is outside the bounds of the table
+  std::int64_t value = 0;
 };
 
-/// A record in its largest form.
+/// The value of a counter, or what is wrong with it.
+struct CounterValue {
+  std::uint64_t count = 0;  ///< occurrences of the table
+  bool isMissing = false;   ///< the record ends before it; the count is the lower bound
+  std::optional<CounterFault> fault;
+};
+
+/// The number of occurrences of a table with DEPENDING ON.
+[[nodiscard]] CounterValue countOf(Layout const& layout, values::Values const& values,
+                                   RecordBytes record, std::uint32_t table,
+                                   Occurrence const& occurrence);
+
+/// What became of a shifted record.
 struct SpreadRecord {
-  std::uint64_t used = 0;            ///< bytes of the shifted record that it has
-  std::uint64_t available = 0;       ///< the offset in the largest form where data is missing
-  bool isShort = false;              ///< data is missing
-  std::vector<CounterFault> faults;  ///< at most one; what follows it is not spread
+  std::uint64_t used = 0;             ///< the length that it has by its counters, in bytes
+  std::uint64_t available = 0;        ///< in the largest form: the data from here on is missing
+  bool isShort = false;               ///< data is missing
+  std::optional<CounterFault> fault;  ///< what follows the table is not spread
 };
 
 /// Spreads a shifted record to its largest form. `full` has the bytes of
@@ -35,9 +47,9 @@ struct SpreadRecord {
 [[nodiscard]] std::uint64_t shift(Layout const& layout, values::Values const& values,
                                   unsigned char const* full, unsigned char* out);
 
-/// The offset of an item in the shifted record, in bytes.
+/// The offset in the shifted record of what is at `offset` in the largest form, in
+/// bytes. Counters after that are not looked at.
 [[nodiscard]] std::uint64_t shiftedOffset(Layout const& layout, values::Values const& values,
-                                          unsigned char const* full, std::uint32_t node,
-                                          Occurrence const& occurrence);
+                                          unsigned char const* full, std::uint64_t offset);
 
 }  // namespace fdmorph::layout

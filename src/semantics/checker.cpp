@@ -50,7 +50,7 @@ void Checker::checkRecords(RecordList const& records) {
       m_diagnostics.report(Code::duplicateName, record->place,
                            "duplicate record name " + quoted(record->name));
     }
-    layOut(*record, m_data.dialect, m_diagnostics);
+    layOut(*record, m_data.sizes, m_diagnostics);
   }
 }
 

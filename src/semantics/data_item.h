@@ -183,7 +183,7 @@ struct TakenLength {
 /// The data division of one program.
 struct DataDivision {
   bool isProgram = false;  ///< it has a division header; otherwise it is a bare copybook
-  Dialect dialect = Dialect::gnuCobol;
+  StorageSizes sizes = Dialect::gnuCobol;
   std::string_view programName;
   std::deque<DataItem> items;  ///< all items, in the order of the source
   std::deque<Picture> pictures;

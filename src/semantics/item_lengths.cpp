@@ -39,7 +39,7 @@ ItemLengths::Outcome ItemLengths::measure(DataItem& item, DataItem const* last) 
   if (prepare(item)) {
     measureRecord(*recordOf(item), last);
   } else {
-    layOut(item, m_data.dialect, m_discarded);
+    layOut(item, m_data.sizes, m_discarded);
   }
   if (!isInside(last, &item)) m_complete.insert(&item);
   return Outcome::found;
@@ -49,7 +49,7 @@ void ItemLengths::measureRecord(DataItem& record, DataItem const* last) {
   DataItem const*& known = m_records[&record];
   if (known != nullptr && known == last) return;
   prepare(record);
-  layOut(record, m_data.dialect, m_discarded);
+  layOut(record, m_data.sizes, m_discarded);
   known = last;
 }
 

@@ -66,15 +66,15 @@ void shift(DataItem& item, std::uint64_t bytes) {
 /// Lays out one record.
 class Layout {
  public:
-  Layout(Dialect dialect, Diagnostics& diagnostics)
-      : m_dialect(dialect), m_diagnostics(diagnostics) {}
+  Layout(StorageSizes sizes, Diagnostics& diagnostics)
+      : m_sizes(sizes), m_diagnostics(diagnostics) {}
 
   // Sets the size of an item whose offset is set.
   void place(DataItem& item) {
     if (item.isGroup()) {
       placeChildren(item);
     } else {
-      item.size = sizeOf(item, m_dialect);
+      item.size = sizeOf(item, m_sizes);
     }
     if (item.occurrences() > 0 && item.size > kMaxItemSize / item.occurrences()) {
       m_diagnostics.report(Code::size, item.place, "item is larger than 2 GB");
@@ -134,26 +134,26 @@ class Layout {
                              std::to_string(room) + " bytes");
   }
 
-  Dialect m_dialect;
+  StorageSizes m_sizes;
   Diagnostics& m_diagnostics;
   std::uint64_t m_widest = 1;  // the largest alignment since the beginning of the last group
 };
 
 }  // namespace
 
-std::uint64_t sizeOf(DataItem const& item, Dialect dialect) {
+std::uint64_t sizeOf(DataItem const& item, StorageSizes sizes) {
   UsageEntry const& usage = entryOf(item.effectiveUsage);
   if (usage.storage == Storage::fixed) {
-    return dialect == Dialect::ibm && isAddress(usage.usage) ? kIbmAddressSize : usage.size;
+    return sizes.address == Dialect::ibm && isAddress(usage.usage) ? kIbmAddressSize : usage.size;
   }
   if (item.picture == nullptr || !item.picture->isValid()) return 0;
   Picture const& picture = *item.picture;
   bool isNumber = picture.category == Category::numeric;
   switch (usage.storage) {
     case Storage::binary:
-      return isNumber ? binarySize(picture.nines, dialect) : 0;
+      return isNumber ? binarySize(picture.nines, sizes.binary) : 0;
     case Storage::nativeBinary:
-      return isNumber ? binarySize(picture.nines, dialect) : nativeSize(picture.size);
+      return isNumber ? binarySize(picture.nines, sizes.binary) : nativeSize(picture.size);
     case Storage::shortBinary:
       if (isNumber) return shortSize(picture.nines);
       return std::min<std::uint64_t>(picture.size, 8);
@@ -173,9 +173,9 @@ std::uint64_t sizeOf(DataItem const& item, Dialect dialect) {
   return picture.size + (isSignStored ? 1U : 0U);
 }
 
-void layOut(DataItem& record, Dialect dialect, Diagnostics& diagnostics) {
+void layOut(DataItem& record, StorageSizes sizes, Diagnostics& diagnostics) {
   record.offset = 0;
-  Layout(dialect, diagnostics).place(record);
+  Layout(sizes, diagnostics).place(record);
 }
 
 }  // namespace fdmorph::compiler

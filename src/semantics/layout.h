@@ -24,10 +24,10 @@ inline constexpr std::uint64_t kMaxItemSize = 0x7FFFFFFF;
 
 /// The size in bytes of an elementary item by its picture, usage and sign; 0 if
 /// these do not go together.
-std::uint64_t sizeOf(DataItem const& item, Dialect dialect);
+std::uint64_t sizeOf(DataItem const& item, StorageSizes sizes);
 
 /// Sets the sizes and offsets of a record and all items in it. Reports items that
 /// are too large and redefinitions that are larger than the redefined item.
-void layOut(DataItem& record, Dialect dialect, Diagnostics& diagnostics);
+void layOut(DataItem& record, StorageSizes sizes, Diagnostics& diagnostics);
 
 }  // namespace fdmorph::compiler

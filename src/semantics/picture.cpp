@@ -262,6 +262,7 @@ Category findCategory(std::vector<PictureRun> const& runs, Counts const& counts,
 Picture analysePicture(std::string_view text, PictureRules rules, ConstantLookup const& constant) {
   PictureRuns read = readPictureRuns(text, rules, constant);
   Picture picture;
+  picture.rules = rules;
   picture.text = std::move(read.text);
   picture.errors = std::move(read.errors);
   if (!picture.isValid()) return picture;

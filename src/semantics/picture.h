@@ -24,6 +24,9 @@ struct PictureRules {
   char currency = '$';
   bool isDecimalComma = false;
   std::size_t currencySize = 1;  ///< the length of the currency string
+  /// The literal of the currency string, with its quotes, in the source; empty if
+  /// the string is the symbol.
+  std::string_view currencyString = {};
 };
 
 /// An analysed picture.
@@ -37,6 +40,7 @@ struct Picture {
   bool isSigned = false;     ///< has the symbol S
   bool isBoolean = false;    ///< made of the symbol 1
   bool hasEmptyRun = false;  ///< a symbol is repeated zero times; allowed beside XML clauses
+  PictureRules rules;        ///< those of the text
 
   bool isValid() const { return errors.empty(); }
   std::vector<std::string> errors;

@@ -52,6 +52,14 @@ enum class Usage : std::uint8_t {
 /// The compiler whose sizes apply to binary items, indexes and addresses.
 enum class Dialect : std::uint8_t { gnuCobol, ibm };
 
+/// The dialects that decide the sizes of items.
+struct StorageSizes {
+  StorageSizes(Dialect dialect) : binary(dialect), address(dialect) {}  // NOLINT: a dialect is both
+
+  Dialect binary;   ///< of binary numbers with a picture
+  Dialect address;  ///< of pointers
+};
+
 /// How a usage stores its items.
 enum class Storage : std::uint8_t {
   characters,

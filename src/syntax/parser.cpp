@@ -297,11 +297,13 @@ void EnvironmentParser::parseCurrency() {
   if (m_tokens.peek().kind != Token::Kind::literal) return;
   Token sign = m_tokens.take();
   std::size_t size = 1;
+  std::string_view string;
   m_tokens.skipWord("WITH");
   if (m_tokens.skip(Keyword::picture)) {
     m_tokens.skip(Keyword::symbol);
     if (m_tokens.peek().kind != Token::Kind::literal) return;
     size = std::max<std::size_t>(decodeLiteral(sign.text).characters, 1);
+    string = sign.text;
     sign = m_tokens.take();
   }
   char symbol = characterOf(sign);
@@ -311,6 +313,7 @@ void EnvironmentParser::parseCurrency() {
   }
   m_rules.currency = toUpper(symbol);
   m_rules.currencySize = size;
+  m_rules.currencyString = string;
 }
 
 }  // namespace fdmorph::compiler

@@ -1,0 +1,418 @@
+#include "document/decoder.h"
+
+#include <algorithm>
+
+#include "document/value_errors.h"
+#include "values/value_messages.h"
+
+namespace fdmorph::document {
+
+using layout::kNone;
+using layout::Layout;
+using layout::Node;
+using values::DecodeResult;
+using values::Target;
+
+Decoder::Decoder(Programs const& programs, LengthRules lengths)
+    : m_programs(programs),
+      m_set(programs.set()),
+      m_values(programs.set().values()),
+      m_lengths(lengths) {}
+
+bool Decoder::decode(StoredRecord record, TextBuffer& out, DataErrors& errors) {
+  m_stored = record;
+  m_errors = &errors;
+  m_buffer = &out;
+  m_hasFailed = false;
+  m_stopAt = UINT64_MAX;
+  m_occurrence = {};
+  auto begin = static_cast<std::size_t>(out.end() - out.begin());
+  if (!choose(record) || !splitCounts() || !prepare(m_record, m_stored)) return false;
+  m_program = &m_programs[m_record];
+  m_base = m_bytes.bytes;
+  m_marks.clear();
+  m_out = out.end();
+  run(0, static_cast<std::uint32_t>(m_program->operations.size()));
+  if (!m_hasFailed) {
+    out.setEnd(m_out);
+    return true;
+  }
+  out.setEnd(out.begin() + begin);
+  std::ranges::stable_sort(errors, {}, &DataError::offset);
+  if (errors.size() > kMaxErrorsPerRecord) errors.resize(kMaxErrorsPerRecord);
+  return false;
+}
+
+// The first record whose rule holds, or the first one without rules.
+bool Decoder::choose(StoredRecord record) {
+  m_record = 0;
+  if (!m_set.hasRecordRules()) return true;
+  for (layout::ViewRule const& rule : m_set.recordRules()) {
+    layout::RecordBytes bytes{record.bytes.data(), record.bytes.size()};
+    if (!rule.comparisons.empty() && m_set.layouts()[rule.record].shifts()) {
+      Layout const& layout = m_set.layouts()[rule.record];
+      m_full = layout.absentBytes();
+      bytes = {m_full.data(), layout::spread(layout, m_values, record.bytes.data(),
+                                             record.bytes.size(), m_full.data())
+                                  .available};
+    }
+    if (!m_set.holds(rule, bytes, m_occurrence)) continue;
+    m_record = rule.chosen;
+    return true;
+  }
+  failRecord(ErrorCode::view, "no rule of a record holds");
+  return false;
+}
+
+// Takes the count record from the bytes of a record in a file.
+bool Decoder::splitCounts() {
+  std::uint64_t size = m_set.layouts()[m_record].countSize();
+  bool isSplit = !m_set.rules().hasCounts || !m_stored.counts.empty() || size == 0;
+  if (isSplit && !m_lengths.countsAt) return true;
+  std::uint64_t found = m_stored.bytes.size();
+  std::uint64_t at = m_lengths.countsAt.value_or(found < size ? found : found - size);
+  if (at > found || found - at < size) {
+    failRecord(ErrorCode::tooShort, "record of " + std::to_string(found) +
+                                        " bytes; expected a count record of " +
+                                        std::to_string(size) + " bytes at its end");
+    return false;
+  }
+  if (!isSplit) m_stored.counts = m_stored.bytes.subspan(at, size);
+  m_stored.bytes = m_stored.bytes.first(at);
+  return true;
+}
+
+bool Decoder::prepare(std::uint32_t record, StoredRecord stored) {
+  m_layout = &m_set.layouts()[record];
+  m_bytes = {stored.bytes.data(), m_layout->size()};
+  if (m_layout->shifts()) return prepareShifted(stored);
+  if (stored.bytes.size() > m_layout->size() && isLong(stored)) {
+    failRecord(ErrorCode::tooLong, "record of " + std::to_string(stored.bytes.size()) +
+                                       " bytes; expected " + std::to_string(m_layout->size()));
+    return false;
+  }
+  return stored.bytes.size() >= m_layout->size() || prepareShort(stored);
+}
+
+// Whether a record has bytes beyond the layout that are not to be ignored.
+bool Decoder::isLong(StoredRecord stored) const {
+  if (m_lengths.ending == LengthRules::Ending::ignored) return false;
+  if (m_lengths.ending == LengthRules::Ending::exact) return true;
+  auto rest = stored.bytes.subspan(m_layout->size());
+  return std::ranges::any_of(rest, [this](unsigned char byte) {
+    return byte != m_values.conventions().codePage->blank();
+  });
+}
+
+bool Decoder::prepareShort(StoredRecord stored) {
+  m_full = m_layout->absentBytes();
+  std::ranges::copy(stored.bytes, m_full.begin());
+  m_bytes = {m_full.data(), stored.bytes.size()};
+  if (m_lengths.ending == LengthRules::Ending::blanks) {
+    std::fill(m_full.begin() + static_cast<std::ptrdiff_t>(stored.bytes.size()), m_full.end(),
+              m_values.conventions().codePage->blank());
+    m_bytes.available = m_layout->size();
+    return true;
+  }
+  if (m_lengths.padsShort) return true;
+  std::uint64_t needed = layout::endOf(m_set, m_record, m_bytes, layout::Extent::present);
+  if (stored.bytes.size() >= needed) return true;
+  failRecord(ErrorCode::tooShort, "record of " + std::to_string(stored.bytes.size()) +
+                                      " bytes; expected " + std::to_string(needed));
+  return false;
+}
+
+bool Decoder::prepareShifted(StoredRecord stored) {
+  m_full = m_layout->absentBytes();
+  layout::SpreadRecord spread =
+      layout::spread(*m_layout, m_values, stored.bytes.data(), stored.bytes.size(), m_full.data());
+  m_bytes = {m_full.data(), spread.available};
+  if (spread.fault) {
+    m_stopAt = layout::offsetOf(*m_layout, spread.fault->table, spread.fault->occurrence);
+    failAtCounter(*spread.fault);
+    return true;
+  }
+  if (spread.isShort && !m_lengths.padsShort) {
+    std::uint64_t needed = layout::endOf(m_set, m_record, m_bytes, layout::Extent::present);
+    if (spread.available < needed) {
+      failRecord(ErrorCode::tooShort, "record of " + std::to_string(stored.bytes.size()) +
+                                          " bytes; expected " + std::to_string(spread.used));
+      return false;
+    }
+  }
+  if (stored.bytes.size() > spread.used && m_lengths.ending == LengthRules::Ending::exact) {
+    failRecord(ErrorCode::tooLong, "record of " + std::to_string(stored.bytes.size()) +
+                                       " bytes; expected " + std::to_string(spread.used));
+    return false;
+  }
+  return true;
+}
+
+void Decoder::run(std::uint32_t begin, std::uint32_t end) {
+  for (std::uint32_t at = begin; at < end;) {
+    Operation const& operation = m_program->operations[at];
+    m_out = m_buffer->reserve(m_out, operation.reserve);
+    writeMarkup(operation.before, operation.beforeSize);
+    switch (operation.kind) {
+      case Operation::Kind::markup:
+        break;
+      case Operation::Kind::text:
+        runText(operation);
+        break;
+      case Operation::Kind::attribute:
+        runAttribute(operation);
+        break;
+      case Operation::Kind::string:
+      case Operation::Kind::value:
+        runJson(operation);
+        break;
+      case Operation::Kind::mark:
+        m_marks.push_back(m_out - m_buffer->begin());
+        break;
+      case Operation::Kind::close:
+        runClose(operation);
+        break;
+      case Operation::Kind::closeList:
+        if (m_out[-1] == ',') --m_out;
+        writeMarkup(operation.after, operation.afterSize);
+        break;
+      case Operation::Kind::optional:
+        if (isPresent(operation)) run(at + 1, operation.end);
+        break;
+      case Operation::Kind::table:
+        runTable(at);
+        break;
+      case Operation::Kind::area:
+        runArea(at);
+        break;
+      case Operation::Kind::branch:  // run by its area
+        break;
+    }
+    at = operation.end;
+  }
+}
+
+void Decoder::runText(Operation const& operation) {
+  char* start = m_out;
+  DecodeResult result =
+      m_values.decode<Target::xmlText>(operation.format, m_base + operation.offset, start);
+  if (result.error != values::ValueError::none) {
+    failValue(operation, result.error);
+    return;
+  }
+  m_out = result.end;
+  if (result.isOmitted && operation.mayBeLeftOut) {
+    m_out = start - operation.ownMarkup;
+  } else if (result.end == start && operation.collapses) {
+    start[-1] = '/';
+    start[0] = '>';
+    m_out = start + 1;
+  } else {
+    writeMarkup(operation.after, operation.afterSize);
+  }
+}
+
+void Decoder::runAttribute(Operation const& operation) {
+  char* start = m_out;
+  DecodeResult result =
+      m_values.decode<Target::xmlAttribute>(operation.format, m_base + operation.offset, start);
+  if (result.error != values::ValueError::none) {
+    failValue(operation, result.error);
+    return;
+  }
+  m_out = result.end;
+  if (result.isOmitted && operation.mayBeLeftOut) {
+    m_out = start - operation.ownMarkup;
+  } else {
+    writeMarkup(operation.after, operation.afterSize);
+  }
+}
+
+void Decoder::runJson(Operation const& operation) {
+  char* start = m_out;
+  DecodeResult result =
+      m_values.decode<Target::json>(operation.format, m_base + operation.offset, start);
+  if (result.error != values::ValueError::none) {
+    failValue(operation, result.error);
+    return;
+  }
+  if (result.isOmitted && operation.mayBeLeftOut) {
+    m_out = start - operation.ownMarkup;
+    return;
+  }
+  m_out = result.end;
+  if (operation.kind == Operation::Kind::value && !result.isNumber) {
+    std::memmove(start + 1, start, static_cast<std::size_t>(result.end - start));
+    *start = '"';
+    m_out[1] = '"';
+    m_out += 2;
+  }
+  writeMarkup(operation.after, operation.afterSize);
+}
+
+void Decoder::runClose(Operation const& operation) {
+  bool isEmpty = m_out - m_buffer->begin() == m_marks.back();
+  m_marks.pop_back();
+  if (isEmpty) {
+    m_out[-1] = '/';
+    *m_out++ = '>';
+  } else {
+    writeMarkup(operation.after, operation.afterSize);
+  }
+}
+
+void Decoder::runTable(std::uint32_t at) {
+  Operation const& operation = m_program->operations[at];
+  Node const& node = (*m_layout)[operation.node];
+  std::uint64_t count = countOccurrences(operation);
+  unsigned char const* base = m_base;
+  for (std::uint64_t k = 0; k < count; ++k) {
+    m_occurrence.at[node.depth] = k;
+    run(at + 1, operation.end);
+    m_base += node.size;
+  }
+  m_base = base;
+}
+
+// The number of occurrences that are written; none after an error.
+std::uint64_t Decoder::countOccurrences(Operation const& operation) {
+  Node const& node = (*m_layout)[operation.node];
+  std::uint64_t most = node.most;
+  if (node.counter != kNone) {
+    layout::CounterValue value =
+        layout::countOf(*m_layout, m_values, m_bytes, operation.node, m_occurrence);
+    if (value.fault) {
+      failAtCounter(*value.fault);
+      return 0;
+    }
+    most = value.count;
+  }
+  if (node.count != kNone && !m_stored.counts.empty()) {
+    return countFromCounts(operation.node, most, true);
+  }
+  return mayEndEarly(m_set, *m_layout, operation.node) ? withoutAbsent(operation.node) : most;
+}
+
+std::uint64_t Decoder::countFromCounts(std::uint32_t node, std::uint64_t most, bool isTable) {
+  std::uint64_t offset = layout::countOffsetOf(*m_layout, node, m_occurrence);
+  std::uint64_t count = readCount(m_values.conventions(), m_stored.counts.data() + offset);
+  if (count <= most) return count;
+  fail(ErrorCode::count, node,
+       "count of " + std::to_string(count) + "; expected at most " + std::to_string(most), isTable);
+  return 0;
+}
+
+// The number of occurrences up to the last one that is not as if absent.
+std::uint64_t Decoder::withoutAbsent(std::uint32_t table) {
+  Node const& node = (*m_layout)[table];
+  std::uint64_t offset = static_cast<std::uint64_t>(m_base - m_bytes.bytes) + node.offset;
+  std::uint64_t count = node.most;
+  while (count > 0 && isAbsent(table, offset + (count - 1) * node.size)) --count;
+  return count;
+}
+
+bool Decoder::isPresent(Operation const& operation) {
+  Node const& node = (*m_layout)[operation.node];
+  if (node.count != kNone && !m_stored.counts.empty()) {
+    return countFromCounts(operation.node, 1, false) != 0;
+  }
+  if (!m_set.rules().omitsEmpty) return true;
+  return !isAbsent(operation.node,
+                   static_cast<std::uint64_t>(m_base - m_bytes.bytes) + node.offset);
+}
+
+// Whether an occurrence of an item has the bytes of an absent one. Tables in it have
+// their lower bound: where their counter is in the item as well, its bytes say so.
+bool Decoder::isAbsent(std::uint32_t node, std::uint64_t offset) {
+  Node const& item = (*m_layout)[node];
+  if (std::memcmp(m_bytes.bytes + offset, m_layout->absentBytes().data() + item.offset,
+                  item.size) != 0) {
+    return false;
+  }
+  if (!item.hasCounter) return true;
+  for (std::uint32_t i = node; i < m_layout->item(node).end; ++i) {
+    std::uint32_t counter = (*m_layout)[i].counter;
+    if (counter == kNone) continue;
+    std::uint32_t at = m_layout->counters()[counter].node;
+    if (at != kNone && at >= node && at < m_layout->item(node).end) continue;
+    layout::CounterValue value = layout::countOf(*m_layout, m_values, m_bytes, i, m_occurrence);
+    if (value.fault || value.count != (*m_layout)[i].least) return false;
+  }
+  return true;
+}
+
+void Decoder::runArea(std::uint32_t at) {
+  Operation const& operation = m_program->operations[at];
+  std::uint32_t view = m_set.chooseView(m_record, operation.node, m_bytes, m_occurrence);
+  if (view == kNone) {
+    std::uint32_t first = m_layout->areas()[operation.node].views.front();
+    std::uint64_t offset = layout::offsetOf(*m_layout, first, m_occurrence);
+    add({ErrorCode::view, "no rule of a view holds"}, m_layout->item(first).enclosing, offset);
+    return;
+  }
+  for (std::uint32_t i = at + 1; i < operation.end; i = m_program->operations[i].end) {
+    Operation const& branch = m_program->operations[i];
+    if (branch.kind == Operation::Kind::branch && branch.node == view) run(i + 1, branch.end);
+  }
+}
+
+void Decoder::failRecord(ErrorCode code, std::string text) {
+  m_hasFailed = true;
+  m_errors->push_back({code, std::move(text)});
+  m_errors->back().bytes = shownBytes(m_stored.bytes, 0, m_stored.bytes.size());
+}
+
+void Decoder::failValue(Operation const& operation, values::ValueError error) {
+  fail(document::codeOf(error), operation.node, std::string(values::describeBytes(error)));
+}
+
+void Decoder::failAtCounter(layout::CounterFault const& fault) {
+  Node const& counter = (*m_layout)[fault.node];
+  std::uint64_t offset = layout::offsetOf(*m_layout, fault.node, fault.occurrence);
+  if (!fault.isReadable) {
+    std::vector<char> text(values::Values::maxTextSize(counter.format));
+    DecodeResult result =
+        m_values.decode<Target::plain>(counter.format, m_bytes.bytes + offset, text.data());
+    values::ValueError error =
+        result.error == values::ValueError::none ? values::ValueError::digit : result.error;
+    add({document::codeOf(error), std::string(values::describeBytes(error))}, fault.node, offset);
+    return;
+  }
+  Node const& table = (*m_layout)[fault.table];
+  DataError error{ErrorCode::odo, "counter is " + std::to_string(fault.value) + "; expected " +
+                                      std::to_string(table.least) + " to " +
+                                      std::to_string(table.most)};
+  error.path = layout::pathOf(*m_layout, fault.table, fault.occurrence, true);
+  add(std::move(error), fault.node, offset);
+}
+
+void Decoder::fail(ErrorCode code, std::uint32_t node, std::string text, bool isWhole) {
+  // The occurrence of a table that has not begun is its first.
+  layout::Occurrence at = m_occurrence;
+  if (isWhole) at.at[(*m_layout)[node].depth] = 0;
+  DataError error{code, std::move(text)};
+  error.path = layout::pathOf(*m_layout, node, at, isWhole);
+  add(std::move(error), node, layout::offsetOf(*m_layout, node, at));
+}
+
+// Adds an error about a node at an offset of the largest form. What was told already,
+// and what follows a counter that cannot be used, is not told.
+void Decoder::add(DataError error, std::uint32_t node, std::uint64_t offset) {
+  m_hasFailed = true;
+  if (offset >= m_stopAt) return;
+  if (error.path.empty()) error.path = layout::pathOf(*m_layout, node, m_occurrence);
+  error.offset = offset;
+  if (m_layout->shifts()) {
+    error.offset = layout::shiftedOffset(*m_layout, m_values, m_bytes.bytes, offset);
+  }
+  auto isSame = [&](DataError const& other) {
+    return other.code == error.code && other.offset == error.offset && other.path == error.path;
+  };
+  if (std::ranges::any_of(*m_errors, isSame)) return;
+  if (error.bytes.empty()) {
+    error.bytes = shownBytes(m_stored.bytes, error.offset, (*m_layout)[node].size);
+  }
+  m_errors->push_back(std::move(error));
+}
+
+}  // namespace fdmorph::document

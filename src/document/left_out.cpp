@@ -1,0 +1,47 @@
+#include "document/left_out.h"
+
+#include "document/parts.h"
+
+namespace fdmorph::document {
+namespace {
+
+using layout::Layout;
+using layout::RecordSet;
+using record::Role;
+
+bool isFollowedBySlot(Layout const& layout, std::uint32_t node) {
+  std::uint32_t element = layout.item(node).enclosing;
+  if (layout.item(node).role != Role::element || element == record::kNoNode) return false;
+  for (std::uint32_t i = layout.item(node).end; i < layout.item(element).end; ++i) {
+    if (areSlotsOfOneName(layout, node, i)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+bool mayBeLeftOut(RecordSet const& set, Layout const& layout, std::uint32_t node) {
+  Role role = layout.item(node).role;
+  bool isPart = role == Role::element || role == Role::attribute;
+  if (!isPart || layout[node].repeats || node == 0) return false;
+  if (set.rules().hasCounts) return layout[node].count != layout::kNone;
+  return set.rules().omitsEmpty && !isInLaterView(layout, node) && !isFollowedBySlot(layout, node);
+}
+
+bool mayEndEarly(RecordSet const& set, Layout const& layout, std::uint32_t table) {
+  return set.rules().omitsEmpty && !set.rules().hasCounts &&
+         layout[table].counter == layout::kNone && !isInLaterView(layout, table) &&
+         !isFollowedBySlot(layout, table);
+}
+
+bool mayHoldNoNumber(RecordSet const& set, values::ItemFormat const& format) {
+  return set.rules().conventions.blankNumbers == values::BlankNumbers::omit &&
+         (format.kind == values::Kind::zoned || format.kind == values::Kind::packed);
+}
+
+bool isLeftOutWithoutNumber(Layout const& layout, std::uint32_t node) {
+  if (node == 0 || layout[node].repeats) return false;
+  return layout.item(node).role != Role::value && !isFollowedBySlot(layout, node);
+}
+
+}  // namespace fdmorph::document

@@ -1,0 +1,56 @@
+#include "fdrec/data_input.h"
+
+#include <algorithm>
+
+#include "fdrec/files.h"
+#include "source/diagnostics.h"
+
+namespace fdmorph::fdrec {
+
+using framing::Format;
+
+DataInput::DataInput(std::string const& copybook, CommonOptions const& common, DataOptions& data)
+    : m_common(common), m_data(data), m_rules(makeDataRules(common, data)) {
+  if (data.binarySize) m_common.source.binarySize = data.binarySize;
+  if (!m_rules.error.empty()) return;
+  m_copybook.emplace(copybook, m_common);
+  m_copybook->checkLayout();
+  if (!m_copybook->isUsable() || diagnostics().hasErrors()) return;
+  for (record::RecordTree const& tree : m_copybook->trees()) {
+    if (tree.root().role == record::Role::element) continue;
+    diagnostics().report(
+        compiler::Code::layout, tree.root().item->place,
+        "record " + compiler::quoted(dataNameOf(*tree.root().item)) + " has no XML name");
+  }
+  m_set = std::make_unique<layout::RecordSet>(m_copybook->trees(), m_rules.layout, data.when,
+                                              diagnostics());
+}
+
+int DataInput::finish() {
+  if (!m_rules.error.empty()) {
+    printError(m_rules.error, "usage");
+    return kUsageError;
+  }
+  int status = m_copybook->finish();
+  if (!hasLayout() || diagnostics().hasErrors()) return status;
+  m_status = status;
+  if (!m_set->usageError().empty()) {
+    printError(m_set->usageError(), "usage");
+    return kUsageError;
+  }
+  return completeFraming();
+}
+
+int DataInput::completeFraming() {
+  charset::CodePage const& page = *m_set->rules().conventions.codePage;
+  int status = m_data.framing.complete(m_set->maxSize(), static_cast<char>(page.blank()));
+  if (status != kClean) return status;
+  m_framing = m_data.framing.rules();
+  if (!m_set->rules().hasCounts) return kClean;
+  if (m_framing.format == Format::fixed) m_rules.lengths.countsAt = m_framing.recordLength;
+  m_framing.recordLength += m_set->maxCountSize();
+  m_framing.maxRecordLength += m_set->maxCountSize();
+  return kClean;
+}
+
+}  // namespace fdmorph::fdrec

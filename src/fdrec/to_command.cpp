@@ -1,0 +1,67 @@
+// fdrec to-xml and fdrec to-json: the records of a file as documents.
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "fdrec/commands.h"
+#include "fdrec/data_options.h"
+#include "fdrec/files.h"
+#include "fdrec/to_documents.h"
+
+namespace fdmorph::fdrec {
+namespace {
+
+class ToCommand : public Command {
+ public:
+  explicit ToCommand(document::Syntax syntax) : m_syntax(syntax) {}
+
+  void declare(CLI::App& app) override;
+  [[nodiscard]] int run(CommonOptions const& options) override;
+
+ private:
+  document::Syntax m_syntax;
+  std::string m_copybook;
+  std::string m_path;
+  DataOptions m_data;
+};
+
+void ToCommand::declare(CLI::App& app) {
+  app.add_option("copybook", m_copybook, "the copybook or program with the records")
+      ->option_text("COPYBOOK")
+      ->required();
+  app.add_option("data", m_path, "the records; default: the standard input")->option_text("DATA");
+  m_data.declare(app);
+}
+
+int ToCommand::run(CommonOptions const& options) {
+  DataInput input(m_copybook, options, m_data);
+  std::unique_ptr<document::Programs> programs;
+  if (input.hasLayout() && !input.diagnostics().hasErrors()) {
+    programs = std::make_unique<document::Programs>(input.set(), makeOutputRules(m_data, m_syntax),
+                                                    input.diagnostics());
+  }
+  if (int status = input.finish(); status != kClean) return status;
+  for (std::string const* output : {&options.output, &m_data.rejects, &m_data.residue}) {
+    for (std::string const* file : {&m_copybook, &m_path}) {
+      if (int status = refuseOutputOver(*output, *file); status != kClean) return status;
+    }
+  }
+  std::string name = inputName(m_path);
+  framing::InputStream source;
+  if (auto why = source.open(m_path)) {
+    printReadFailure(name, *why);
+    return kFailed;
+  }
+  return ToDocuments(input, m_data, *programs, name).run(source, options.output);
+}
+
+}  // namespace
+
+std::unique_ptr<Command> makeToXmlCommand() {
+  return std::make_unique<ToCommand>(document::Syntax::xml);
+}
+
+std::unique_ptr<Command> makeToJsonCommand() {
+  return std::make_unique<ToCommand>(document::Syntax::json);
+}
+
+}  // namespace fdmorph::fdrec

@@ -1,0 +1,144 @@
+#include "fdrec/to_documents.h"
+
+#include <cstdio>
+
+#include "document/error_lines.h"
+#include "fdrec/files.h"
+#include "framing/ordered_workers.h"
+#include "framing/record_reader.h"
+
+namespace fdmorph::fdrec {
+
+using document::BatchText;
+using framing::Batch;
+
+ToDocuments::ToDocuments(DataInput const& input, DataOptions const& data,
+                         document::Programs const& programs, std::string const& name)
+    : m_input(input), m_data(data), m_programs(programs), m_name(name) {}
+
+bool ToDocuments::isXml() const {
+  return m_programs.rules().syntax == document::Syntax::xml;
+}
+
+int ToDocuments::run(framing::InputStream& source, std::string const& output) {
+  ChosenPart part = m_data.framing.choosePart(source, m_name);
+  if (part.status != kClean) return part.status;
+  if (int status = openOutput(m_output, output); status != kClean) return status;
+  if (!m_data.rejects.empty()) {
+    if (int status = openOutput(m_rejects, m_data.rejects); status != kClean) return status;
+    m_rejectWriter = std::make_unique<framing::RecordWriter>(m_rejects, m_input.framing());
+  }
+  if (m_data.framing.hasProgress()) {
+    m_progress =
+        std::make_unique<framing::Progress>(framing::Progress::standardError(), source.end());
+  }
+  m_counts = std::make_unique<RunCounts>(m_data.maxErrors, m_progress.get());
+  writeStart();
+  convert(source, part.range);
+  if (m_data.isSingle && isXml() && m_counts->records() == 0) reportNone();
+  if (m_progress) m_progress->finish();
+  if (source.failure()) {
+    printReadFailure(m_name, *source.failure());
+    m_endsEarly = true;
+  }
+  m_counts->printSummary();
+  if (!m_endsEarly || m_output.isStandardOutput()) writeEnd();
+  int status = kClean;
+  if (!m_endsEarly || m_output.isStandardOutput()) status = commitOutput(m_output, output);
+  if (m_rejectWriter) {
+    m_rejectWriter->finish();
+    status = std::max(status, commitOutput(m_rejects, m_data.rejects));
+  }
+  if (source.failure() || status != kClean) return kFailed;
+  return m_counts->hasErrors() ? kErrors : m_input.cleanStatus();
+}
+
+void ToDocuments::convert(framing::InputStream& source, framing::PartRange const& part) {
+  for (std::size_t i = 0; i < m_data.framing.threads(); ++i) {
+    m_decoders.push_back(std::make_unique<document::Decoder>(m_programs, m_input.lengths()));
+  }
+  framing::RecordReader reader(source, m_input.framing(), part);
+  framing::OrderedSteps<Batch, BatchText> steps;
+  steps.read = [&reader](Batch& batch) { return reader.next(batch); };
+  steps.work = [this](std::size_t thread, Batch& batch, BatchText& text) {
+    text.clear();
+    document::decodeBatch(*m_decoders[thread], batch, text);
+  };
+  steps.take = [this](Batch& batch, BatchText& text) { return take(batch, text); };
+  framing::OrderedWorkers<Batch, BatchText>::run(m_data.framing.threads(), steps);
+}
+
+// Writes the documents of a batch. False if the run has to end.
+bool ToDocuments::take(Batch const& batch, BatchText const& text) {
+  bool goesOn = takeRecords(batch, text);
+  if (goesOn && batch.error) {
+    if (m_progress) m_progress->hide();
+    printFrameError(m_name, *batch.error);
+    static_cast<void>(m_counts->addFailed({}));
+    goesOn = false;
+  }
+  if (!goesOn || m_output.failure()) {
+    m_endsEarly = true;
+    return false;
+  }
+  if (m_progress) m_progress->update(batch.end, m_counts->records());
+  return true;
+}
+
+bool ToDocuments::takeRecords(Batch const& batch, BatchText const& text) {
+  if (m_data.isSingle && isXml() && !checkSingle(batch)) return false;
+  std::uint64_t before = m_counts->records();
+  std::size_t begin = 0;
+  for (document::FailedRecord const& failed : text.failed) {
+    m_output.write(text.text.text().substr(begin, failed.textEnd - begin));
+    begin = failed.textEnd;
+    m_counts->addRecords(before + failed.frame + 1 - m_counts->records());
+    if (!takeFailed(batch, failed)) return false;
+  }
+  m_output.write(text.text.text().substr(begin));
+  m_counts->addRecords(before + batch.frames.size() - m_counts->records());
+  return true;
+}
+
+bool ToDocuments::takeFailed(Batch const& batch, document::FailedRecord const& failed) {
+  framing::Frame const& frame = batch.frames[failed.frame];
+  std::string lines;
+  for (document::DataError const& error : failed.errors) {
+    lines += document::byteErrorLine(m_name, frame.number, frame.offset, error);
+  }
+  if (m_rejectWriter) m_rejectWriter->writeRaw(batch, frame);
+  return m_counts->addFailed(lines);
+}
+
+// Whether a batch has no record after the first. The one is not written then either: it
+// would be taken for the whole.
+bool ToDocuments::checkSingle(Batch const& batch) {
+  std::uint64_t before = m_counts->records();
+  if (before + batch.frames.size() <= 1) return true;
+  framing::Frame const& second = batch.frames[before == 0 ? 1 : 0];
+  m_counts->addRecords(2 - before);
+  document::DataError error{document::ErrorCode::single, "expected one record, found another"};
+  static_cast<void>(
+      m_counts->addFailed(document::byteErrorLine(m_name, second.number, second.offset, error)));
+  return false;
+}
+
+void ToDocuments::reportNone() {
+  if (m_counts->hasErrors()) return;
+  printError(m_name + ": expected one record, found none", "single");
+  static_cast<void>(m_counts->addFailed({}));
+  m_endsEarly = true;
+}
+
+void ToDocuments::writeStart() {
+  if (!isXml() || m_data.areLines) return;
+  m_output.write("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n");
+  if (!m_data.isSingle) m_output.write('<' + m_data.wrapper + ">\n");
+}
+
+void ToDocuments::writeEnd() {
+  if (isXml() && !m_data.areLines && !m_data.isSingle)
+    m_output.write("</" + m_data.wrapper + ">\n");
+}
+
+}  // namespace fdmorph::fdrec

@@ -1,0 +1,49 @@
+// Records of a file as a document.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "document/batch_decoding.h"
+#include "fdrec/data_input.h"
+#include "fdrec/data_run.h"
+#include "framing/record_writer.h"
+
+namespace fdmorph::fdrec {
+
+/// One run of to-xml or to-json. To be used once.
+class ToDocuments {
+ public:
+  /// All objects must outlive this one. `name` is that of the data in messages.
+  ToDocuments(DataInput const& input, DataOptions const& data, document::Programs const& programs,
+              std::string const& name);
+
+  /// Converts all records of `source`. The result is an exit status.
+  [[nodiscard]] int run(framing::InputStream& source, std::string const& output);
+
+ private:
+  void convert(framing::InputStream& source, framing::PartRange const& part);
+  [[nodiscard]] bool take(framing::Batch const& batch, document::BatchText const& text);
+  [[nodiscard]] bool takeRecords(framing::Batch const& batch, document::BatchText const& text);
+  [[nodiscard]] bool takeFailed(framing::Batch const& batch, document::FailedRecord const& failed);
+  [[nodiscard]] bool checkSingle(framing::Batch const& batch);
+  void reportNone();
+  void writeStart();
+  void writeEnd();
+  [[nodiscard]] bool isXml() const;
+
+  DataInput const& m_input;
+  DataOptions const& m_data;
+  document::Programs const& m_programs;
+  std::string const& m_name;
+  std::vector<std::unique_ptr<document::Decoder>> m_decoders;  // one for each thread
+  framing::OutputStream m_output;
+  framing::OutputStream m_rejects;
+  std::unique_ptr<framing::RecordWriter> m_rejectWriter;
+  std::unique_ptr<framing::Progress> m_progress;
+  std::unique_ptr<RunCounts> m_counts;
+  bool m_endsEarly = false;
+};
+
+}  // namespace fdmorph::fdrec

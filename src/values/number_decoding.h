@@ -1,0 +1,15 @@
+// Binary integers as texts. Zoned and packed numbers are members of Values, since
+// they depend on its conventions.
+#pragma once
+
+#include "values/values.h"
+
+namespace fdmorph::values {
+
+[[nodiscard]] DecodeResult decodeBinary(ItemFormat const& format, unsigned char const* bytes,
+                                        char* out);
+
+/// The number of digits of `number`; 1 of zero.
+[[nodiscard]] unsigned digitsOf(std::uint64_t number);
+
+}  // namespace fdmorph::values
