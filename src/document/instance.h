@@ -11,6 +11,9 @@ namespace fdmorph::document {
 
 inline constexpr std::uint32_t kNoInstance = UINT32_MAX;
 
+/// The name of the member "#text" of a JSON object, which is a part like any other.
+inline constexpr std::uint32_t kTextMember = UINT32_MAX - 1;
+
 /// An element, an attribute, or a value of JSON.
 struct Instance {
   enum class Shape : std::uint8_t {
@@ -19,7 +22,7 @@ struct Instance {
     object,  ///< JSON
   };
 
-  std::uint32_t name;  ///< in layout::Names; layout::kNone if it is not there
+  std::uint32_t name;  ///< in the NameNumbers, or kTextMember; layout::kNone if it is not there
   std::uint32_t parent = kNoInstance;
   std::uint32_t firstChild = kNoInstance;  ///< attributes too, in the order of the document
   std::uint32_t lastChild = kNoInstance;
@@ -43,6 +46,17 @@ struct Instances {
   std::vector<Instance> all;
   std::string texts;  ///< UTF-8; of JSON the text of a string, or a number as written
   std::vector<std::string> unknownNames;  ///< as in paths: "name" or "@name"
+
+  /// Adds a part as the last child of its parent, and returns its number.
+  std::uint32_t add(Instance const& part) {
+    auto number = static_cast<std::uint32_t>(all.size());
+    all.push_back(part);
+    if (part.parent == kNoInstance) return number;
+    Instance& parent = all[part.parent];
+    (parent.firstChild == kNoInstance ? parent.firstChild : all[parent.lastChild].next) = number;
+    parent.lastChild = number;
+    return number;
+  }
 
   [[nodiscard]] std::string_view textOf(Instance const& instance) const {
     return std::string_view(texts).substr(instance.textBegin, instance.textSize);
