@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "charset/code_page.h"
+
 namespace fdmorph::document {
 namespace {
 
@@ -39,6 +41,7 @@ void XmlHandlers::attach(XML_Parser parser, bool isWrapped) {
   XML_SetUserData(parser, this);
   XML_SetElementHandler(parser, onStart, onEnd);
   XML_SetCharacterDataHandler(parser, onText);
+  XML_SetUnknownEncodingHandler(parser, onEncoding, nullptr);
   if (isWrapped) {
     XML_SetStartCdataSectionHandler(parser, onCdata);
   } else {
@@ -68,6 +71,20 @@ void XMLCALL XmlHandlers::onDeclaration(void* self, char const*, char const* enc
   auto& handlers = *static_cast<XmlHandlers*>(self);
   handlers.m_hasDeclaration = true;
   if (encoding != nullptr) handlers.m_encoding = encoding;
+}
+
+// An encoding that the parser does not know. It accepts those that have ASCII's
+// characters at their places.
+int XMLCALL XmlHandlers::onEncoding(void*, char const* name, XML_Encoding* encoding) {
+  std::shared_ptr<charset::CodePage const> page = charset::CodePage::open(name).page;
+  if (page == nullptr || page->isUtf8()) return XML_STATUS_ERROR;
+  for (unsigned i = 0; i < 256; ++i) {
+    encoding->map[i] = page->characterOf(static_cast<std::uint8_t>(i));
+  }
+  encoding->data = nullptr;
+  encoding->convert = nullptr;
+  encoding->release = nullptr;
+  return XML_STATUS_OK;
 }
 
 // Nothing else before the root begins so. Its entities are never looked at.

@@ -84,6 +84,7 @@ class XmlHandlers {
   static void XMLCALL onText(void* self, char const* text, int size);
   static void XMLCALL onCdata(void* self);
   static void XMLCALL onDeclaration(void* self, char const* version, char const* encoding, int);
+  static int XMLCALL onEncoding(void*, char const* name, XML_Encoding* encoding);
   static void XMLCALL onOther(void* self, char const* text, int size);
 
   void startTag(char const* name, char const** attributes);

@@ -55,6 +55,19 @@ TEST_P(XmlEncodings, AreThoseOfTheDeclaration) {
             "1 [1:31 xml unknown encoding]\n");
 }
 
+TEST_P(XmlEncodings, AreCodePagesOfOneByte) {
+  EXPECT_EQ(fixture.readXml("<?xml version='1.0' encoding='windows-1252'?>"
+                            "<A>\x80</A>\n<A>\x80</A>"),
+            "1 A=\xE2\x82\xAC\n2 A=\xE2\x82\xAC\n");
+  // A byte without a character, and an encoding in which `<` is another byte.
+  EXPECT_EQ(fixture.readXml("<?xml version='1.0' encoding='ISO-8859-8'?>\n<A>\xA1</A>"),
+            "1 [2:4 xml not well-formed (invalid token)]\n");
+  EXPECT_EQ(fixture.readXml("<?xml version='1.0' encoding='IBM037'?><A/>"),
+            "1 [1:31 xml unknown encoding]\n");
+  EXPECT_EQ(fixture.readXml("<?xml version='1.0' encoding='Shift_JIS'?><A/>"),
+            "1 [1:31 xml unknown encoding]\n");
+}
+
 TEST_P(XmlEncodings, MayHaveAByteOrderMarkInUtf8) {
   EXPECT_EQ(fixture.readXml("\xEF\xBB\xBF<l>\n<x/></l>"),
             "1 [2:1 unknown x: no record has this name]\n");

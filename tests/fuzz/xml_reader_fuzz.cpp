@@ -1,0 +1,59 @@
+// Documents: what is read does not depend on the blocks that they come in, nor on who
+// reads the records. Records that are kept as lines read the same again.
+
+#include "fuzz_input.h"
+#include "support/document_fixture.h"
+
+namespace {
+
+constexpr std::string_view kSpelling = "<A><B>1</B></A>";
+constexpr std::string_view kShown = "A(B=1)";
+
+/// Takes records that are spelled in one way.
+class OneSpelling : public fdmorph::document::RecordPredictor {
+ public:
+  Outcome read(std::string_view bytes) override {
+    if (bytes.starts_with(kSpelling)) return {Outcome::Kind::taken, kSpelling.size()};
+    if (kSpelling.starts_with(bytes)) return {Outcome::Kind::incomplete};
+    return {Outcome::Kind::declined};
+  }
+};
+
+std::string withoutPredictions(std::string text) {
+  constexpr std::string_view kPredicted = "predicted\n";
+  for (std::size_t at = 0; (at = text.find(kPredicted, at)) != std::string::npos;) {
+    text.replace(at, kPredicted.size() - 1, kShown);
+  }
+  return text;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
+  std::string_view const text = fdmorph::fuzzText(data, size);
+  fdmorph::document::DocumentFixture fixture("A B c");
+  fixture.names.add("u", "B");
+  fixture.names.add("u", "d");
+  std::string const whole = fixture.readXml(text);
+  for (std::size_t blockSize : {1U, 7U}) {
+    fixture.blockSize = blockSize;
+    if (fixture.readXml(text) != whole) fdmorph::failFuzzRun("blocks change the records", text);
+  }
+  fixture.blockSize = SIZE_MAX;
+  OneSpelling predictor;
+  fixture.predictor = &predictor;
+  if (withoutPredictions(fixture.readXml(text)) != whole) {
+    fdmorph::failFuzzRun("predictions change the records", text);
+  }
+  fixture.predictor = nullptr;
+  fixture.options.keepsText = true;
+  if (fixture.readXml(text) != whole) fdmorph::failFuzzRun("kept texts change records", text);
+  for (std::string const& line : std::vector<std::string>(fixture.texts)) {
+    if (line.empty()) continue;
+    std::string const again = fixture.readXml("<l>" + line + "</l>");
+    if (fixture.texts != std::vector<std::string>{line} || again.find(" xml ") != again.npos) {
+      fdmorph::failFuzzRun("a line reads differently", line);
+    }
+  }
+  return 0;
+}
