@@ -220,8 +220,8 @@ void LayoutBuilder::placeCounts() {
   }
 }
 
-// The bytes of one absent occurrence of an item. The recursion is bounded by the
-// number of levels.
+// The bytes of one absent occurrence of an item. A counter is the lower bound of its
+// tables. The recursion is bounded by the number of levels.
 void LayoutBuilder::fillAbsent(std::uint32_t node, unsigned char* bytes) {
   DataItem const& item = *m_layout.item(node).item;
   if (item.isGroup() && !values::hasInitialValue(item)) {
@@ -229,6 +229,15 @@ void LayoutBuilder::fillAbsent(std::uint32_t node, unsigned char* bytes) {
   } else {
     values::writeAbsent(m_literals, item, m_layout.m_nodes[node].format, bytes);
   }
+  auto counter = m_counterOf.find(&item);
+  if (counter == m_counterOf.end()) return;
+  std::uint64_t least = 0;
+  for (std::uint32_t table : m_layout.m_counters[counter->second].tables) {
+    least = std::max(least, m_layout.m_nodes[table].least);
+  }
+  values::ItemFormat const& format = m_layout.m_nodes[node].format;
+  if (m_literals.values().writeInteger(format, bytes, static_cast<std::int64_t>(least))) return;
+  values::writeAbsent(m_literals, item, format, bytes);
 }
 
 void LayoutBuilder::fillItems(std::uint32_t group, unsigned char* bytes) {

@@ -63,7 +63,7 @@ bool areSlotsOfOneName(Layout const& layout, std::uint32_t one, std::uint32_t ot
   std::uint32_t x = one;
   std::uint32_t y = other;
   while (layout.item(x).parent != layout.item(y).parent) {
-    if (x > y) {
+    if (layout.item(x).parent > layout.item(y).parent) {
       x = layout.item(x).parent;
     } else {
       y = layout.item(y).parent;
