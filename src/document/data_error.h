@@ -42,10 +42,11 @@ struct DataError {
   ErrorCode code;
   std::string text;          ///< lower case, no full stop
   std::string path = {};     ///< of the item; empty if there is none
-  std::uint64_t offset = 0;  ///< bytes: of the item's first byte in the record
+  std::uint64_t offset = 0;  ///< of the item's first byte in the record
   std::string bytes = {};    ///< bytes: those of the item, at most 17 of them
   std::uint64_t line = 0;    ///< documents: from 1
   std::uint64_t column = 0;  ///< documents: from 1, in bytes
+  std::uint64_t size = 0;    ///< documents: of the item whose value is wrong, in bytes; or 0
 };
 
 /// The errors of one record.
