@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstring>
 
 #include "values/edited_picture.h"
@@ -33,17 +34,20 @@ void storeZoned(ItemFormat const& format, StoredDigits const& number, SignBytes 
   bytes[signAt] = signedDigits[number.digits[signAt]];
 }
 
-// Two digits a byte, from the last byte on; before them is a pad of zero.
-void storePacked(ItemFormat const& format, StoredDigits const& number, unsigned char* bytes) {
+unsigned signNibble(ItemFormat const& format, bool isNegative) {
   constexpr unsigned kPlus = 0xC;
   constexpr unsigned kMinus = 0xD;
   constexpr unsigned kUnsigned = 0xF;
+  return isNegative ? kMinus : format.isSigned ? kPlus : kUnsigned;
+}
+
+// Two digits a byte, from the last byte on; before them is a pad of zero.
+void storePacked(ItemFormat const& format, StoredDigits const& number, unsigned char* bytes) {
   unsigned next = number.count;
   auto takeDigit = [&]() -> unsigned { return next == 0 ? 0U : number.digits[--next]; };
   for (unsigned i = format.size; i-- > 0;) {
     bool const hasSign = i == format.size - 1 && format.kind == Kind::packed;
-    unsigned const sign = number.isNegative ? kMinus : format.isSigned ? kPlus : kUnsigned;
-    unsigned const low = hasSign ? sign : takeDigit();
+    unsigned const low = hasSign ? signNibble(format, number.isNegative) : takeDigit();
     bytes[i] = static_cast<unsigned char>(takeDigit() * 16 + low);
   }
 }
@@ -68,8 +72,48 @@ bool mayBeBlank(ItemFormat const& format) {
 
 }  // namespace
 
+// Writes a plain number of up to 15 digits; false if the text is another.
+bool Values::encodeRow(ItemFormat const& format, std::string_view text,
+                       unsigned char* bytes) const {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  bool const isPacked = format.kind == Kind::packed;
+  bool const isZoned = format.kind == Kind::zoned && !format.isSignSeparate &&
+                       format.sign != SignPosition::leading && !format.isBlankWhenZero;
+  bool const isBinary = format.kind == Kind::binary;
+  if (!isPacked && !isZoned && !isBinary) return false;
+  if ((format.digits >= kMaxRow && !isBinary) || format.scale < 0) return false;
+  unsigned const most = std::min<unsigned>(format.digits, kMaxRow - 1);
+  std::optional<TextRow> const read = readRow(text, most, format.scale);
+  if (!read) return false;
+  bool const isNegative = read->isNegative && read->row != 0;
+  if (isNegative && !format.isSigned) return false;
+  if (isBinary) {
+    std::uint64_t const value = valueOfRow(read->row);
+    if (!isInRange({value, isNegative}, format.size, format.isSigned)) return false;
+    storeInteger(isNegative ? ~value + 1 : value, bytes, format.size, format.isBigEndian);
+    return true;
+  }
+  if (isPacked) {
+    storeInteger((read->row << 4U) | signNibble(format, isNegative), bytes, format.size, true);
+    return true;
+  }
+  std::uint64_t const zones = m_signs.zero * kOnes;
+  unsigned const count = format.digits;
+  unsigned const low = count > 8 ? 8 : count;
+  if (count > low) {
+    storeInteger(spreadDigits(read->row >> 32U) | zones, bytes, count - low, true);
+  }
+  storeInteger(spreadDigits(read->row) | zones, bytes + (count - low), low, true);
+  if (format.isSigned) {
+    auto const& digits = isNegative ? m_signs.negative : m_signs.positive;
+    bytes[count - 1] = digits[read->row & 0xFU];
+  }
+  return true;
+}
+
 EncodeResult Values::encodeNumber(ItemFormat const& format, std::string_view text,
                                   unsigned char* bytes, NumberSyntax syntax) const {
+  if (encodeRow(format, text, bytes)) return {};
   bool const takesBlanks = m_conventions.blankNumbers == BlankNumbers::omit && mayBeBlank(format);
   if (takesBlanks && withoutBlanks(text).empty()) {
     std::memset(bytes, m_signs.blank, format.size);

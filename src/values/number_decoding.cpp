@@ -40,6 +40,10 @@ bool isFilledWith(unsigned char const* bytes, unsigned size, unsigned char byte)
   return std::all_of(bytes, bytes + size, [byte](unsigned char each) { return each == byte; });
 }
 
+constexpr bool isRowScale(int scale) {
+  return scale >= 0 && scale <= static_cast<int>(kMaxRow);
+}
+
 DecodeResult zero(ItemFormat const& format, char* out) {
   DigitText digits{};
   digits[0] = '0';
@@ -106,14 +110,60 @@ DecodeResult decodeLeadingBlanks(ItemFormat const& format, unsigned char const* 
 
 }  // namespace
 
-unsigned digitsOf(std::uint64_t number) {
-  unsigned count = 1;
-  while (count < kPowers.size() && number >= kPowers[count]) ++count;
-  return count;
+// Reads up to 15 digits as a row; nothing if they are more or not all digits.
+std::optional<DecodeResult> Values::decodeZonedRow(ItemFormat const& format,
+                                                   unsigned char const* bytes, char* out) const {
+  constexpr std::uint64_t kOnes = 0x0101010101010101;
+  constexpr std::uint64_t kHighs = 0x8080808080808080;
+  constexpr std::uint64_t kZones = 0xF0F0F0F0F0F0F0F0;
+  unsigned const count = format.digits;
+  if (count >= kMaxRow || !isRowScale(format.scale) || format.isSignSeparate ||
+      format.sign == SignPosition::leading || m_conventions.hasStrictZones) {
+    return std::nullopt;
+  }
+  std::uint8_t const last = m_signs.signedDigits[bytes[count - 1]];
+  bool const isNegative = (last & SignBytes::kNegative) != 0;
+  if (last == SignBytes::kNone || (isNegative && !format.isSigned)) return std::nullopt;
+  std::uint64_t row = 0;
+  std::uint64_t wrong = 0;
+  unsigned left = count - 1;
+  auto take = [&](unsigned size) {
+    std::uint64_t const part = loadInteger(bytes, size, true);
+    std::uint64_t const blanks = part ^ (m_signs.blank * kOnes);
+    // A byte of zero borrows from its highest bit, and only above one may others.
+    wrong |= (blanks - kOnes) & ~blanks & kHighs;
+    row = (row << (4 * size)) | gatherDigits(part & ~kZones);
+    bytes += size;
+    left -= size;
+  };
+  if (left > 8) take(left - 8);
+  if (left > 0) take(left);
+  row = (row << 4U) | (last & 0xFU);
+  if (wrong != 0 || !isDigitRow(row)) return std::nullopt;
+  return DecodeResult{writeRow(out, row, format.scale, isNegative), ValueError::none, true};
+}
+
+// The same for up to 15 digits and a sign.
+std::optional<DecodeResult> Values::decodePackedRow(ItemFormat const& format,
+                                                    unsigned char const* bytes, char* out) const {
+  if (format.size > sizeof(std::uint64_t) || format.kind != Kind::packed ||
+      !isRowScale(format.scale)) {
+    return std::nullopt;
+  }
+  std::uint64_t const stored = loadInteger(bytes, format.size, true);
+  unsigned const sign = stored & 0xFU;
+  std::uint64_t const row = stored >> 4U;
+  bool const isNegative = sign == 0xD || sign == 0xB;
+  bool const isPadded = (row >> (4 * format.digits)) == 0;
+  if (sign < 0xA || !isDigitRow(row) || !isPadded || (isNegative && !format.isSigned)) {
+    return std::nullopt;
+  }
+  return DecodeResult{writeRow(out, row, format.scale, isNegative), ValueError::none, true};
 }
 
 DecodeResult Values::decodeZoned(ItemFormat const& format, unsigned char const* bytes,
                                  char* out) const {
+  if (auto const row = decodeZonedRow(format, bytes, out)) return *row;
   DecodeResult const result = decodeZonedDigits(format, bytes, m_signs, out);
   if (result.error == ValueError::none) return result;
   BlankNumbers const meaning = m_conventions.blankNumbers;
@@ -124,6 +174,7 @@ DecodeResult Values::decodeZoned(ItemFormat const& format, unsigned char const* 
 
 DecodeResult Values::decodePacked(ItemFormat const& format, unsigned char const* bytes,
                                   char* out) const {
+  if (auto const row = decodePackedRow(format, bytes, out)) return *row;
   bool const hasSign = format.kind == Kind::packed;
   unsigned const whole = hasSign ? format.size - 1 : format.size;
   DigitText digits{};
@@ -162,9 +213,19 @@ DecodeResult decodeBinary(ItemFormat const& format, unsigned char const* bytes, 
       number.value >= kPowers[format.digits]) {
     return {out, ValueError::range};
   }
-  if (format.scale == 0) {
+  constexpr int kMaxScale = 18;  // whose power is below half of the numbers
+  if (format.scale >= 0 && format.scale <= kMaxScale) {
     if (number.isNegative) *out++ = '-';
-    return {std::to_chars(out, out + kPowers.size() + 1, number.value).ptr, ValueError::none, true};
+    std::uint64_t const power = kPowers[static_cast<std::size_t>(format.scale)];
+    char* const room = out + kMaxNumberText / 2;
+    out = std::to_chars(out, room, number.value / power).ptr;
+    if (format.scale > 0) {
+      // The digit 1 before the decimal places keeps their zeros; the point replaces it.
+      char* const point = out;
+      out = std::to_chars(out, room, power + number.value % power).ptr;
+      *point = '.';
+    }
+    return {out, ValueError::none, true};
   }
   DigitText digits{};
   char const* const end =

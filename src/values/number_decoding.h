@@ -9,7 +9,4 @@ namespace fdmorph::values {
 [[nodiscard]] DecodeResult decodeBinary(ItemFormat const& format, unsigned char const* bytes,
                                         char* out);
 
-/// The number of digits of `number`; 1 of zero.
-[[nodiscard]] unsigned digitsOf(std::uint64_t number);
-
 }  // namespace fdmorph::values

@@ -1,9 +1,11 @@
 #include "values/number_text.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "text/letter_case.h"
+#include "values/number_bytes.h"
 
 namespace fdmorph::values {
 namespace {
@@ -118,6 +120,62 @@ char* writeNumber(char* out, DigitText const& digits, unsigned first, unsigned c
   out = copyDigits(out, digits.data() + start, point - start);
   *out++ = '.';
   return copyDigits(out, digits.data() + point, places);
+}
+
+namespace {
+
+// Writes 16 digits as characters, the highest nibble first.
+void writeDigits(char* out, std::uint64_t row) {
+  constexpr std::uint64_t kZeros = 0x3030303030303030;
+  auto* const bytes = reinterpret_cast<unsigned char*>(out);
+  storeInteger(spreadDigits(row >> 32U) | kZeros, bytes, 8, true);
+  storeInteger(spreadDigits(row) | kZeros, bytes + 8, 8, true);
+}
+
+}  // namespace
+
+char* writeRow(char* out, std::uint64_t row, int scale, bool isNegative) {
+  constexpr unsigned kBits = 64;
+  unsigned const places = 4 * static_cast<unsigned>(scale);  // in bits
+  if (isNegative && row != 0) *out++ = '-';
+  std::uint64_t const integer = places == kBits ? 0 : row >> places;
+  auto const zeros = static_cast<unsigned>(std::countl_zero(integer | 1)) / 4;
+  writeDigits(out, integer << (4 * zeros));
+  out += kMaxRow - zeros;
+  if (places == 0) return out;
+  *out = '.';
+  writeDigits(out + 1, row << (kBits - places));
+  return out + 1 + scale;
+}
+
+std::optional<TextRow> readRow(std::string_view text, unsigned digits, int scale) {
+  TextRow result;
+  if (text.size() > 2 * kMaxRow) return std::nullopt;
+  char const* at = text.data();
+  char const* const end = at + text.size();
+  if (at != end && *at == '-') {
+    result.isNegative = true;
+    ++at;
+  }
+  auto takeDigits = [&] {
+    char const* const begin = at;
+    for (; at != end && isDigit(*at); ++at) {
+      result.row = (result.row << 4U) | static_cast<std::uint64_t>(*at - '0');
+    }
+    return static_cast<int>(at - begin);
+  };
+  // So many digits neither leave the row nor miss the places of the item.
+  int const integer = takeDigits();
+  if (integer == 0 || integer + scale > static_cast<int>(digits)) return std::nullopt;
+  int missing = scale;
+  if (at != end) {
+    if (*at != '.' || end - at - 1 > scale) return std::nullopt;
+    ++at;
+    missing -= takeDigits();
+    if (at != end) return std::nullopt;
+  }
+  result.row <<= 4 * static_cast<unsigned>(missing);
+  return result;
 }
 
 std::string_view withoutBlanks(std::string_view text) {

@@ -24,6 +24,20 @@ inline constexpr std::size_t kMaxNumberText = 160;
 char* writeNumber(char* out, DigitText const& digits, unsigned first, unsigned count, int scale,
                   bool isNegative);
 
+/// The same with digits in a row of at most 16 (see number_bytes.h), for a scale of 0
+/// to 16. It may write 24 bytes beyond the end.
+char* writeRow(char* out, std::uint64_t row, int scale, bool isNegative);
+
+/// A number in a text as a row of digits, if it is a plain one that an item has room
+/// for: without blanks and exponent, and without more decimal places than the scale.
+struct TextRow {
+  std::uint64_t row = 0;
+  bool isNegative = false;
+};
+
+/// Nothing for all other texts, which may or may not be numbers.
+[[nodiscard]] std::optional<TextRow> readRow(std::string_view text, unsigned digits, int scale);
+
 /// The digits that an item stores of a number.
 struct StoredDigits {
   std::array<std::uint8_t, kMaxStoredDigits> digits{};  ///< 0 to 9, the first `count`

@@ -76,14 +76,14 @@ char* putUtf8(char* out, char32_t code) {
 std::ptrdiff_t copyPlain(CharacterTable const& table, ByteRun run, char* out) {
   unsigned char const* at = run.begin;
   for (; run.end - at >= kWord; at += kWord) {
+    // What is written in vain is written again.
     bool hasOther = false;
-    std::array<unsigned char, kWord> bytes;
-    for (std::size_t i = 0; i < bytes.size(); ++i) {
-      bytes[i] = table.plainBytes[at[i]];
-      hasOther |= bytes[i] == 0;
+    for (std::ptrdiff_t i = 0; i < kWord; ++i) {
+      unsigned char const byte = table.plainBytes[at[i]];
+      out[i] = static_cast<char>(byte);
+      hasOther |= byte == 0;
     }
     if (hasOther) break;
-    std::memcpy(out, bytes.data(), bytes.size());
     out += kWord;
   }
   return at - run.begin;

@@ -160,14 +160,12 @@ std::size_t storeAscii(std::string_view text, TextBytes const& table, unsigned c
   std::size_t at = 0;
   for (; size - at >= kWord; at += kWord) {
     unsigned flags = 0;
-    std::array<unsigned char, kWord> stored;
     for (std::size_t i = 0; i < kWord; ++i) {
       unsigned const byte = table.ascii[from[at + i]];
       flags |= byte;
-      stored[i] = static_cast<unsigned char>(byte);
+      out[at + i] = static_cast<unsigned char>(byte);
     }
     if ((flags & TextBytes::kOther) != 0) break;
-    std::memcpy(out + at, stored.data(), kWord);
   }
   for (; at < size; ++at) {
     unsigned const byte = table.ascii[from[at]];

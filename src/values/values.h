@@ -82,6 +82,14 @@ class Values {
                                          char* out) const;
   [[nodiscard]] DecodeResult decodePacked(ItemFormat const& format, unsigned char const* bytes,
                                           char* out) const;
+  [[nodiscard]] std::optional<DecodeResult> decodeZonedRow(ItemFormat const& format,
+                                                           unsigned char const* bytes,
+                                                           char* out) const;
+  [[nodiscard]] std::optional<DecodeResult> decodePackedRow(ItemFormat const& format,
+                                                            unsigned char const* bytes,
+                                                            char* out) const;
+  [[nodiscard]] bool encodeRow(ItemFormat const& format, std::string_view text,
+                               unsigned char* bytes) const;
   [[nodiscard]] EncodeResult encodeNumber(ItemFormat const& format, std::string_view text,
                                           unsigned char* bytes, NumberSyntax syntax) const;
 
