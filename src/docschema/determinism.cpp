@@ -12,6 +12,9 @@ namespace {
 using Kind = Particle::Kind;
 using NameSet = std::unordered_set<QName, QNameHash>;
 
+// Occurrences that are written out.
+constexpr std::uint64_t kMaxWrittenOut = 1000;
+
 constexpr char kMergedComment[] = "views that begin with the same name: each part may be left out";
 constexpr char kAnyOrderComment[] = "views whose parts cannot be told apart: in any order";
 
@@ -149,6 +152,29 @@ bool beginDifferently(std::vector<Particle> const& views) {
   return true;
 }
 
+// Joins elements of one name that follow one another. The recursion is bounded by the
+// number of levels.
+void joinNeighbors(Particle& particle) {
+  for (Particle& each : particle.parts) joinNeighbors(each);
+  if (particle.kind != Kind::sequence) return;
+  std::vector<Particle> parts;
+  for (Particle& each : particle.parts) {
+    bool const isSame = !parts.empty() && each.isElement() && parts.back().isElement() &&
+                        parts.back().name == each.name;
+    if (!isSame) {
+      parts.push_back(std::move(each));
+      continue;
+    }
+    Particle& before = parts.back();
+    std::uint64_t const least = before.least + each.least;
+    std::uint64_t const most = before.most + each.most;
+    mergeInto(before, each);
+    before.least = least;
+    before.most = most;
+  }
+  particle.parts = std::move(parts);
+}
+
 /// A place where a name could be two parts of a sequence: parts from `first` to `last`.
 struct Conflict {
   std::size_t first;
@@ -204,6 +230,7 @@ void makeDeterministic(Particle& sequence) {
 }
 
 void makeConsistent(Particle& sequence) {
+  joinNeighbors(sequence);
   std::unordered_map<QName, std::vector<Particle*>, QNameHash> byName;
   visitElements(sequence, [&byName](Particle& each) { byName[each.name].push_back(&each); });
   for (auto& [name, elements] : byName) {
@@ -214,6 +241,7 @@ void makeConsistent(Particle& sequence) {
       each->nodes = all.nodes;
       each->mayLackText = all.mayLackText;
       each->isShared = true;
+      each->isWrittenOut = each->most > 1 && each->least <= kMaxWrittenOut;
     }
   }
 }

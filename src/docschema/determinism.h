@@ -17,7 +17,10 @@ void makeDeterministic(Particle& sequence);
 
 /// Gives all elements of one name the same nodes, since XML Schema demands one type
 /// for them ("Element Declarations Consistent"), and sets isShared for them. They may
-/// be any of the nodes.
+/// be any of the nodes. Those that follow one another become one.
+///
+/// Those that repeat are written out: Xerces-C 3.2 does not count the occurrences of a
+/// name that several parts of a content model have.
 void makeConsistent(Particle& sequence);
 
 }  // namespace fdmorph::docschema

@@ -53,6 +53,7 @@ struct Particle {
   bool isFollowed = false;     ///< the same for those that follow
   bool mayLackText = false;    ///< its text may be left out even if it is a number
   bool isShared = false;       ///< another part of the content model has its name
+  bool isWrittenOut = false;   ///< each occurrence is a part of its own
 
   bool isElement() const { return kind == Kind::element; }
   bool isSlot() const { return isPreceded || isFollowed; }

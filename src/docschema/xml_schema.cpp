@@ -131,8 +131,17 @@ class SchemaWriter {
     Markup markup = declarationOf(element, file, names);
     bool const isUnqualified = element.name.namespaceUri.empty() && file.hasNamespace();
     if (isUnqualified) markup.set("form", "unqualified");
-    setOccurs(markup, element.least, element.most);
-    return markup;
+    if (!element.isWrittenOut) {
+      setOccurs(markup, element.least, element.most);
+      return markup;
+    }
+    Markup list{"xs:sequence"};
+    for (std::uint64_t i = 0; i < element.least; ++i) list.add(markup);
+    if (element.least < element.most) {
+      list.add(commentOf("at most " + std::to_string(element.most) + " in all"));
+      setOccurs(list.add(std::move(markup)), 0, kUnbounded);
+    }
+    return list;
   }
 
   Markup declarationOf(Particle const& element, NamespaceFile& file, Names& names) {

@@ -1,0 +1,1 @@
+       01 R PIC X IDENTIFIED BY "r" NAMESPACE IS "urn:r".

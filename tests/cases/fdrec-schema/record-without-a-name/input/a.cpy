@@ -1,0 +1,2 @@
+       01 R.
+          05 A PIC X IDENTIFIED BY "a".
