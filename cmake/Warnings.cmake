@@ -8,4 +8,6 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
   # GCC 12 sees overlapping and endless copies in operator+ of strings.
   target_compile_options(fdmorph_warnings INTERFACE
     -Wno-array-bounds -Wno-restrict -Wno-stringop-overflow)
+else()
+  target_compile_options(fdmorph_warnings INTERFACE -Wreserved-identifier)
 endif()

@@ -74,6 +74,12 @@ def test_no_source_file_is_too_long() -> None:
     assert names(long) == []
 
 
+def test_no_file_includes_a_source() -> None:
+    source = re.compile(r'#include\s*[<"][^>"]+\.cpp[>"]')
+    users = [path for path in tracked(*SOURCES) if source.search(path.read_text(encoding="utf-8"))]
+    assert names(users) == []
+
+
 def limits() -> list[list[str]]:
     """The rows of the table of limits in SECURITY.md, a list of cells each."""
     text = (ROOT / "SECURITY.md").read_text(encoding="utf-8")
