@@ -80,6 +80,19 @@ def test_no_file_includes_a_source() -> None:
     assert names(users) == []
 
 
+def test_each_using_declaration_of_a_source_is_used() -> None:
+    """clang-tidy takes another source of a batch for a user."""
+    declaration = re.compile(r"^ *using [\w:]+::(\w+);$", re.MULTILINE)
+    unused = []
+    for path in tracked("src/*.cpp"):
+        text = path.read_text(encoding="utf-8")
+        others = set(re.findall(r"\w+", declaration.sub("", text)))
+        for name in declaration.findall(text):
+            if name not in others:
+                unused.append((path.relative_to(ROOT).as_posix(), name))
+    assert unused == []
+
+
 def limits() -> list[list[str]]:
     """The rows of the table of limits in SECURITY.md, a list of cells each."""
     text = (ROOT / "SECURITY.md").read_text(encoding="utf-8")

@@ -9,7 +9,6 @@
 namespace fdmorph::document {
 namespace {
 
-using compiler::DataItem;
 using layout::isStored;
 using layout::kNone;
 using layout::Node;

@@ -15,6 +15,14 @@ struct CommandRow {
   std::unique_ptr<Command> (*make)();
 };
 
+// The commands, each from a source of its own.
+[[nodiscard]] std::unique_ptr<Command> makeCheckCommand();
+[[nodiscard]] std::unique_ptr<Command> makeCopybookCommand();
+[[nodiscard]] std::unique_ptr<Command> makeIndexCommand();
+[[nodiscard]] std::unique_ptr<Command> makeShowCommand();
+[[nodiscard]] std::unique_ptr<Command> makePlainCommand();
+[[nodiscard]] std::unique_ptr<Command> makeSchemaCommand();
+
 /// In the order of the help.
 [[nodiscard]] std::span<CommandRow const> commandTable();
 
