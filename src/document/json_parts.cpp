@@ -18,6 +18,8 @@ bool JsonParts::read(std::string_view line, std::size_t begin, DocumentRecord& r
   m_levels.clear();
   m_members.clear();
   m_faults.clear();
+  // Texts are no longer than the line. Growing would copy them.
+  record.instances.texts.reserve(line.size());
   static_cast<void>(scanner.peek());
   record.column = scanner.offset() + 1;
   readText();
@@ -60,8 +62,9 @@ void JsonParts::readLevel() {
     return;
   }
   if (!level.isFresh) {
-    if (next != ',')
+    if (next != ',') {
       return m_scanner->fail(isArray ? "expected ',' or ']'" : "expected ',' or '}'");
+    }
     m_scanner->take();
   }
   level.isFresh = false;

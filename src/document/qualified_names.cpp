@@ -9,9 +9,14 @@ constexpr std::size_t kFirstSlots = 256;  // a power of two, as all sizes of the
 
 }  // namespace
 
-QualifiedNames::QualifiedNames(NameNumbers const& index, NamespaceScopes& scopes)
-    : m_index(&index), m_scopes(&scopes), m_spellings(1), m_slots(kFirstSlots, 0) {
-  m_last = &m_spellings.front();
+QualifiedNames::QualifiedNames(NameNumbers const& index, NamespaceScopes& scopes, Limits limits)
+    : m_index(&index),
+      m_scopes(&scopes),
+      m_spellings(1),
+      m_slots(kFirstSlots, 0),
+      m_last(&m_spellings.front()),
+      m_limits(limits) {
+  m_last->follower = m_last;
 }
 
 QualifiedNames::Spelling* QualifiedNames::search(std::string_view name) {
@@ -20,18 +25,20 @@ QualifiedNames::Spelling* QualifiedNames::search(std::string_view name) {
   while (m_slots[slot] != 0) {
     Spelling& spelling = m_spellings[m_slots[slot]];
     if (spelling.hash == hash && spelling.text == name) {
-      m_last->follower = m_slots[slot];
+      m_last->follower = &spelling;
       return &spelling;
     }
     slot = (slot + 1) & (m_slots.size() - 1);
   }
   auto number = static_cast<std::uint32_t>(m_spellings.size());
   m_slots[slot] = number;
-  m_last->follower = number;
   Spelling& added = m_spellings.emplace_back();
+  m_last->follower = &added;
+  added.follower = &m_spellings.front();
   added.text = name;
   added.hash = hash;
   m_textSize += name.size();
+  m_areTooMany = m_spellings.size() > m_limits.names || m_textSize > m_limits.bytes;
   std::size_t colon = name.find(':');
   if (colon != std::string_view::npos) {
     added.localBegin = colon + 1;

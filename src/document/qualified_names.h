@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <cstring>
 #include <deque>
 #include <optional>
 #include <string>
@@ -25,10 +26,10 @@ class QualifiedNames {
   struct Spelling {
     std::string text;
     std::uint32_t hash = 0;
-    std::uint32_t prefix = 0;    ///< in NamespaceScopes
-    std::size_t localBegin = 0;  ///< of the local name in `text`
-    bool isName = true;          ///< by Namespaces in XML 1.0
-    std::uint32_t follower = 0;  ///< the spelling that came after it
+    std::uint32_t prefix = 0;      ///< in NamespaceScopes
+    std::size_t localBegin = 0;    ///< of the local name in `text`
+    bool isName = true;            ///< by Namespaces in XML 1.0
+    Spelling* follower = nullptr;  ///< the spelling that came after it
     std::uint64_t elementScope = 0;
     std::uint32_t elementNumber = 0;
     std::uint64_t attributeScope = 0;
@@ -40,13 +41,19 @@ class QualifiedNames {
     [[nodiscard]] bool hasPrefix() const { return localBegin != 0; }
   };
 
-  /// Both must outlive this object.
-  QualifiedNames(NameNumbers const& index, NamespaceScopes& scopes);
+  /// The most names, and bytes of all names.
+  struct Limits {
+    std::size_t names;
+    std::uint64_t bytes;
+  };
+
+  /// `index` and `scopes` must outlive this object.
+  QualifiedNames(NameNumbers const& index, NamespaceScopes& scopes, Limits limits);
 
   /// The spelling of a name that ends with a NUL.
   [[nodiscard]] Spelling& find(char const* name) {
-    Spelling& expected = m_spellings[m_last->follower];
-    m_last = expected.text == name ? &expected : search(name);
+    Spelling* expected = m_last->follower;
+    m_last = std::strcmp(expected->text.c_str(), name) == 0 ? expected : search(name);
     return *m_last;
   }
 
@@ -61,9 +68,8 @@ class QualifiedNames {
     return lookUpAttribute(spelling);
   }
 
-  /// The names seen so far, and their bytes.
-  [[nodiscard]] std::size_t size() const { return m_spellings.size(); }
-  [[nodiscard]] std::uint64_t textSize() const { return m_textSize; }
+  /// Whether there are more names than the limits allow.
+  [[nodiscard]] bool areTooMany() const { return m_areTooMany; }
 
  private:
   [[nodiscard]] Spelling* search(std::string_view name);
@@ -76,7 +82,9 @@ class QualifiedNames {
   std::deque<Spelling> m_spellings;    // the first stands for none
   std::vector<std::uint32_t> m_slots;  // an open hash table
   Spelling* m_last;
+  Limits m_limits;
   std::uint64_t m_textSize = 0;
+  bool m_areTooMany = false;
 };
 
 }  // namespace fdmorph::document

@@ -26,11 +26,11 @@ bool isTrue(std::string_view value) {
 }  // namespace
 
 XmlHandlers::XmlHandlers(NameNumbers const& index, LineIndex& lines, ReaderOptions const& options)
-    : m_index(&index),
-      m_lines(&lines),
+    : m_lines(&lines),
       m_options(&options),
       m_isRecord(index.size(), 0),
-      m_names(index, m_scopes) {
+      m_names(index, m_scopes,
+              {options.limits.names + 4 * index.size(), options.limits.nameBytes}) {
   for (std::uint32_t record : options.records) m_isRecord[record] = 1;
 }
 
@@ -109,17 +109,7 @@ void XmlHandlers::countRecord(BytePlace place) {
 void XmlHandlers::startTag(char const* name, char const** attributes) {
   if (m_failure) return;
   bool isRoot = m_open.empty();
-  if (isRoot) {
-    XML_SetDefaultHandler(m_parser, nullptr);
-    if (m_isWrapped) {
-      m_open.push_back({kNoInstance});
-      return;
-    }
-  }
-  DocumentLimits const& limits = m_options->limits;
-  if (m_open.size() - (m_isWrapped ? 1 : 0) >= limits.depth) {
-    return fail("more than " + std::to_string(limits.depth) + " elements in one another");
-  }
+  if (isRoot && !beginRoot()) return;
   QualifiedNames::Spelling& spelling = m_names.find(name);
   Open open{kNoInstance};
   if (*attributes != nullptr) {
@@ -128,8 +118,7 @@ void XmlHandlers::startTag(char const* name, char const** attributes) {
     open.declares = m_scopes.depth() != outer;
   }
   std::optional<std::uint32_t> number = m_names.elementNumber(spelling);
-  if (!spelling.isName) return fail("'" + spelling.text + "' is not a name");
-  if (!number) return fail("the prefix of '" + spelling.text + "' is not declared");
+  if (!number || !spelling.isName) return failName(spelling);
 
   std::uint32_t parent = isRoot ? kNoInstance : m_open.back().part;
   bool isKnown = *number != layout::kNone;
@@ -147,28 +136,50 @@ void XmlHandlers::startTag(char const* name, char const** attributes) {
     m_recordLine.use(spelling.prefix);
   }
   if (isPart) {
-    if (m_record->instances.all.size() >= limits.parts) {
-      return fail("a record of more than " + std::to_string(limits.parts) + " parts");
-    }
-    open.part = addPart({.name = *number, .parent = parent}, spelling.local());
+    open.part = addPart(*number, parent);
+    if (!isKnown) nameUnknown(open.part, "", spelling.local());
   }
   if (*attributes != nullptr && !readAttributes(attributes, open)) return;
-  if (m_names.size() > limits.names + 4 * m_index->size() ||
-      m_names.textSize() > limits.nameBytes) {
-    return fail("too many different names");
-  }
   m_open.push_back(open);
+  if (areLimitsPassed()) failLimit();
 }
 
-std::uint32_t XmlHandlers::addPart(Instance part, std::string_view unknownName) {
-  Instances& instances = m_record->instances;
-  part.line = m_place.line;
-  part.column = m_place.column;
-  if (part.name == layout::kNone) {
-    part.unknownName = static_cast<std::uint32_t>(instances.unknownNames.size());
-    instances.unknownNames.emplace_back(part.isAttribute ? "@" : "").append(unknownName);
+// The root is of our own making, or ends what comes before it.
+bool XmlHandlers::beginRoot() {
+  XML_SetDefaultHandler(m_parser, nullptr);
+  if (m_isWrapped) m_open.push_back({kNoInstance});
+  return !m_isWrapped;
+}
+
+void XmlHandlers::failName(QualifiedNames::Spelling const& spelling) {
+  fail(spelling.isName ? "the prefix of '" + spelling.text + "' is not declared"
+                       : "'" + spelling.text + "' is not a name");
+}
+
+bool XmlHandlers::areLimitsPassed() const {
+  DocumentLimits const& limits = m_options->limits;
+  return m_names.areTooMany() || m_open.size() > limits.depth + (m_isWrapped ? 1 : 0) ||
+         m_record->instances.all.size() > limits.parts;
+}
+
+void XmlHandlers::failLimit() {
+  DocumentLimits const& limits = m_options->limits;
+  if (m_names.areTooMany()) return fail("too many different names");
+  if (m_record->instances.all.size() > limits.parts) {
+    return fail("a record of more than " + std::to_string(limits.parts) + " parts");
   }
-  return instances.add(part);
+  fail("more than " + std::to_string(limits.depth) + " elements in one another");
+}
+
+std::uint32_t XmlHandlers::addPart(std::uint32_t name, std::uint32_t parent) {
+  return m_record->instances.add(
+      {.name = name, .parent = parent, .line = m_place.line, .column = m_place.column});
+}
+
+void XmlHandlers::nameUnknown(std::uint32_t part, char const* mark, std::string_view local) {
+  Instances& instances = m_record->instances;
+  instances.all[part].unknownName = static_cast<std::uint32_t>(instances.unknownNames.size());
+  instances.unknownNames.emplace_back(mark).append(local);
 }
 
 void XmlHandlers::beginRecord(QualifiedNames::Spelling const& spelling, bool isKnown,
@@ -229,12 +240,8 @@ bool XmlHandlers::readAttributes(char const** attributes, Open& open) {
     if (isDeclaration(*attributes)) continue;
     QualifiedNames::Spelling& spelling = m_names.find(*attributes);
     std::optional<std::uint32_t> number = m_names.attributeNumber(spelling);
-    if (!spelling.isName) {
-      fail("'" + spelling.text + "' is not a name");
-      return false;
-    }
-    if (!number) {
-      fail("the prefix of '" + spelling.text + "' is not declared");
+    if (!number || !spelling.isName) {
+      failName(spelling);
       return false;
     }
     if (spelling.hasPrefix()) {
@@ -251,14 +258,13 @@ bool XmlHandlers::readAttributes(char const** attributes, Open& open) {
       continue;
     }
     if (*number == layout::kNone && m_options->ignoresUnknown) continue;
-    std::string& texts = m_record->instances.texts;
-    static_cast<void>(addPart({.name = *number,
-                               .parent = part,
-                               .isAttribute = true,
-                               .textBegin = texts.size(),
-                               .textSize = value.size()},
-                              spelling.local()));
-    texts += value;
+    Instances& instances = m_record->instances;
+    std::uint32_t attribute = addPart(*number, part);
+    instances.all[attribute].isAttribute = true;
+    instances.all[attribute].textBegin = instances.texts.size();
+    instances.all[attribute].textSize = value.size();
+    instances.texts += value;
+    if (*number == layout::kNone) nameUnknown(attribute, "@", spelling.local());
   }
   if (m_prefixed.size() < 2 || areDistinct()) return true;
   fail("two attributes of one name");

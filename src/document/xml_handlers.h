@@ -96,9 +96,13 @@ class XmlHandlers {
   [[nodiscard]] bool readAttributes(char const** attributes, Open& open);
   [[nodiscard]] bool areDistinct() const;
   void beginRecord(QualifiedNames::Spelling const& spelling, bool isKnown, bool declares);
-  [[nodiscard]] std::uint32_t addPart(Instance part, std::string_view unknownName);
+  [[nodiscard]] bool beginRoot();
+  [[nodiscard]] bool areLimitsPassed() const;
+  void failName(QualifiedNames::Spelling const& spelling);
+  void failLimit();
+  [[nodiscard]] std::uint32_t addPart(std::uint32_t name, std::uint32_t parent);
+  void nameUnknown(std::uint32_t part, char const* mark, std::string_view local);
 
-  NameNumbers const* m_index;
   LineIndex* m_lines;
   ReaderOptions const* m_options;
   std::vector<char> m_isRecord;  // by name
