@@ -24,6 +24,21 @@ struct EncodingRules {
   std::string codePage = "latin-1";
 };
 
+/// Printable bytes as they are, others as \xHH.
+inline std::string printBytes(std::span<unsigned char const> bytes) {
+  std::string text;
+  for (unsigned char each : bytes) {
+    if (each >= 0x20 && each < 0x7F) {
+      text += static_cast<char>(each);
+    } else {
+      char code[5];
+      std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(each));
+      text += code;
+    }
+  }
+  return text;
+}
+
 /// A compiled copybook in free format, and an encoder of its records. The data are in
 /// ASCII, numbers as on a little-endian machine.
 class Encoding {
@@ -51,10 +66,11 @@ class Encoding {
     Instances const instances =
         m_isJson ? text.readJson(set.layouts()[0].item(0).name) : text.readXml();
     if (!m_encoder.encode(instances, errors, runs)) return printErrors();
-    return print(m_encoder.result().bytes);
+    return printBytes(m_encoder.result().bytes);
   }
 
-  std::string counts() const { return print(m_encoder.result().counts); }
+  compiler::Diagnostics& diagnostics() { return m_source.diagnostics(); }
+  std::string counts() const { return printBytes(m_encoder.result().counts); }
   std::uint32_t record() const { return m_encoder.result().record; }
 
  private:
@@ -94,20 +110,6 @@ class Encoding {
       if (!text.empty()) text += "; ";
       text += std::to_string(each.column) + " " + each.path + " [" +
               std::string(nameOf(each.code)) + "]";
-    }
-    return text;
-  }
-
-  static std::string print(std::span<unsigned char const> bytes) {
-    std::string text;
-    for (unsigned char each : bytes) {
-      if (each >= 0x20 && each < 0x7F) {
-        text += static_cast<char>(each);
-      } else {
-        char code[5];
-        std::snprintf(code, sizeof code, "\\x%02X", static_cast<unsigned>(each));
-        text += code;
-      }
     }
     return text;
   }
