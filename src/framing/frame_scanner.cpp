@@ -173,6 +173,8 @@ void FrameScanner::scanLines(Scan& scan) {
       return;
     } else {
       m_searched = rest.size();
+      scan.result.needed =
+          static_cast<std::size_t>(std::min<std::uint64_t>(m_lineLimit + 1, 2 * rest.size()));
       return;
     }
     m_searched = 0;

@@ -55,7 +55,7 @@ class FrameScanner {
 
   struct Result {
     std::size_t used = 0;    ///< bytes that need not be given again
-    std::size_t needed = 0;  ///< bytes after these that a record needs, at least; 0: not known
+    std::size_t needed = 0;  ///< bytes after these to give the next time, at least; 0: any
     std::optional<FrameError> error;
     bool isLineOpen = false;  ///< the last frame is a long line; continueLine takes the rest
   };

@@ -82,8 +82,7 @@ bool RecordReader::next(Batch& batch) {
     } else {
       // All records so far are skipped, or the first one is not complete.
       dropFront(batch.bytes, result.used);
-      target = std::max<std::uint64_t>({result.needed, m_batchBytes, size + 1});
-      if (result.needed == 0) target = std::max(target, std::uint64_t{2} * batch.bytes.size());
+      target = std::max<std::uint64_t>(result.needed, m_batchBytes);
     }
   }
   batch.end = m_offset;
