@@ -1,46 +1,12 @@
 // Files of records for the tests of framing.
 #pragma once
 
-#include <string>
 #include <string_view>
-#include <vector>
 
-#include "framing/input_stream.h"
-#include "framing/record_reader.h"
+#include "framing/read_file.h"
 #include "support/temporary_folder.h"
 
 namespace fdmorph::framing {
-
-/// What a reader found in a file.
-struct ReadFile {
-  std::vector<std::string> records;
-  std::vector<std::uint64_t> numbers;
-  std::vector<std::uint64_t> offsets;
-  std::vector<std::string> raw;
-  std::vector<bool> areCut;
-  std::optional<FrameError> error;
-  std::optional<std::string> failure;
-};
-
-/// Reads all records of an open file.
-inline ReadFile readAll(InputStream& input, FramingRules const& rules, PartRange const& part = {},
-                        std::size_t batchBytes = RecordReader::kBatchBytes) {
-  ReadFile found;
-  RecordReader reader(input, rules, part, batchBytes);
-  Batch batch;
-  while (reader.next(batch)) {
-    for (Frame const& each : batch.frames) {
-      found.records.emplace_back(batch.data(each));
-      found.numbers.push_back(each.number);
-      found.offsets.push_back(each.offset);
-      found.raw.emplace_back(batch.raw(each));
-      found.areCut.push_back(each.isCut);
-    }
-    if (batch.error) found.error = batch.error;
-  }
-  found.failure = input.failure();
-  return found;
-}
 
 /// Reads a file that has these bytes.
 inline ReadFile readBytes(std::string_view bytes, FramingRules const& rules,
@@ -51,21 +17,6 @@ inline ReadFile readBytes(std::string_view bytes, FramingRules const& rules,
   ReadFile found;
   found.failure = input.open(folder.write("data", bytes));
   return found.failure ? found : readAll(input, rules, part, batchBytes);
-}
-
-/// "fault@offset#number" of an error, "none" without one.
-inline std::string summaryOf(std::optional<FrameError> const& error) {
-  if (!error) return "none";
-  return std::string(wordsOf(error->fault)) + " @" + std::to_string(error->offset) + " #" +
-         std::to_string(error->number);
-}
-
-inline FramingRules rulesOf(Format format, std::uint64_t length = 0) {
-  FramingRules rules;
-  rules.format = format;
-  rules.recordLength = length;
-  rules.maxRecordLength = length;
-  return rules;
 }
 
 }  // namespace fdmorph::framing
