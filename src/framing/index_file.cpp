@@ -1,6 +1,7 @@
 // Where records begin in a file: indexFile.
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "framing/batch.h"
 #include "framing/data_range.h"
@@ -68,7 +69,8 @@ class DescriptorIndexer {
       bool const isRest = *found.fault == FrameFault::blockRest;
       return fail(*found.fault, isRest ? bytes.substr(0, found.size) : descriptor);
     }
-    if (mayBegin) m_marks.pass(m_number, m_offset);
+    if (mayBegin && !m_begin) m_begin = m_offset;
+    if (found.isRecord && m_begin) m_marks.pass(m_number, *std::exchange(m_begin, std::nullopt));
     if (!found.isRecord) return advance(kDescriptorBytes, descriptor);
     m_isLong = found.size >= kLongRecord;
     if (!advance(kDescriptorBytes + found.size, descriptor)) return false;
@@ -116,7 +118,8 @@ class DescriptorIndexer {
   std::size_t m_used = 0;  // bytes of the window
   std::uint64_t m_offset;  // in the file, of what follows
   std::uint64_t m_number = 1;
-  bool m_isLong = false;  // the last record is
+  std::optional<std::uint64_t> m_begin;  // where the next record may be sought; of its blocks
+  bool m_isLong = false;                 // the last record is
 };
 
 // Reads all bytes, since line ends may be anywhere.

@@ -57,13 +57,12 @@ std::optional<RecordIndex::Entry> entryIn(std::string_view line) {
   return RecordIndex::Entry{*number, *offset};
 }
 
-// Whether an entry can be the next one. A block without records has the number of the
-// block after it.
+// Whether an entry can be the next one.
 bool follows(RecordIndex const& index, RecordIndex::Entry const& entry, std::uint64_t header) {
   bool const fits = entry.offset < index.end && entry.number <= index.records;
   if (index.entries.empty()) return fits && entry.number == 1 && entry.offset == header;
   RecordIndex::Entry const& last = index.entries.back();
-  return fits && entry.number >= last.number && entry.offset > last.offset;
+  return fits && entry.number > last.number && entry.offset > last.offset;
 }
 
 // The lines after the first one.

@@ -51,6 +51,17 @@ TEST(RecordIndexTest, HasTheOffsetsOfBlocks) {
             "5 29\n");
 }
 
+// Blocks without records belong to the next block with one, or to nothing.
+TEST(RecordIndexTest, HasNoEntriesForEmptyBlocks) {
+  std::string const empty = "\0\4\0\0"s;
+  std::string const block = "\0\11\0\0\0\5\0\0a"s;
+  std::string const head = "fdrec-index 1 format=bdw rdw=inclusive,big header=0 trailer=0\n";
+  EXPECT_EQ(indexOf(empty + empty, rulesOf(Format::bdw), 1).index.text(),
+            head + "records 0\nend 8\n");
+  EXPECT_EQ(indexOf(empty + block + empty + block + empty, rulesOf(Format::bdw), 1).index.text(),
+            head + "records 2\nend 30\n1 0\n2 13\n");
+}
+
 TEST(RecordIndexTest, HasTheOffsetsOfLines) {
   EXPECT_EQ(indexOf("one\r\ntwo\n\nfour", rulesOf(Format::lines, 5), 6).index.text(),
             "fdrec-index 1 format=lines header=0 trailer=0\n"
@@ -199,6 +210,7 @@ TEST(ParseIndexTest, OtherTextsAreRefused) {
       head + "records 2\nend 8\n1 0\n2 8\n",        // beyond the end
       head + "records 2\nend 8\n1 0\n3 4\n",        // beyond the last record
       head + "records 3\nend 12\n1 0\n3 8\n2 4\n",  // backwards
+      head + "records 3\nend 12\n1 0\n2 4\n2 8\n",  // no record between
       head + "records 2\nend 99999999999999999999\n1 0\n",
   };
   for (std::string const& each : wrong) {
