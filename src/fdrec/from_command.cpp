@@ -1,0 +1,72 @@
+// fdrec from-xml and fdrec from-json: documents as the records of a file.
+#include <CLI/CLI.hpp>
+#include <memory>
+
+#include "document/json_program.h"
+#include "fdrec/commands.h"
+#include "fdrec/data_options.h"
+#include "fdrec/files.h"
+#include "fdrec/from_documents.h"
+
+namespace fdmorph::fdrec {
+namespace {
+
+class FromCommand : public Command {
+ public:
+  explicit FromCommand(document::Syntax syntax) : m_syntax(syntax) {}
+
+  void declare(CLI::App& app) override;
+  [[nodiscard]] int run(CommonOptions const& options) override;
+
+ private:
+  document::Syntax m_syntax;
+  std::string m_copybook;
+  std::string m_path;
+  DataOptions m_data;
+};
+
+void FromCommand::declare(CLI::App& app) {
+  bool isXml = m_syntax == document::Syntax::xml;
+  app.add_option("copybook", m_copybook, "the copybook or program with the records")
+      ->option_text("COPYBOOK")
+      ->required();
+  app.add_option("document", m_path,
+                 isXml ? "the document; default: the standard input"
+                       : "the JSON lines; default: the standard input")
+      ->option_text(isXml ? "DOCUMENT" : "LINES");
+  m_data.declare(app);
+}
+
+int FromCommand::run(CommonOptions const& options) {
+  DataInput input(m_copybook, options, m_data);
+  if (input.hasLayout() && m_syntax == document::Syntax::json) {
+    for (layout::Layout const& each : input.set().layouts()) {
+      document::checkMemberNames(each, input.diagnostics());
+    }
+  }
+  if (int status = input.finish(); status != kClean) return status;
+  for (std::string const* output : {&options.output, &m_data.rejects}) {
+    for (std::string const* file : {&m_copybook, &m_path, &m_data.residue}) {
+      if (int status = refuseOutputOver(*output, *file); status != kClean) return status;
+    }
+  }
+  std::string name = inputName(m_path);
+  framing::InputStream source;
+  if (auto why = source.open(m_path)) {
+    printReadFailure(name, *why);
+    return kFailed;
+  }
+  return FromDocuments(input, m_data, m_syntax, name).run(source, options.output);
+}
+
+}  // namespace
+
+std::unique_ptr<Command> makeFromXmlCommand() {
+  return std::make_unique<FromCommand>(document::Syntax::xml);
+}
+
+std::unique_ptr<Command> makeFromJsonCommand() {
+  return std::make_unique<FromCommand>(document::Syntax::json);
+}
+
+}  // namespace fdmorph::fdrec

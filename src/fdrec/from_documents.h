@@ -1,0 +1,56 @@
+// Documents as the records of a file.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "document/document_reader.h"
+#include "document/encoder.h"
+#include "document/name_index.h"
+#include "document/program.h"
+#include "fdrec/data_input.h"
+#include "fdrec/data_run.h"
+#include "fdrec/residue_file.h"
+#include "framing/record_writer.h"
+
+namespace fdmorph::fdrec {
+
+/// One run of from-xml or from-json. To be used once.
+class FromDocuments {
+ public:
+  /// All objects must outlive this one. `name` is that of the document in messages.
+  FromDocuments(DataInput const& input, DataOptions const& data, document::Syntax syntax,
+                std::string const& name);
+
+  /// Converts all records of `source`. The result is an exit status.
+  [[nodiscard]] int run(framing::InputStream& source, std::string const& output);
+
+ private:
+  void convert(document::DocumentReader& reader);
+  [[nodiscard]] bool take(document::DocumentRecord& record);
+  [[nodiscard]] bool write(document::DocumentRecord& record);
+  [[nodiscard]] std::string_view assemble(document::EncodedRecord const& record,
+                                          document::Residue const& residue);
+  [[nodiscard]] bool fail(document::DocumentRecord const& record);
+  [[nodiscard]] std::unique_ptr<document::DocumentReader> makeReader(
+      framing::InputStream& source);
+
+  DataInput const& m_input;
+  DataOptions const& m_data;
+  document::Syntax m_syntax;
+  std::string const& m_name;
+  document::NameIndex m_names;
+  document::Encoder m_encoder;
+  framing::OutputStream m_output;
+  framing::OutputStream m_rejects;
+  std::unique_ptr<framing::RecordWriter> m_writer;
+  std::unique_ptr<framing::Progress> m_progress;
+  std::unique_ptr<RunCounts> m_counts;
+  std::unique_ptr<ResidueFile> m_residue;
+  document::Residue m_recordResidue;
+  std::string m_bytes;  // of a record with its counts
+  bool m_endsEarly = false;
+};
+
+}  // namespace fdmorph::fdrec
