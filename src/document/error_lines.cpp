@@ -7,6 +7,17 @@ namespace {
 
 constexpr std::size_t kShownBytes = 16;
 
+std::string endOfLine(DataError const& error) {
+  std::string line;
+  if (!error.path.empty()) line += ", " + compiler::printable(error.path);
+  line += ": error: " + compiler::printable(error.text) + " [";
+  line += nameOf(error.code);
+  line += "]\n";
+  return line;
+}
+
+}  // namespace
+
 std::string hexadecimal(std::string_view bytes) {
   constexpr std::string_view kDigits = "0123456789ABCDEF";
   std::string text = "x'";
@@ -19,17 +30,6 @@ std::string hexadecimal(std::string_view bytes) {
   if (bytes.size() > kShownBytes) text += "...";
   return text;
 }
-
-std::string endOfLine(DataError const& error) {
-  std::string line;
-  if (!error.path.empty()) line += ", " + compiler::printable(error.path);
-  line += ": error: " + compiler::printable(error.text) + " [";
-  line += nameOf(error.code);
-  line += "]\n";
-  return line;
-}
-
-}  // namespace
 
 std::string byteErrorLine(std::string_view file, std::uint64_t number, std::uint64_t begin,
                           DataError const& error) {

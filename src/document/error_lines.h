@@ -18,4 +18,7 @@ namespace fdmorph::document {
 [[nodiscard]] std::string documentErrorLine(std::string_view file, std::uint64_t number,
                                             DataError const& error);
 
+/// Bytes as x'C1404B', at most 16 of them, then "...".
+[[nodiscard]] std::string hexadecimal(std::string_view bytes);
+
 }  // namespace fdmorph::document

@@ -5,13 +5,11 @@
 #include <string>
 #include <vector>
 
-#include "document/document_reader.h"
-#include "document/encoder.h"
-#include "document/name_index.h"
-#include "document/program.h"
 #include "fdrec/data_input.h"
 #include "fdrec/data_run.h"
+#include "fdrec/document_rules.h"
 #include "fdrec/residue_file.h"
+#include "fdrec/stored_form.h"
 #include "framing/record_writer.h"
 
 namespace fdmorph::fdrec {
@@ -29,12 +27,8 @@ class FromDocuments {
  private:
   void convert(document::DocumentReader& reader);
   [[nodiscard]] bool take(document::DocumentRecord& record);
-  [[nodiscard]] bool write(document::DocumentRecord& record);
-  [[nodiscard]] std::string_view assemble(document::EncodedRecord const& record,
-                                          document::Residue const& residue);
   [[nodiscard]] bool fail(document::DocumentRecord const& record);
-  [[nodiscard]] std::unique_ptr<document::DocumentReader> makeReader(
-      framing::InputStream& source);
+  [[nodiscard]] std::unique_ptr<document::DocumentReader> makeReader(framing::InputStream& source);
 
   DataInput const& m_input;
   DataOptions const& m_data;
@@ -42,6 +36,7 @@ class FromDocuments {
   std::string const& m_name;
   document::NameIndex m_names;
   document::Encoder m_encoder;
+  StoredForm m_form;
   framing::OutputStream m_output;
   framing::OutputStream m_rejects;
   std::unique_ptr<framing::RecordWriter> m_writer;
@@ -49,7 +44,6 @@ class FromDocuments {
   std::unique_ptr<RunCounts> m_counts;
   std::unique_ptr<ResidueFile> m_residue;
   document::Residue m_recordResidue;
-  std::string m_bytes;  // of a record with its counts
   bool m_endsEarly = false;
 };
 

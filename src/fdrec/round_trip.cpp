@@ -1,0 +1,67 @@
+#include "fdrec/round_trip.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace fdmorph::fdrec {
+namespace {
+
+std::span<unsigned char const> bytesOf(std::string_view text) {
+  return {reinterpret_cast<unsigned char const*>(text.data()), text.size()};
+}
+
+}  // namespace
+
+RoundTrip::RoundTrip(DataInput const& input, DataOptions const& data, document::Syntax syntax)
+    : m_data(data),
+      m_syntax(syntax),
+      m_names(input.set().names(), nameMatch(data, syntax)),
+      m_options(makeReaderOptions(input.set(), m_names, data)),
+      m_encoder(input.set(), m_names, makeEncodeRules(data, syntax)),
+      m_form(input) {}
+
+std::vector<TrippedRecord> RoundTrip::run(framing::Batch const& batch,
+                                          document::BatchText const& text) {
+  std::string_view rest = text.text.text();
+  auto read = [&rest](std::span<char> buffer) -> std::optional<std::size_t> {
+    std::size_t size = std::min(buffer.size(), rest.size());
+    std::memcpy(buffer.data(), rest.data(), size);
+    rest.remove_prefix(size);
+    return size;
+  };
+  auto reader = makeDocumentReader(m_syntax, read, m_names, m_options);
+  std::vector<TrippedRecord> results;
+  document::DocumentRecord record;
+  auto failed = text.failed.begin();
+  for (std::size_t frame = 0; frame < batch.frames.size(); ++frame) {
+    if (failed != text.failed.end() && failed->frame == frame) {
+      ++failed;
+      continue;
+    }
+    TrippedRecord result;
+    result.frame = frame;
+    result.ordinal = frame - static_cast<std::size_t>(failed - text.failed.begin());
+    if (!reader->next(record)) break;
+    compare(batch.data(batch.frames[frame]), record, result);
+    bool isSame = result.residue.isEmpty() && result.error.empty();
+    if (!isSame) results.push_back(std::move(result));
+  }
+  return results;
+}
+
+void RoundTrip::compare(std::string_view stored, document::DocumentRecord& record,
+                        TrippedRecord& result) {
+  bool isEncoded =
+      !record.instances.all.empty() && m_encoder.encode(record.instances, record.errors);
+  if (isEncoded && record.errors.empty()) {
+    std::string_view made = m_form.assemble(m_encoder.result());
+    result.residue = document::differenceOf(bytesOf(stored), bytesOf(made), {});
+    if (!result.residue.isEmpty()) result.made = made;
+    return;
+  }
+  result.error = record.errors.empty() ? "the document is empty" : record.errors.front().text;
+  result.residue.length = stored.size();
+  result.residue.runs.push_back({0, std::string(stored)});
+}
+
+}  // namespace fdmorph::fdrec
