@@ -4,6 +4,18 @@
 
 namespace fdmorph::fdrec {
 
+std::unique_ptr<Command> makeCheckCommand();
+std::unique_ptr<Command> makeCopybookCommand();
+std::unique_ptr<Command> makeIndexCommand();
+std::unique_ptr<Command> makeShowCommand();
+std::unique_ptr<Command> makePlainCommand();
+std::unique_ptr<Command> makeSchemaCommand();
+std::unique_ptr<Command> makeToXmlCommand();
+std::unique_ptr<Command> makeToJsonCommand();
+std::unique_ptr<Command> makeFromXmlCommand();
+std::unique_ptr<Command> makeFromJsonCommand();
+std::unique_ptr<Command> makeVerifyCommand();
+
 std::span<CommandRow const> commandTable() {
   static std::vector<CommandRow> const kCommands{
       {"show", "show the items of records with offset, length, picture and XML path",
@@ -14,6 +26,11 @@ std::span<CommandRow const> commandTable() {
       {"schema", "write an XML Schema or JSON Schema of the documents of a record",
        makeSchemaCommand},
       {"index", "write where records begin in a file, for --part", makeIndexCommand},
+      {"to-xml", "convert records to XML", makeToXmlCommand},
+      {"to-json", "convert records to JSON lines", makeToJsonCommand},
+      {"from-xml", "convert XML to records", makeFromXmlCommand},
+      {"from-json", "convert JSON lines to records", makeFromJsonCommand},
+      {"verify", "check that records as documents keep all bytes", makeVerifyCommand},
   };
   return kCommands;
 }

@@ -1,5 +1,6 @@
 #include "fdrec/to_documents.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "document/error_lines.h"
@@ -28,6 +29,10 @@ int ToDocuments::run(framing::InputStream& source, std::string const& output) {
     if (int status = openOutput(m_rejects, m_data.rejects); status != kClean) return status;
     m_rejectWriter = std::make_unique<framing::RecordWriter>(m_rejects, m_input.framing());
   }
+  if (!m_data.residue.empty()) {
+    if (int status = openOutput(m_residue, m_data.residue); status != kClean) return status;
+    m_residue.write(std::string(document::kResidueHead) + '\n');
+  }
   if (m_data.framing.hasProgress()) {
     m_progress =
         std::make_unique<framing::Progress>(framing::Progress::standardError(), source.end());
@@ -49,6 +54,9 @@ int ToDocuments::run(framing::InputStream& source, std::string const& output) {
     m_rejectWriter->finish();
     status = std::max(status, commitOutput(m_rejects, m_data.rejects));
   }
+  if (!m_data.residue.empty() && !m_endsEarly) {
+    status = std::max(status, commitOutput(m_residue, m_data.residue));
+  }
   if (source.failure() || status != kClean) return kFailed;
   return m_counts->hasErrors() ? kErrors : m_input.cleanStatus();
 }
@@ -56,21 +64,25 @@ int ToDocuments::run(framing::InputStream& source, std::string const& output) {
 void ToDocuments::convert(framing::InputStream& source, framing::PartRange const& part) {
   for (std::size_t i = 0; i < m_data.framing.threads(); ++i) {
     m_decoders.push_back(std::make_unique<document::Decoder>(m_programs, m_input.lengths()));
+    if (m_data.residue.empty()) continue;
+    m_trips.push_back(std::make_unique<RoundTrip>(m_input, m_data, m_programs.rules().syntax));
   }
   framing::RecordReader reader(source, m_input.framing(), part);
-  framing::OrderedSteps<Batch, BatchText> steps;
+  framing::OrderedSteps<Batch, ConvertedBatch> steps;
   steps.read = [&reader](Batch& batch) { return reader.next(batch); };
-  steps.work = [this](std::size_t thread, Batch& batch, BatchText& text) {
-    text.clear();
-    document::decodeBatch(*m_decoders[thread], batch, text);
+  steps.work = [this](std::size_t thread, Batch& batch, ConvertedBatch& converted) {
+    converted.text.clear();
+    document::decodeBatch(*m_decoders[thread], batch, converted.text);
+    if (!m_trips.empty()) converted.residues = m_trips[thread]->run(batch, converted.text);
   };
-  steps.take = [this](Batch& batch, BatchText& text) { return take(batch, text); };
-  framing::OrderedWorkers<Batch, BatchText>::run(m_data.framing.threads(), steps);
+  steps.take = [this](Batch& batch, ConvertedBatch& converted) { return take(batch, converted); };
+  framing::OrderedWorkers<Batch, ConvertedBatch>::run(m_data.framing.threads(), steps);
 }
 
 // Writes the documents of a batch. False if the run has to end.
-bool ToDocuments::take(Batch const& batch, BatchText const& text) {
-  bool goesOn = takeRecords(batch, text);
+bool ToDocuments::take(Batch const& batch, ConvertedBatch const& converted) {
+  bool goesOn = takeRecords(batch, converted.text);
+  if (goesOn) takeResidues(converted);
   if (goesOn && batch.error) {
     if (m_progress) m_progress->hide();
     printFrameError(m_name, *batch.error);
@@ -98,6 +110,13 @@ bool ToDocuments::takeRecords(Batch const& batch, BatchText const& text) {
   m_output.write(text.text.text().substr(begin));
   m_counts->addRecords(before + batch.frames.size() - m_counts->records());
   return true;
+}
+
+void ToDocuments::takeResidues(ConvertedBatch const& converted) {
+  for (TrippedRecord const& each : converted.residues) {
+    m_residue.write(document::residueLines(m_written + each.ordinal + 1, each.residue));
+  }
+  m_written += converted.text.ends.size();
 }
 
 bool ToDocuments::takeFailed(Batch const& batch, document::FailedRecord const& failed) {

@@ -8,9 +8,16 @@
 #include "document/batch_decoding.h"
 #include "fdrec/data_input.h"
 #include "fdrec/data_run.h"
+#include "fdrec/round_trip.h"
 #include "framing/record_writer.h"
 
 namespace fdmorph::fdrec {
+
+/// The documents of a batch, and what they lack of its records.
+struct ConvertedBatch {
+  document::BatchText text;
+  std::vector<TrippedRecord> residues;
+};
 
 /// One run of to-xml or to-json. To be used once.
 class ToDocuments {
@@ -24,8 +31,9 @@ class ToDocuments {
 
  private:
   void convert(framing::InputStream& source, framing::PartRange const& part);
-  [[nodiscard]] bool take(framing::Batch const& batch, document::BatchText const& text);
+  [[nodiscard]] bool take(framing::Batch const& batch, ConvertedBatch const& converted);
   [[nodiscard]] bool takeRecords(framing::Batch const& batch, document::BatchText const& text);
+  void takeResidues(ConvertedBatch const& converted);
   [[nodiscard]] bool takeFailed(framing::Batch const& batch, document::FailedRecord const& failed);
   [[nodiscard]] bool checkSingle(framing::Batch const& batch);
   void reportNone();
@@ -38,11 +46,14 @@ class ToDocuments {
   document::Programs const& m_programs;
   std::string const& m_name;
   std::vector<std::unique_ptr<document::Decoder>> m_decoders;  // one for each thread
+  std::vector<std::unique_ptr<RoundTrip>> m_trips;              // the same, with --residue
   framing::OutputStream m_output;
   framing::OutputStream m_rejects;
+  framing::OutputStream m_residue;
   std::unique_ptr<framing::RecordWriter> m_rejectWriter;
   std::unique_ptr<framing::Progress> m_progress;
   std::unique_ptr<RunCounts> m_counts;
+  std::uint64_t m_written = 0;  // documents
   bool m_endsEarly = false;
 };
 
