@@ -26,7 +26,7 @@ document::EncodeRules makeEncodeRules(DataOptions const& data, Syntax syntax) {
 }
 
 document::ReaderOptions makeReaderOptions(layout::RecordSet const& set,
-                                          document::NameIndex const& names,
+                                          document::NameNumbers const& names,
                                           DataOptions const& data) {
   document::ReaderOptions options;
   for (layout::Layout const& each : set.layouts()) {
@@ -37,7 +37,7 @@ document::ReaderOptions makeReaderOptions(layout::RecordSet const& set,
 }
 
 std::unique_ptr<document::DocumentReader> makeDocumentReader(
-    Syntax syntax, document::ReadBlock read, document::NameIndex const& names,
+    Syntax syntax, document::ReadBlock read, document::NameNumbers const& names,
     document::ReaderOptions const& options) {
   if (syntax == Syntax::json) {
     return std::make_unique<document::JsonReader>(std::move(read), names, options);

@@ -3,7 +3,7 @@
 
 #include "document/document_reader.h"
 #include "document/encoder.h"
-#include "document/name_index.h"
+#include "document/name_numbers.h"
 #include "document/program.h"
 #include "fdrec/data_options.h"
 
@@ -16,12 +16,12 @@ namespace fdmorph::fdrec {
 
 /// Options to read the records of a set.
 [[nodiscard]] document::ReaderOptions makeReaderOptions(layout::RecordSet const& set,
-                                                        document::NameIndex const& names,
+                                                        document::NameNumbers const& names,
                                                         DataOptions const& data);
 
 /// A reader of records. `names` must outlive it.
 [[nodiscard]] std::unique_ptr<document::DocumentReader> makeDocumentReader(
-    document::Syntax syntax, document::ReadBlock read, document::NameIndex const& names,
+    document::Syntax syntax, document::ReadBlock read, document::NameNumbers const& names,
     document::ReaderOptions const& options);
 
 }  // namespace fdmorph::fdrec

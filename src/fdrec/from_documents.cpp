@@ -106,7 +106,7 @@ bool FromDocuments::take(DocumentRecord& record) {
       !record.instances.all.empty() && m_encoder.encode(record.instances, record.errors, runs);
   if (!isEncoded || !record.errors.empty()) return fail(record);
   std::string_view bytes = m_form.assemble(m_encoder.result(), m_recordResidue);
-  framing::WriteResult result = m_writer->write(bytes);
+  framing::WriteResult result = m_writer->write(bytes, framing::RecordWriter::LineEnd::exact);
   if (result == framing::WriteResult::written) return true;
   document::DataError error{document::ErrorCode::frame, std::string(framing::wordsOf(result))};
   error.line = record.line;

@@ -34,7 +34,7 @@ class FromDocuments {
   DataOptions const& m_data;
   document::Syntax m_syntax;
   std::string const& m_name;
-  document::NameIndex m_names;
+  document::NameNumbers m_names;
   document::Encoder m_encoder;
   StoredForm m_form;
   framing::OutputStream m_output;

@@ -37,7 +37,7 @@ class RoundTrip {
 
   DataOptions const& m_data;
   document::Syntax m_syntax;
-  document::NameIndex m_names;
+  document::NameNumbers m_names;
   document::ReaderOptions m_options;
   document::Encoder m_encoder;
   StoredForm m_form;

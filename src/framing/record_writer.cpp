@@ -31,7 +31,7 @@ RecordWriter::RecordWriter(OutputStream& output, FramingRules const& rules)
   if (rules.format == Format::bdw) m_block.reserve(rules.blockSize);
 }
 
-WriteResult RecordWriter::write(std::string_view record) {
+WriteResult RecordWriter::write(std::string_view record, LineEnd end) {
   switch (m_rules.format) {
     case Format::fixed:
       return writeFixed(record);
@@ -41,7 +41,7 @@ WriteResult RecordWriter::write(std::string_view record) {
     case Format::bdw:
       return writeBlocked(record);
     case Format::lines:
-      return writeLine(record);
+      return writeLine(record, end);
   }
   return WriteResult::written;
 }
@@ -75,10 +75,12 @@ WriteResult RecordWriter::writeBlocked(std::string_view record) {
   return WriteResult::written;
 }
 
-WriteResult RecordWriter::writeLine(std::string_view record) {
+WriteResult RecordWriter::writeLine(std::string_view record, LineEnd end) {
   if (record.find('\n') != std::string_view::npos) return WriteResult::lineFeed;
   // None is found in a record of blanks: npos + 1 is 0.
-  m_output.write(record.substr(0, record.find_last_not_of(m_rules.blank) + 1));
+  if (end == LineEnd::trimmed)
+    record = record.substr(0, record.find_last_not_of(m_rules.blank) + 1);
+  m_output.write(record);
   m_output.write("\n");
   return WriteResult::written;
 }

@@ -27,9 +27,12 @@ class RecordWriter {
   /// `output` is open and must outlive this object.
   RecordWriter(OutputStream& output, FramingRules const& rules);
 
+  /// What becomes of the blanks at the end of a line.
+  enum class LineEnd : std::uint8_t { trimmed, exact };
+
   /// Writes a record, or leaves it out. In a `fixed` file it is padded with blanks, as
   /// a line it loses those at its end.
-  [[nodiscard]] WriteResult write(std::string_view record);
+  [[nodiscard]] WriteResult write(std::string_view record, LineEnd end = LineEnd::trimmed);
 
   /// Writes a record as it was in the file that it was read from, which has the same
   /// rules. In a file of blocks it goes to blocks of this file. A line that was cut is
@@ -43,7 +46,7 @@ class RecordWriter {
   WriteResult writeFixed(std::string_view record);
   WriteResult writeDescribed(std::string_view record);
   WriteResult writeBlocked(std::string_view record);
-  WriteResult writeLine(std::string_view record);
+  WriteResult writeLine(std::string_view record, LineEnd end);
 
   OutputStream& m_output;
   FramingRules const m_rules;
