@@ -20,7 +20,7 @@ DataInput::DataInput(std::string const& copybook, CommonOptions const& common, D
     if (tree.root().role == record::Role::element) continue;
     diagnostics().report(
         compiler::Code::layout, tree.root().item->place,
-        "record " + compiler::quoted(dataNameOf(*tree.root().item)) + " has no XML name");
+        "record " + compiler::quoted(record::dataNameOf(*tree.root().item)) + " has no XML name");
   }
   m_set = std::make_unique<layout::RecordSet>(m_copybook->trees(), m_rules.layout, data.when,
                                               diagnostics());

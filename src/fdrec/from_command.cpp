@@ -45,9 +45,9 @@ int FromCommand::run(CommonOptions const& options) {
     }
   }
   if (int status = input.finish(); status != kClean) return status;
-  for (std::string const* output : {&options.output, &m_data.rejects}) {
-    for (std::string const* file : {&m_copybook, &m_path, &m_data.residue}) {
-      if (int status = refuseOutputOver(*output, *file); status != kClean) return status;
+  for (std::string const& output : {options.output, m_data.rejects}) {
+    for (std::string const& file : {m_copybook, m_path, m_data.residue}) {
+      if (int status = refuseOutputOver(output, file); status != kClean) return status;
     }
   }
   std::string name = inputName(m_path);

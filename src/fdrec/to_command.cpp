@@ -40,9 +40,9 @@ int ToCommand::run(CommonOptions const& options) {
                                                     input.diagnostics());
   }
   if (int status = input.finish(); status != kClean) return status;
-  for (std::string const* output : {&options.output, &m_data.rejects, &m_data.residue}) {
-    for (std::string const* file : {&m_copybook, &m_path}) {
-      if (int status = refuseOutputOver(*output, *file); status != kClean) return status;
+  for (std::string const& output : {options.output, m_data.rejects, m_data.residue}) {
+    for (std::string const& file : {m_copybook, m_path}) {
+      if (int status = refuseOutputOver(output, file); status != kClean) return status;
     }
   }
   std::string name = inputName(m_path);

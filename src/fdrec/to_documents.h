@@ -46,7 +46,7 @@ class ToDocuments {
   document::Programs const& m_programs;
   std::string const& m_name;
   std::vector<std::unique_ptr<document::Decoder>> m_decoders;  // one for each thread
-  std::vector<std::unique_ptr<RoundTrip>> m_trips;              // the same, with --residue
+  std::vector<std::unique_ptr<RoundTrip>> m_trips;             // the same, with --residue
   framing::OutputStream m_output;
   framing::OutputStream m_rejects;
   framing::OutputStream m_residue;

@@ -5,6 +5,7 @@
 
 #include "document/error_lines.h"
 #include "fdrec/commands.h"
+#include "fdrec/data_run.h"
 #include "fdrec/files.h"
 #include "fdrec/round_trip.h"
 #include "framing/ordered_workers.h"
