@@ -19,6 +19,13 @@ class OneSpelling : public fdmorph::document::RecordPredictor {
   }
 };
 
+/// What is wrong with malformed text, and where, the parser may tell otherwise if a
+/// block ends in it.
+std::string withoutMalformed(std::string const& text) {
+  std::size_t const at = text.find(" xml ");
+  return at == std::string::npos ? text : text.substr(0, text.rfind('[', at)) + "[xml]\n";
+}
+
 std::string withoutPredictions(std::string text) {
   constexpr std::string_view kPredicted = "predicted\n";
   for (std::size_t at = 0; (at = text.find(kPredicted, at)) != std::string::npos;) {
@@ -34,20 +41,19 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   fdmorph::document::DocumentFixture fixture("A B c");
   fixture.names.add("u", "B");
   fixture.names.add("u", "d");
-  std::string const whole = fixture.readXml(text);
+  auto read = [&] { return withoutMalformed(withoutPredictions(fixture.readXml(text))); };
+  std::string const whole = read();
   for (std::size_t blockSize : {1U, 7U}) {
     fixture.blockSize = blockSize;
-    if (fixture.readXml(text) != whole) fdmorph::failFuzzRun("blocks change the records", text);
+    if (read() != whole) fdmorph::failFuzzRun("blocks change the records", text);
   }
   fixture.blockSize = SIZE_MAX;
   OneSpelling predictor;
   fixture.predictor = &predictor;
-  if (withoutPredictions(fixture.readXml(text)) != whole) {
-    fdmorph::failFuzzRun("predictions change the records", text);
-  }
+  if (read() != whole) fdmorph::failFuzzRun("predictions change the records", text);
   fixture.predictor = nullptr;
   fixture.options.keepsText = true;
-  if (fixture.readXml(text) != whole) fdmorph::failFuzzRun("kept texts change records", text);
+  if (read() != whole) fdmorph::failFuzzRun("kept texts change records", text);
   for (std::string const& line : std::vector<std::string>(fixture.texts)) {
     if (line.empty()) continue;
     std::string const again = fixture.readXml("<l>" + line + "</l>");
