@@ -31,4 +31,8 @@ function(fdmorph_batch target)
     set_source_files_properties(${batch} PROPERTIES UNITY_GROUP batch_${number})
   endforeach()
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+  if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+    # GCC takes an unnamed namespace of an included source for one of a header.
+    target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+  endif()
 endfunction()

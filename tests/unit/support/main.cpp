@@ -1,11 +1,12 @@
 #include <gtest/gtest.h>
+#include <sanitizer/lsan_interface.h>
 
 #include <clocale>
 
 // The library lets its record of an external document type go on purpose, as
 // others may still point to it; LeakSanitizer asks this function what to pass
 // over.
-extern "C" char const* __lsan_default_suppressions() {  // NOLINT(bugprone-reserved-identifier)
+extern "C" char const* __lsan_default_suppressions() {
   return "leak:XMLScanner::scanProlog\n";
 }
 
