@@ -1,0 +1,2 @@
+       01  A-RECORD.
+           05 A-TEXT PIC X(4).

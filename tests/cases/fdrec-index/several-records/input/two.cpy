@@ -1,0 +1,2 @@
+       01  SHORT PIC X(2).
+       01  LONG  PIC X(6).
