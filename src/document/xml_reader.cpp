@@ -194,8 +194,9 @@ XmlReader::Step XmlReader::fail(std::string text, std::uint64_t offset, Document
 
 bool XmlReader::canPredict() const {
   return m_predictor != nullptr && m_pause == 0 && m_pending == 0 && m_handlers->depth() == 1 &&
-         !m_handlers->isInNamespaces() && m_unit == LineIndex::Unit::byte &&
-         isUtf8Name(m_handlers->encoding()) && m_declinedAt != m_window.offset();
+         !m_handlers->isInRecord() && !m_handlers->isInNamespaces() &&
+         m_unit == LineIndex::Unit::byte && isUtf8Name(m_handlers->encoding()) &&
+         m_declinedAt != m_window.offset();
 }
 
 // The parser is in the root and has no bytes left.

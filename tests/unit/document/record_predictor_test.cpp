@@ -81,6 +81,11 @@ TEST_F(RecordPredictorTest, TakesRecordsAfterTheFirst) {
   }
 }
 
+TEST_F(RecordPredictorTest, IsNotAskedInsideARootThatIsARecord) {
+  EXPECT_EQ(fixture.readXml("<A><A><B>\n</B></A></A>"), "1 A(A(B=\n))\n");
+  EXPECT_EQ(predictor.asked(), 0);
+}
+
 TEST_F(RecordPredictorTest, IsNotAskedInOtherEncodingsOrNamespaces) {
   EXPECT_EQ(fixture.readXml("<l xmlns='u'><A><B>\n</B></A></l>"),
             "1 [1:14 unknown A: no record has this name]\n");
