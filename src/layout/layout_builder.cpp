@@ -249,7 +249,10 @@ void LayoutBuilder::fillItems(std::uint32_t group, unsigned char* bytes) {
     if (node.area != kNone) {
       Area const& area = m_layout.m_areas[node.area];
       if (area.views.front() != i) continue;
-      std::memset(begin, m_rules.conventions.codePage->blank(), area.size);
+      // The first view has its slack bytes; what it does not cover is blank.
+      std::uint64_t const covered = std::min(node.extent(), area.size);
+      std::memset(begin, 0, covered);
+      std::memset(begin + covered, m_rules.conventions.codePage->blank(), area.size - covered);
     }
     if (node.most == 0 || node.size == 0) continue;
     fillAbsent(i, begin);
