@@ -118,6 +118,8 @@ void checkCanonical(Values const& values, ItemFormat const& format, Bytes const&
   EncodeResult const written = values.encode(format, text, again.data());
   if (written.error != ValueError::none) failFuzzRun("what is read cannot be written", text);
   std::string repeated;
+  // x'00' at the end becomes blanks, which may belong to the text.
+  if (!format.isNumber() && values.conventions().trim == Trim::none) return;
   DecodeResult const second = decoded<Target::plain>(values, format, again.data(), repeated);
   if (second.error != ValueError::none || second.isOmitted || repeated != text) {
     failFuzzRun("what is written is read as another text", text + "|" + repeated);
