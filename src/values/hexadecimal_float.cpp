@@ -41,8 +41,10 @@ double readHexadecimal(std::uint64_t bits, unsigned size) {
   std::uint64_t const digits = bits & ((std::uint64_t{1} << fraction) - 1);
   int const power = static_cast<int>((bits >> fraction) & 0x7FU) - kBias;
   bool const isNegative = (bits >> (fraction + 7)) != 0 && digits != 0;
-  double const number =
+  double number =
       std::ldexp(static_cast<double>(digits), kBitsOfDigit * power - static_cast<int>(fraction));
+  // The largest numbers would become the power of 16 that is above them all.
+  if (number == std::ldexp(1, kBitsOfDigit * kMaxPower)) number = std::nextafter(number, 0);
   return isNegative ? -number : number;
 }
 

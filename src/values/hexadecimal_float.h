@@ -7,7 +7,8 @@
 
 namespace fdmorph::values {
 
-/// The nearest double of a number of 4 or 8 bytes. Those of 4 are exact.
+/// The nearest double of a number of 4 or 8 bytes that has a nearest such number.
+/// Those of 4 are exact.
 [[nodiscard]] double readHexadecimal(std::uint64_t bits, unsigned size);
 
 /// The bits of the nearest number, normalised, or with the least power of 16 below

@@ -138,6 +138,15 @@ TEST(Hexadecimal, HasItsShortestText) {
   }
 }
 
+// All digits F: the nearest double is 16^63, which is too large to be written. The one
+// below it is (1 - 2^-53) * 16^63.
+TEST(Hexadecimal, HasATextThatCanBeWritten) {
+  OneItem const item = ibmItem("COMP-2");
+  EXPECT_EQ(item.textOf("7FFFFFFFFFFFFFFF"), "7.2370055773322614e+75");
+  EXPECT_EQ(item.bytesOf("7.2370055773322614e+75"), "7FFFFFFFFFFFFFF8");
+  EXPECT_EQ(item.textOf("FFFFFFFFFFFFFFFF"), "-7.2370055773322614e+75");
+}
+
 // 2^53 + 1 needs 54 bits: the nearest double is 2^53.
 TEST(Hexadecimal, OfEightBytesIsThatOfTheNearestDouble) {
   EXPECT_EQ(ibmItem("COMP-2").textOf("4E20000000000001"), "9007199254740992");
