@@ -25,8 +25,10 @@ bool isZero(DecimalText const& number) {
 std::strong_ordering compareMagnitudes(DecimalText const& left, DecimalText const& right) {
   std::string_view const leftInteger = withoutZeros(left.integer);
   std::string_view const rightInteger = withoutZeros(right.integer);
-  if (auto const bySize = leftInteger.size() <=> rightInteger.size(); bySize != 0) return bySize;
-  if (auto const byInteger = leftInteger <=> rightInteger; byInteger != 0) return byInteger;
+  auto const bySize = leftInteger.size() <=> rightInteger.size();
+  if (!std::is_eq(bySize)) return bySize;
+  auto const byInteger = leftInteger <=> rightInteger;
+  if (!std::is_eq(byInteger)) return byInteger;
   std::size_t const places = std::max(left.fraction.size(), right.fraction.size());
   for (std::size_t i = 0; i < places; ++i) {
     char const a = i < left.fraction.size() ? left.fraction[i] : '0';

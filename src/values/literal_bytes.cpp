@@ -1,7 +1,6 @@
 #include "values/literal_bytes.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "source/literals.h"
 #include "text/letter_case.h"
@@ -152,8 +151,8 @@ bool LiteralBytes::write(ItemFormat const& format, Literal const& literal,
   std::optional<std::string> const padding = textOf(format, left, blanks);
   if (!padding) return false;
   unsigned char* const begin = format.isJustified ? bytes + left : bytes;
-  std::memcpy(begin, text->data() + cut, size);
-  std::memcpy(format.isJustified ? bytes : bytes + size, padding->data(), left);
+  std::copy_n(text->begin() + static_cast<std::ptrdiff_t>(cut), size, begin);
+  std::copy_n(padding->begin(), left, format.isJustified ? bytes : bytes + size);
   return true;
 }
 

@@ -216,7 +216,7 @@ DecodeResult decodeBinary(ItemFormat const& format, unsigned char const* bytes, 
   constexpr int kMaxScale = 18;  // whose power is below half of the numbers
   if (format.scale >= 0 && format.scale <= kMaxScale) {
     if (number.isNegative) *out++ = '-';
-    std::uint64_t const power = kPowers[static_cast<std::size_t>(format.scale)];
+    std::uint64_t const power = kPowers[static_cast<std::uint8_t>(format.scale)];
     char* const room = out + kMaxNumberText / 2;
     out = std::to_chars(out, room, number.value / power).ptr;
     if (format.scale > 0) {

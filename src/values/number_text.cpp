@@ -150,7 +150,7 @@ char* writeRow(char* out, std::uint64_t row, int scale, bool isNegative) {
 
 std::optional<TextRow> readRow(std::string_view text, unsigned digits, int scale) {
   TextRow result;
-  if (text.size() > 2 * kMaxRow) return std::nullopt;
+  if (text.size() > std::size_t{2} * kMaxRow) return std::nullopt;
   char const* at = text.data();
   char const* const end = at + text.size();
   if (at != end && *at == '-') {
