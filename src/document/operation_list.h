@@ -11,7 +11,7 @@ namespace fdmorph::document {
 class OperationList {
  public:
   explicit OperationList(layout::RecordSet const& set, std::uint32_t record)
-      : m_set(set), m_layout(set.layouts()[record]) {}
+      : m_layout(set.layouts()[record]) {}
 
   /// Adds markup before what comes next.
   void write(std::string_view markup) { m_pending += markup; }
@@ -40,7 +40,6 @@ class OperationList {
   [[nodiscard]] Program finish();
 
  private:
-  layout::RecordSet const& m_set;
   layout::Layout const& m_layout;
   Program m_program;
   std::string m_pending;
