@@ -48,7 +48,7 @@ void storePacked(ItemFormat const& format, Digits const& number, unsigned char* 
   nibbles[count - 1] = static_cast<unsigned char>(number.isNegative ? kMinus
                                                   : format.isSigned ? kPlus
                                                                     : kUnsigned);
-  for (unsigned i = 0; i < format.size; ++i) {
+  for (std::size_t i = 0; i < format.size; ++i) {
     bytes[i] = static_cast<unsigned char>((nibbles[2 * i] << kNibbleBits) | nibbles[2 * i + 1]);
   }
 }
@@ -64,7 +64,8 @@ bool PredictedReader::readNumber(Step const& step, unsigned char* bytes, char en
   Digits number;
   number.isNegative = *at == '-';
   if (number.isNegative) ++at;
-  auto const scale = static_cast<unsigned>(format.scale);
+  int const decimals = format.scale;  // not below zero, see codecOf()
+  auto const scale = static_cast<unsigned>(decimals);
   unsigned const places = format.digits - scale;
   char const* const integer = at;
   while (at - integer <= static_cast<std::ptrdiff_t>(kMostDigits) && isDigit(*at)) ++at;

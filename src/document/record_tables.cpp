@@ -42,11 +42,11 @@ void RecordEncoder::noteCounter(std::uint32_t node, std::uint64_t offset, Instan
 // last call, since their view may change.
 void RecordEncoder::checkTables(bool isLast) {
   std::size_t kept = 0;
-  for (std::size_t i = 0; i < m_tableChecks.size(); ++i) {
-    TableCheck const check = m_tableChecks[i];
+  for (TableCheck const& check : m_tableChecks) {
     std::uint32_t counter = m_layout.counters()[m_layout[check.table].counter].node;
     if (!isLast && counter != kNone && isInArea(counter)) {
-      m_tableChecks[kept++] = check;
+      m_tableChecks[kept] = check;
+      ++kept;
     } else {
       loadOccurrence(check.occurrence, m_layout[check.table].depth);
       checkTable(check);

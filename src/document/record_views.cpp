@@ -120,8 +120,7 @@ void RecordEncoder::resolveUndecided() {
   while (!areAllDecided) {
     bool hasProgress = false;
     areAllDecided = true;
-    for (std::size_t k = 0; k < m_undecided.size(); ++k) {
-      Undecided const each = m_undecided[k];
+    for (Undecided const& each : m_undecided) {
       loadOccurrence(each.occurrence, innerDepth(each.frame.node));
       Range areas = planOf(each.frame).areas;
       for (std::uint32_t i = areas.begin; i < areas.end; ++i) {
