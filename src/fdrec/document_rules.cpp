@@ -36,13 +36,15 @@ document::ReaderOptions makeReaderOptions(layout::RecordSet const& set,
   return options;
 }
 
-std::unique_ptr<document::DocumentReader> makeDocumentReader(
-    Syntax syntax, document::ReadBlock read, document::NameNumbers const& names,
-    document::ReaderOptions const& options) {
+std::unique_ptr<document::DocumentReader> makeDocumentReader(Syntax syntax,
+                                                             document::ReadBlock read,
+                                                             document::NameNumbers const& names,
+                                                             document::ReaderOptions const& options,
+                                                             document::RecordPredictor* predictor) {
   if (syntax == Syntax::json) {
     return std::make_unique<document::JsonReader>(std::move(read), names, options);
   }
-  return std::make_unique<document::XmlReader>(std::move(read), names, options);
+  return std::make_unique<document::XmlReader>(std::move(read), names, options, predictor);
 }
 
 }  // namespace fdmorph::fdrec

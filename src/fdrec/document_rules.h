@@ -5,6 +5,7 @@
 #include "document/encoder.h"
 #include "document/name_numbers.h"
 #include "document/program.h"
+#include "document/record_predictor.h"
 #include "fdrec/data_options.h"
 
 namespace fdmorph::fdrec {
@@ -19,9 +20,9 @@ namespace fdmorph::fdrec {
                                                         document::NameNumbers const& names,
                                                         DataOptions const& data);
 
-/// A reader of records. `names` must outlive it.
+/// A reader of records. `names` and `predictor`, which may be null, must outlive it.
 [[nodiscard]] std::unique_ptr<document::DocumentReader> makeDocumentReader(
     document::Syntax syntax, document::ReadBlock read, document::NameNumbers const& names,
-    document::ReaderOptions const& options);
+    document::ReaderOptions const& options, document::RecordPredictor* predictor = nullptr);
 
 }  // namespace fdmorph::fdrec

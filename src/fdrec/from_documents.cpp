@@ -22,7 +22,7 @@ bool endsTheRun(DocumentRecord const& record) {
 
 }  // namespace
 
-FromDocuments::FromDocuments(DataInput const& input, DataOptions const& data, Syntax syntax,
+FromDocuments::FromDocuments(DataInput& input, DataOptions const& data, Syntax syntax,
                              std::string const& name)
     : m_input(input),
       m_data(data),
@@ -30,7 +30,12 @@ FromDocuments::FromDocuments(DataInput const& input, DataOptions const& data, Sy
       m_name(name),
       m_names(input.set().names(), nameMatch(data, syntax)),
       m_encoder(input.set(), m_names, makeEncodeRules(data, syntax)),
-      m_form(input) {}
+      m_form(input) {
+  // A residue may take the place of bytes that views and counters depend on.
+  if (syntax == Syntax::xml && data.residue.empty()) {
+    m_predictor = document::PredictedReader::make(input.set(), input.diagnostics());
+  }
+}
 
 std::unique_ptr<document::DocumentReader> FromDocuments::makeReader(framing::InputStream& source) {
   document::ReaderOptions options = makeReaderOptions(m_input.set(), m_names, m_data);
@@ -40,7 +45,7 @@ std::unique_ptr<document::DocumentReader> FromDocuments::makeReader(framing::Inp
     if (source.failure()) return std::nullopt;
     return size;
   };
-  return makeDocumentReader(m_syntax, read, m_names, options);
+  return makeDocumentReader(m_syntax, read, m_names, options, m_predictor.get());
 }
 
 int FromDocuments::run(framing::InputStream& source, std::string const& output) {
@@ -98,14 +103,8 @@ void FromDocuments::convert(document::DocumentReader& reader) {
 // Converts one record. False if the run has to end.
 bool FromDocuments::take(DocumentRecord& record) {
   if (m_residue && !m_residue->read(record.number, m_recordResidue)) return false;
-  std::vector<document::ByteRun> runs;
-  for (document::Residue::Run const& run : m_recordResidue.runs) {
-    runs.push_back({run.offset, run.bytes});
-  }
-  bool isEncoded =
-      !record.instances.all.empty() && m_encoder.encode(record.instances, record.errors, runs);
-  if (!isEncoded || !record.errors.empty()) return fail(record);
-  std::string_view bytes = m_form.assemble(m_encoder.result(), m_recordResidue);
+  if (!encode(record)) return fail(record);
+  std::string_view bytes = m_form.assemble(m_encoded, m_recordResidue);
   framing::WriteResult result = m_writer->write(bytes, framing::RecordWriter::LineEnd::exact);
   if (result == framing::WriteResult::written) return true;
   document::DataError error{document::ErrorCode::frame, std::string(framing::wordsOf(result))};
@@ -113,6 +112,23 @@ bool FromDocuments::take(DocumentRecord& record) {
   error.column = record.column;
   record.errors.push_back(std::move(error));
   return fail(record);
+}
+
+// Makes the bytes of a record, unless it has errors.
+bool FromDocuments::encode(DocumentRecord& record) {
+  if (record.isPredicted) {
+    m_encoded = {0, m_predictor->record(), {}};
+    return true;
+  }
+  std::vector<document::ByteRun> runs;
+  for (document::Residue::Run const& run : m_recordResidue.runs) {
+    runs.push_back({run.offset, run.bytes});
+  }
+  bool isEncoded =
+      !record.instances.all.empty() && m_encoder.encode(record.instances, record.errors, runs);
+  if (!isEncoded || !record.errors.empty()) return false;
+  m_encoded = m_encoder.result();
+  return true;
 }
 
 bool FromDocuments::fail(DocumentRecord const& record) {

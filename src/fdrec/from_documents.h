@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "document/predicted_reader.h"
 #include "fdrec/data_input.h"
 #include "fdrec/data_run.h"
 #include "fdrec/document_rules.h"
@@ -18,7 +19,7 @@ namespace fdmorph::fdrec {
 class FromDocuments {
  public:
   /// All objects must outlive this one. `name` is that of the document in messages.
-  FromDocuments(DataInput const& input, DataOptions const& data, document::Syntax syntax,
+  FromDocuments(DataInput& input, DataOptions const& data, document::Syntax syntax,
                 std::string const& name);
 
   /// Converts all records of `source`. The result is an exit status.
@@ -27,6 +28,7 @@ class FromDocuments {
  private:
   void convert(document::DocumentReader& reader);
   [[nodiscard]] bool take(document::DocumentRecord& record);
+  [[nodiscard]] bool encode(document::DocumentRecord& record);
   [[nodiscard]] bool fail(document::DocumentRecord const& record);
   [[nodiscard]] std::unique_ptr<document::DocumentReader> makeReader(framing::InputStream& source);
 
@@ -37,6 +39,8 @@ class FromDocuments {
   document::NameNumbers m_names;
   document::Encoder m_encoder;
   StoredForm m_form;
+  std::unique_ptr<document::PredictedReader> m_predictor;  // null if it cannot be used
+  document::EncodedRecord m_encoded;
   framing::OutputStream m_output;
   framing::OutputStream m_rejects;
   std::unique_ptr<framing::RecordWriter> m_writer;
