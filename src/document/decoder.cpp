@@ -17,18 +17,27 @@ Decoder::Decoder(Programs const& programs, LengthRules lengths)
     : m_programs(programs),
       m_set(programs.set()),
       m_values(programs.set().values()),
-      m_lengths(lengths) {}
+      m_preparation(programs.set(), lengths) {}
 
 bool Decoder::decode(StoredRecord record, TextBuffer& out, DataErrors& errors) {
-  m_stored = record;
   m_errors = &errors;
   m_buffer = &out;
   m_hasFailed = false;
   m_stopAt = UINT64_MAX;
   m_occurrence = {};
   auto begin = static_cast<std::size_t>(out.end() - out.begin());
-  if (!choose(record) || !splitCounts() || !prepare(m_record, m_stored)) return false;
-  m_program = &m_programs[m_record];
+  m_prepared = m_preparation.prepare(record);
+  if (m_prepared.error) {
+    errors.push_back(std::move(*m_prepared.error));
+    return false;
+  }
+  m_layout = &m_set.layouts()[m_prepared.record];
+  m_bytes = m_prepared.bytes;
+  if (m_prepared.fault) {
+    m_stopAt = layout::offsetOf(*m_layout, m_prepared.fault->table, m_prepared.fault->occurrence);
+    failAtCounter(*m_prepared.fault);
+  }
+  m_program = &m_programs[m_prepared.record];
   m_base = m_bytes.bytes;
   m_marks.clear();
   m_out = out.end();
@@ -41,111 +50,6 @@ bool Decoder::decode(StoredRecord record, TextBuffer& out, DataErrors& errors) {
   std::ranges::stable_sort(errors, {}, &DataError::offset);
   if (errors.size() > kMaxErrorsPerRecord) errors.resize(kMaxErrorsPerRecord);
   return false;
-}
-
-// The first record whose rule holds, or the first one without rules.
-bool Decoder::choose(StoredRecord record) {
-  m_record = 0;
-  if (!m_set.hasRecordRules()) return true;
-  for (layout::ViewRule const& rule : m_set.recordRules()) {
-    layout::RecordBytes bytes{record.bytes.data(), record.bytes.size()};
-    if (!rule.comparisons.empty() && m_set.layouts()[rule.record].shifts()) {
-      Layout const& layout = m_set.layouts()[rule.record];
-      m_full = layout.absentBytes();
-      bytes = {m_full.data(), layout::spread(layout, m_values, record.bytes.data(),
-                                             record.bytes.size(), m_full.data())
-                                  .available};
-    }
-    if (!m_set.holds(rule, bytes, m_occurrence)) continue;
-    m_record = rule.chosen;
-    return true;
-  }
-  failRecord(ErrorCode::view, "no rule of a record holds");
-  return false;
-}
-
-// Takes the count record from the bytes of a record in a file.
-bool Decoder::splitCounts() {
-  std::uint64_t size = m_set.layouts()[m_record].countSize();
-  bool isSplit = !m_set.rules().hasCounts || !m_stored.counts.empty() || size == 0;
-  if (isSplit && !m_lengths.countsAt) return true;
-  std::uint64_t found = m_stored.bytes.size();
-  std::uint64_t at = m_lengths.countsAt.value_or(found < size ? found : found - size);
-  if (at > found || found - at < size) {
-    failRecord(ErrorCode::tooShort, "record of " + std::to_string(found) +
-                                        " bytes; expected a count record of " +
-                                        std::to_string(size) + " bytes at its end");
-    return false;
-  }
-  if (!isSplit) m_stored.counts = m_stored.bytes.subspan(at, size);
-  m_stored.bytes = m_stored.bytes.first(at);
-  return true;
-}
-
-bool Decoder::prepare(std::uint32_t record, StoredRecord stored) {
-  m_layout = &m_set.layouts()[record];
-  m_bytes = {stored.bytes.data(), m_layout->size()};
-  if (m_layout->shifts()) return prepareShifted(stored);
-  if (stored.bytes.size() > m_layout->size() && isLong(stored)) {
-    failRecord(ErrorCode::tooLong, "record of " + std::to_string(stored.bytes.size()) +
-                                       " bytes; expected " + std::to_string(m_layout->size()));
-    return false;
-  }
-  return stored.bytes.size() >= m_layout->size() || prepareShort(stored);
-}
-
-// Whether a record has bytes beyond the layout that are not to be ignored.
-bool Decoder::isLong(StoredRecord stored) const {
-  if (m_lengths.ending == LengthRules::Ending::ignored) return false;
-  if (m_lengths.ending == LengthRules::Ending::exact) return true;
-  auto rest = stored.bytes.subspan(m_layout->size());
-  return std::ranges::any_of(rest, [this](unsigned char byte) {
-    return byte != m_values.conventions().codePage->blank();
-  });
-}
-
-bool Decoder::prepareShort(StoredRecord stored) {
-  m_full = m_layout->absentBytes();
-  std::ranges::copy(stored.bytes, m_full.begin());
-  m_bytes = {m_full.data(), stored.bytes.size()};
-  if (m_lengths.ending == LengthRules::Ending::blanks) {
-    std::fill(m_full.begin() + static_cast<std::ptrdiff_t>(stored.bytes.size()), m_full.end(),
-              m_values.conventions().codePage->blank());
-    m_bytes.available = m_layout->size();
-    return true;
-  }
-  if (m_lengths.padsShort) return true;
-  std::uint64_t needed = layout::endOf(m_set, m_record, m_bytes, layout::Extent::present);
-  if (stored.bytes.size() >= needed) return true;
-  failRecord(ErrorCode::tooShort, "record of " + std::to_string(stored.bytes.size()) +
-                                      " bytes; expected " + std::to_string(needed));
-  return false;
-}
-
-bool Decoder::prepareShifted(StoredRecord stored) {
-  m_full = m_layout->absentBytes();
-  layout::SpreadRecord spread =
-      layout::spread(*m_layout, m_values, stored.bytes.data(), stored.bytes.size(), m_full.data());
-  m_bytes = {m_full.data(), spread.available};
-  if (spread.fault) {
-    m_stopAt = layout::offsetOf(*m_layout, spread.fault->table, spread.fault->occurrence);
-    failAtCounter(*spread.fault);
-    return true;
-  }
-  if (spread.isShort && !m_lengths.padsShort) {
-    std::uint64_t needed = layout::endOf(m_set, m_record, m_bytes, layout::Extent::present);
-    if (spread.available < needed) {
-      failRecord(ErrorCode::tooShort, "record of " + std::to_string(stored.bytes.size()) +
-                                          " bytes; expected " + std::to_string(spread.used));
-      return false;
-    }
-  }
-  if (stored.bytes.size() > spread.used && m_lengths.ending == LengthRules::Ending::exact) {
-    failRecord(ErrorCode::tooLong, "record of " + std::to_string(stored.bytes.size()) +
-                                       " bytes; expected " + std::to_string(spread.used));
-    return false;
-  }
-  return true;
 }
 
 void Decoder::run(std::uint32_t begin, std::uint32_t end) {
@@ -287,7 +191,7 @@ std::uint64_t Decoder::countOccurrences(Operation const& operation) {
     }
     most = value.count;
   }
-  if (node.count != kNone && !m_stored.counts.empty()) {
+  if (node.count != kNone && !m_prepared.stored.counts.empty()) {
     return countFromCounts(operation.node, most, true);
   }
   return mayEndEarly(m_set, *m_layout, operation.node) ? withoutAbsent(operation.node) : most;
@@ -295,7 +199,7 @@ std::uint64_t Decoder::countOccurrences(Operation const& operation) {
 
 std::uint64_t Decoder::countFromCounts(std::uint32_t node, std::uint64_t most, bool isTable) {
   std::uint64_t offset = layout::countOffsetOf(*m_layout, node, m_occurrence);
-  std::uint64_t count = readCount(m_values.conventions(), m_stored.counts.data() + offset);
+  std::uint64_t count = readCount(m_values.conventions(), m_prepared.stored.counts.data() + offset);
   if (count <= most) return count;
   fail(ErrorCode::count, node,
        "count of " + std::to_string(count) + "; expected at most " + std::to_string(most), isTable);
@@ -313,7 +217,7 @@ std::uint64_t Decoder::withoutAbsent(std::uint32_t table) {
 
 bool Decoder::isPresent(Operation const& operation) {
   Node const& node = (*m_layout)[operation.node];
-  if (node.count != kNone && !m_stored.counts.empty()) {
+  if (node.count != kNone && !m_prepared.stored.counts.empty()) {
     return countFromCounts(operation.node, 1, false) != 0;
   }
   if (!m_set.rules().omitsEmpty) return true;
@@ -343,7 +247,7 @@ bool Decoder::isAbsent(std::uint32_t node, std::uint64_t offset) {
 
 void Decoder::runArea(std::uint32_t at) {
   Operation const& operation = m_program->operations[at];
-  std::uint32_t view = m_set.chooseView(m_record, operation.node, m_bytes, m_occurrence);
+  std::uint32_t view = m_set.chooseView(m_prepared.record, operation.node, m_bytes, m_occurrence);
   if (view == kNone) {
     std::uint32_t first = m_layout->areas()[operation.node].views.front();
     std::uint64_t offset = layout::offsetOf(*m_layout, first, m_occurrence);
@@ -354,12 +258,6 @@ void Decoder::runArea(std::uint32_t at) {
     Operation const& branch = m_program->operations[i];
     if (branch.kind == Operation::Kind::branch && branch.node == view) run(i + 1, branch.end);
   }
-}
-
-void Decoder::failRecord(ErrorCode code, std::string text) {
-  m_hasFailed = true;
-  m_errors->push_back({code, std::move(text)});
-  m_errors->back().bytes = shownBytes(m_stored.bytes, 0, m_stored.bytes.size());
 }
 
 void Decoder::failValue(Operation const& operation, values::ValueError error) {
@@ -410,7 +308,7 @@ void Decoder::add(DataError error, std::uint32_t node, std::uint64_t offset) {
   };
   if (std::ranges::any_of(*m_errors, isSame)) return;
   if (error.bytes.empty()) {
-    error.bytes = shownBytes(m_stored.bytes, error.offset, (*m_layout)[node].size);
+    error.bytes = shownBytes(m_prepared.stored.bytes, error.offset, (*m_layout)[node].size);
   }
   m_errors->push_back(std::move(error));
 }

@@ -107,9 +107,10 @@ std::string pathOf(Layout const& layout, std::uint32_t node, Occurrence const& o
     steps.push_back(stepOf(layout, at, occurrence, false));
   }
   std::string path;
-  for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+  std::ranges::reverse(steps);
+  for (std::string const& step : steps) {
     if (!path.empty()) path += '/';
-    path += *step;
+    path += step;
   }
   return path;
 }

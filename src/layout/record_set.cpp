@@ -84,9 +84,9 @@ bool RecordSet::holds(ViewRule const& rule, RecordBytes record,
     return std::ranges::any_of(comparison.tests, [&](TestValue const& test) {
       auto from = test.from.compare(bytes, node.size);
       if (!from) return false;
-      if (!test.to) return *from == 0;
+      if (!test.to) return std::is_eq(*from);
       auto to = test.to->compare(bytes, node.size);
-      return to && *from >= 0 && *to <= 0;
+      return to && std::is_gteq(*from) && std::is_lteq(*to);
     });
   });
 }
