@@ -13,7 +13,7 @@ namespace fdmorph::document {
 class JsonProgram {
  public:
   JsonProgram(layout::RecordSet const& set, std::uint32_t record, OutputRules const& rules)
-      : m_set(set), m_layout(set.layouts()[record]), m_rules(rules), m_list(m_layout) {}
+      : m_set(set), m_layout(set.layouts()[record]), m_rules(rules), m_list(set, record) {}
 
   [[nodiscard]] Program make();
 

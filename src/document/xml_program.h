@@ -14,7 +14,7 @@ class XmlProgram {
       : m_set(set),
         m_layout(set.layouts()[record]),
         m_rules(rules),
-        m_list(m_layout),
+        m_list(set, record),
         m_prefixes(m_layout) {}
 
   [[nodiscard]] Program make();
