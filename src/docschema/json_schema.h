@@ -12,14 +12,9 @@ namespace fdmorph::docschema {
 /// Writes a schema for one line of JSON: a record. Of several records each is a member
 /// of an object, under its name.
 ///
-/// The layout of the records must have no errors, see record/part_rules.h and
-/// checkMemberNames, and the names of the records differ.
+/// The layout of the records must have no errors, names that differ only by their
+/// namespaces among them, and the names of the records differ.
 [[nodiscard]] std::string writeJsonSchema(std::vector<record::RecordTree> const& records,
                                           SchemaRules const& rules);
-
-/// Reports parts of an element whose names differ only by their namespaces, which JSON
-/// does not have. Different views of one area are not compared.
-void checkMemberNames(record::RecordTree const& tree, SchemaRules const& rules,
-                      compiler::Diagnostics& diagnostics);
 
 }  // namespace fdmorph::docschema

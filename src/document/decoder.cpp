@@ -8,7 +8,6 @@
 namespace fdmorph::document {
 
 using layout::kNone;
-using layout::Layout;
 using layout::Node;
 using values::DecodeResult;
 using values::Target;

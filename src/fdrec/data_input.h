@@ -32,6 +32,10 @@ class DataInput {
   [[nodiscard]] int cleanStatus() const { return m_status; }
 
   [[nodiscard]] layout::RecordSet const& set() const { return *m_set; }
+
+  /// A tree for each record of the set.
+  [[nodiscard]] std::vector<record::RecordTree> const& trees() const { return m_copybook->trees(); }
+
   [[nodiscard]] compiler::Diagnostics& diagnostics() { return m_copybook->diagnostics(); }
 
   /// The lengths of records in the data, after finish().

@@ -10,7 +10,6 @@ namespace fdmorph::fdrec {
 
 using document::DocumentRecord;
 using document::Syntax;
-using framing::Format;
 
 namespace {
 

@@ -1,11 +1,9 @@
 // fdrec index: where records begin in a file, for splitting.
 #include <CLI/CLI.hpp>
-#include <algorithm>
 
 #include "fdrec/commands.h"
-#include "fdrec/copybook_file.h"
+#include "fdrec/data_input.h"
 #include "fdrec/files.h"
-#include "fdrec/framing_options.h"
 #include "framing/record_index.h"
 
 namespace fdmorph::fdrec {
@@ -19,19 +17,15 @@ class IndexCommand : public Command {
         ->option_text(" ");
     app.add_option("DATA", m_data, "file of records; default: the standard input")
         ->option_text(" ");
-    m_framing.declare(app);
+    m_options.declare(app);
   }
 
   int run(CommonOptions const& options) override {
     if (int status = checkNames(options); status != kClean) return status;
-    CopybookFile copybook(m_copybook, options, CopybookUse::items);
-    int const compiled = copybook.finish();
-    if (!copybook.isUsable()) return compiled;
-    std::uint64_t length = 0;
-    for (compiler::DataItem const* each : copybook.records()) length = std::max(length, each->size);
-    if (int status = m_framing.complete(length, ' '); status != kClean) return status;
-    int const written = writeIndex(options);
-    return written == kClean ? compiled : written;
+    DataInput input(m_copybook, options, m_options);
+    if (int status = input.finish(); status != kClean) return status;
+    int const written = writeIndex(options, input.framing());
+    return written == kClean ? input.cleanStatus() : written;
   }
 
  private:
@@ -45,14 +39,14 @@ class IndexCommand : public Command {
     return m_data.empty() ? kClean : refuseOutputOver(options.output, m_data);
   }
 
-  int writeIndex(CommonOptions const& options) const {
+  int writeIndex(CommonOptions const& options, framing::FramingRules const& rules) const {
     std::string const name = inputName(m_data);
     framing::InputStream input;
     if (std::optional<std::string> const reason = input.open(m_data)) {
       printReadFailure(name, *reason);
       return kFailed;
     }
-    framing::MadeIndex const made = framing::indexFile(input, m_framing.rules());
+    framing::MadeIndex const made = framing::indexFile(input, rules);
     if (input.failure()) {
       printReadFailure(name, *input.failure());
       return kFailed;
@@ -66,7 +60,7 @@ class IndexCommand : public Command {
 
   std::string m_copybook;
   std::string m_data;
-  FramingOptions m_framing;
+  DataOptions m_options;
 };
 
 }  // namespace

@@ -6,11 +6,11 @@
 
 #include "docschema/json_schema.h"
 #include "docschema/xml_schema.h"
+#include "document/json_program.h"
 #include "fdrec/commands.h"
-#include "fdrec/copybook_file.h"
-#include "fdrec/document_options.h"
+#include "fdrec/data_input.h"
+#include "fdrec/data_options.h"
 #include "fdrec/files.h"
-#include "fdrec/view_choice.h"
 
 namespace fdmorph::fdrec {
 namespace {
@@ -31,62 +31,85 @@ class SchemaCommand : public Command {
         ->option_text(" ");
     app.add_flag("--json", m_isJson, "write JSON Schema of the JSON lines");
     app.add_flag("--enumerate", m_isEnumerated, "level 88 restricts the values");
-    m_documents.declare(app);
+    m_data.declare(app);
   }
 
   int run(CommonOptions const& options) override {
     if (int status = refuseOutputOver(options.output, m_copybook); status != kClean) return status;
-    CopybookFile copybook(m_copybook, options);
-    if (!copybook.isUsable()) return copybook.finish();
-    SchemaRules rules = m_documents.rules(options);
-    rules.enumeratesConditions = m_isEnumerated;
-    ViewChoice choice = chooseViews(copybook.trees(), m_documents.when());
-    if (!choice.error.empty()) {
-      printError("--when: " + choice.error, "usage");
-      return kUsageError;
-    }
-    rules.chosenViews = std::move(choice.items);
-    copybook.checkLayout();
-    checkNames(copybook, rules);
-    if (copybook.diagnostics().hasErrors()) return copybook.finish();
-    int const written = m_isJson ? writeOutput(options.output, jsonSchemaOf(copybook, rules))
-                                 : writeXml(copybook, std::move(rules), options.output);
-    int const status = copybook.finish();
-    return written == kClean ? status : written;
+    DataInput input(m_copybook, options, m_data);
+    if (input.hasLayout()) checkNames(input);
+    if (int status = input.finish(); status != kClean) return status;
+    SchemaRules rules = makeRules(input);
+    int const written =
+        m_isJson ? writeOutput(options.output, docschema::writeJsonSchema(input.trees(), rules))
+                 : writeXml(input.trees(), std::move(rules), options.output);
+    return written == kClean ? input.cleanStatus() : written;
   }
 
  private:
-  static std::string jsonSchemaOf(CopybookFile const& copybook, SchemaRules const& rules) {
-    return docschema::writeJsonSchema(copybook.trees(), rules);
+  [[nodiscard]] SchemaRules makeRules(DataInput const& input) const {
+    values::Conventions const& conventions = input.set().rules().conventions;
+    SchemaRules rules;
+    rules.hasCounts = m_data.hasCounts;
+    rules.omitsEmpty = input.set().rules().omitsEmpty;
+    rules.omitsBlankNumbers = conventions.blankNumbers == values::BlankNumbers::omit;
+    rules.hasEditedNumbers = conventions.hasEditedNumbers;
+    rules.hasFullBinaryRange = conventions.hasFullBinaryRange;
+    rules.hasHexadecimalFloats = conventions.floats == values::FloatForm::ibm;
+    rules.hasQuotedNumbers = m_data.quotesNumbers;
+    rules.enumeratesConditions = m_isEnumerated;
+    rules.trim = trimOf(conventions.trim);
+    if (!m_data.isSingle && !m_data.areLines) rules.wrapper = m_data.wrapper;
+    for (std::uint32_t i = 0; i < input.set().layouts().size(); ++i) {
+      layout::Layout const& layout = input.set().layouts()[i];
+      for (std::uint32_t area = 0; area < layout.areas().size(); ++area) {
+        for (layout::ViewRule const* rule : input.set().rulesOf(i, area)) {
+          rules.chosenViews.insert(layout.item(rule->target).item);
+        }
+      }
+    }
+    return rules;
   }
 
-  void checkNames(CopybookFile& copybook, SchemaRules const& rules) const {
+  static docschema::Trim trimOf(values::Trim trim) {
+    switch (trim) {
+      case values::Trim::right:
+        return docschema::Trim::right;
+      case values::Trim::both:
+        return docschema::Trim::both;
+      default:
+        return docschema::Trim::none;
+    }
+  }
+
+  // Reports records of one name, and what JSON cannot tell apart.
+  void checkNames(DataInput& input) const {
     std::unordered_set<std::string> names;
-    for (record::RecordTree const& each : copybook.trees()) {
+    for (record::RecordTree const& each : input.trees()) {
       record::RecordNode const& root = each.root();
-      std::string const record = "record " + compiler::quoted(record::dataNameOf(*root.item));
-      if (root.role != record::Role::element) {
-        copybook.diagnostics().report(compiler::Code::layout, root.item->place,
-                                      record + " is no element: it has no XML name");
-        continue;
-      }
       std::string const space(m_isJson ? "" : root.namespaceUri);
-      if (!names.insert(space + "\n" + std::string(root.name)).second) {
-        copybook.diagnostics().report(compiler::Code::layout, root.item->place,
-                                      record + " has the XML name of another record");
+      bool isNew = names.insert(space + "\n" + std::string(root.name)).second;
+      if (root.role == record::Role::element && !isNew) {
+        input.diagnostics().report(compiler::Code::layout, root.item->place,
+                                   "record " + compiler::quoted(record::dataNameOf(*root.item)) +
+                                       " has the XML name of another record");
       }
-      if (m_isJson) docschema::checkMemberNames(each, rules, copybook.diagnostics());
+    }
+    if (!m_isJson) return;
+    for (layout::Layout const& each : input.set().layouts()) {
+      document::checkMemberNames(each, input.diagnostics());
     }
   }
 
   // A schema of several namespaces is a folder. A file of its own has no element
   // without a namespace around records of a namespace.
-  static int writeXml(CopybookFile const& copybook, SchemaRules rules, std::string const& output) {
-    std::vector<SchemaFile> files = docschema::writeXmlSchema(copybook.trees(), rules);
+  static int writeXml(std::vector<record::RecordTree> const& trees, SchemaRules rules,
+                      std::string const& output) {
+    std::vector<SchemaFile> files = docschema::writeXmlSchema(trees, rules);
     if (files.size() > 1 && !isFolder(output) && rules.wrapper) {
       std::string const wrapper = *rules.wrapper;
       rules.wrapper.reset();
-      std::vector<SchemaFile> records = docschema::writeXmlSchema(copybook.trees(), rules);
+      std::vector<SchemaFile> records = docschema::writeXmlSchema(trees, rules);
       if (records.size() == 1) {
         printWarning("the schema has no element " + compiler::quoted(wrapper) +
                          ", which is in no namespace; -o FOLDER makes a file for it",
@@ -119,7 +142,7 @@ class SchemaCommand : public Command {
   }
 
   std::string m_copybook;
-  DocumentOptions m_documents;
+  DataOptions m_data;
   bool m_isJson = false;
   bool m_isEnumerated = false;
 };

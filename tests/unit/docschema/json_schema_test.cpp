@@ -137,14 +137,5 @@ TEST(JsonViews, ExcludeEachOther) {
                              {{"properties", {{"A", false}}}, {"required", {"B"}}}}}}})));
 }
 
-TEST(JsonNames, DifferByMoreThanTheirNamespaces) {
-  record::RecordSource source(
-      "01 R IDENTIFIED BY \"r\".\n05 A PIC X IDENTIFIED BY \"a\".\n"
-      "05 B PIC X IDENTIFIED BY \"a\" NAMESPACE IS \"urn:b\".\n");
-  checkMemberNames(source.tree, {}, source.diagnostics());
-  EXPECT_EQ(source.reports(),
-            "3: the XML name of 'B' differs from another one only by its namespace [layout]\n");
-}
-
 }  // namespace
 }  // namespace fdmorph::docschema
