@@ -9,6 +9,23 @@ namespace fdmorph::fdrec {
 
 using framing::Format;
 
+namespace {
+
+/// Whether the bytes of an item can be a line feed by chance.
+bool isBinary(values::ItemFormat const& format) {
+  switch (format.kind) {
+    case values::Kind::packed:
+    case values::Kind::unsignedPacked:
+    case values::Kind::binary:
+    case values::Kind::floating:
+      return true;
+    default:
+      return false;
+  }
+}
+
+}  // namespace
+
 DataInput::DataInput(std::string const& copybook, CommonOptions const& common, DataOptions& data)
     : m_common(common), m_data(data), m_rules(makeDataRules(common, data)) {
   if (data.binarySize) m_common.source.binarySize = data.binarySize;
@@ -46,11 +63,29 @@ int DataInput::completeFraming() {
   int status = m_data.framing.complete(m_set->maxSize(), static_cast<char>(page.blank()));
   if (status != kClean) return status;
   m_framing = m_data.framing.rules();
+  if (m_framing.format == Format::lines) warnAboutLines();
   if (!m_set->rules().hasCounts) return kClean;
   if (m_framing.format == Format::fixed) m_rules.lengths.countsAt = m_framing.recordLength;
   m_framing.recordLength += m_set->maxCountSize();
   m_framing.maxRecordLength += m_set->maxCountSize();
   return kClean;
+}
+
+// A line feed ends a record wherever it stands. One warning a record.
+void DataInput::warnAboutLines() {
+  for (layout::Layout const& each : m_set->layouts()) {
+    auto const count = static_cast<std::uint32_t>(each.tree().nodes().size());
+    std::uint32_t item = 0;
+    while (item < count && (each.item(item).item->isGroup() || !isBinary(each[item].format))) {
+      ++item;
+    }
+    if (item == count) continue;
+    printWarning("item " + compiler::quoted(record::dataNameOf(*each.item(item).item)) +
+                     " of record " + compiler::quoted(record::dataNameOf(*each.item(0).item)) +
+                     " is binary or packed; its bytes can end a line",
+                 "lines");
+    if (m_common.hasWarningsAsErrors) m_status = kErrors;
+  }
 }
 
 }  // namespace fdmorph::fdrec

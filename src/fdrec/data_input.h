@@ -46,6 +46,7 @@ class DataInput {
 
  private:
   [[nodiscard]] int completeFraming();
+  void warnAboutLines();
 
   CommonOptions m_common;
   DataOptions& m_data;
