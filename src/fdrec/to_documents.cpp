@@ -86,6 +86,7 @@ bool ToDocuments::take(Batch const& batch, ConvertedBatch const& converted) {
   if (goesOn && batch.error) {
     if (m_progress) m_progress->hide();
     printFrameError(m_name, *batch.error);
+    m_counts->addRecords(1);
     static_cast<void>(m_counts->addFailed({}));
     goesOn = false;
   }

@@ -99,10 +99,17 @@ void VerifyCommand::verify(DataInput const& input, document::Programs const& pro
 }
 
 bool VerifyCommand::take(Batch const& batch, CheckedBatch const& checked) {
-  m_counts->addRecords(batch.frames.size());
-  for (TrippedRecord const& each : checked.different) printDifference(batch, each);
-  m_different += checked.different.size();
+  std::uint64_t const before = m_counts->records();
+  auto different = checked.different.begin();
+  auto printUpTo = [&](std::size_t end) {
+    for (; different != checked.different.end() && different->frame < end; ++different) {
+      printDifference(batch, *different);
+      ++m_different;
+    }
+    m_counts->addRecords(before + end - m_counts->records());
+  };
   for (document::FailedRecord const& failed : checked.text.failed) {
+    printUpTo(failed.frame + 1);
     framing::Frame const& frame = batch.frames[failed.frame];
     std::string lines;
     for (document::DataError const& error : failed.errors) {
@@ -110,8 +117,10 @@ bool VerifyCommand::take(Batch const& batch, CheckedBatch const& checked) {
     }
     if (!m_counts->addFailed(lines)) return false;
   }
+  printUpTo(batch.frames.size());
   if (!batch.error) return !m_output.failure();
   printFrameError(m_name, *batch.error);
+  m_counts->addRecords(1);
   static_cast<void>(m_counts->addFailed({}));
   return false;
 }
