@@ -250,7 +250,9 @@ void Decoder::runArea(std::uint32_t at) {
   if (view == kNone) {
     std::uint32_t first = m_layout->areas()[operation.node].views.front();
     std::uint64_t offset = layout::offsetOf(*m_layout, first, m_occurrence);
-    add({ErrorCode::view, "no rule of a view holds"}, m_layout->item(first).enclosing, offset);
+    DataError error{ErrorCode::view, "no rule of a view holds"};
+    error.path = layout::pathOf(*m_layout, m_layout->item(first).enclosing, m_occurrence);
+    add(std::move(error), first, offset);
     return;
   }
   for (std::uint32_t i = at + 1; i < operation.end; i = m_program->operations[i].end) {
