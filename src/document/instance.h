@@ -38,6 +38,7 @@ struct Instance {
   std::uint64_t line = 0;       ///< of the start tag or value, from 1
   std::uint64_t column = 0;     ///< from 1, in bytes
   std::uint32_t unknownName = kNoInstance;  ///< in Instances::unknownNames, if name is none
+  std::uint32_t bytesBefore = 0;            ///< JSON: of the array ahead of its first member
 };
 
 /// The instances of one record; the first is the record. Its memory is used again for

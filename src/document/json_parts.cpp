@@ -149,7 +149,9 @@ void JsonParts::open(Level const& level) {
 void JsonParts::readValue(Target const& target) {
   switch (m_scanner->peek()) {
     case '{': {
-      std::uint32_t part = target.isPart ? addPart(target, Instance::Shape::object) : kNoInstance;
+      std::size_t offset = m_scanner->offset();
+      std::uint32_t part =
+          target.isPart ? addPart(target, Instance::Shape::object, offset) : kNoInstance;
       open({.kind = Level::Kind::object, .part = part, .members = m_members.size()});
       break;
     }
@@ -166,7 +168,7 @@ void JsonParts::openArray(Target const& target) {
   Target element = target;
   element.isInArray = true;
   if (target.isPart && target.isInArray) {
-    std::uint32_t part = addPart(target, Instance::Shape::any);
+    std::uint32_t part = addPart(target, Instance::Shape::any, offset);
     m_record->instances.all[part].isBroken = true;
     addFault(offset, ErrorCode::json, "an array in an array", target, part);
     element.isPart = false;
@@ -177,7 +179,7 @@ void JsonParts::openArray(Target const& target) {
   open({.kind = Level::Kind::array, .element = element});
   if (m_scanner->hasFault() || m_scanner->peek() != ']' || !element.isPart) return;
   Target array = target;
-  m_record->instances.all[addPart(array, Instance::Shape::any)].isEmptyArray = true;
+  m_record->instances.all[addPart(array, Instance::Shape::any, offset)].isEmptyArray = true;
 }
 
 void JsonParts::readScalar(Target const& target) {
@@ -217,9 +219,8 @@ void JsonParts::readScalar(Target const& target) {
   bool isAbsent = isNull && !target.isInArray && target.parent != kNoInstance;
   if (m_scanner->hasFault() || !target.isPart || isAbsent) return;
   Instances& instances = m_record->instances;
-  std::uint32_t part = addPart(target, Instance::Shape::scalar);
+  std::uint32_t part = addPart(target, Instance::Shape::scalar, offset);
   Instance& instance = instances.all[part];
-  instance.column = offset + 1;
   instance.isNil = isNull;
   instance.textBegin = instances.texts.size();
   if (value.hasLoneSurrogate) {
@@ -231,8 +232,7 @@ void JsonParts::readScalar(Target const& target) {
   instances.texts += value.text;
 }
 
-// Objects and arrays are added at their first byte; values correct their column.
-std::uint32_t JsonParts::addPart(Target const& target, Instance::Shape shape) {
+std::uint32_t JsonParts::addPart(Target const& target, Instance::Shape shape, std::size_t offset) {
   Instances& instances = m_record->instances;
   if (instances.all.size() >= m_options->limits.parts) m_scanner->fail("too many values");
   Instance part{.name = target.name, .parent = target.parent};
@@ -241,11 +241,14 @@ std::uint32_t JsonParts::addPart(Target const& target, Instance::Shape shape) {
   part.isAttribute = target.isAttribute;
   part.isInArray = target.isInArray;
   part.line = m_record->line;
-  part.column = m_scanner->offset() + 1;
+  part.column = offset + 1;
   std::uint32_t number = instances.add(part);
   if (target.parent != kNoInstance) {
     Member& member = m_members.back();
-    if (member.parts++ == 0) member.firstPart = number;
+    if (member.parts++ == 0) {
+      member.firstPart = number;
+      instances.all[number].bytesBefore = static_cast<std::uint32_t>(offset - member.offset);
+    }
   }
   return number;
 }

@@ -75,7 +75,7 @@ class JsonParts {
   [[nodiscard]] Target memberOf(Level const& level, std::string_view key, bool isBrokenKey);
   [[nodiscard]] std::uint32_t find(std::string_view name);
   std::uint32_t addUnknownName(std::string_view name);
-  std::uint32_t addPart(Target const& target, Instance::Shape shape);
+  std::uint32_t addPart(Target const& target, Instance::Shape shape, std::size_t offset);
   void addFault(std::size_t offset, ErrorCode code, std::string_view text, Target const& target,
                 std::uint32_t part = kNoInstance);
   void reportMalformed(std::size_t offset, std::string_view text);

@@ -240,7 +240,11 @@ bool RecordEncoder::checkArray(PlannedPart const& part, NameUse const& use) {
   if (at.isBroken) return false;
   std::string text = "this member is there twice";
   if (!isSecond) text = part.isArray ? "expected an array" : "expected no array";
-  addError(at, part.node, {ErrorCode::json, std::move(text)}, true);
+  DataError error{ErrorCode::json, std::move(text)};
+  error.path = pathOf(m_layout, part.node, m_occurrence, true);
+  error.line = at.line;
+  error.column = at.column - at.bytesBefore;  // that of the array
+  m_errors->add(std::move(error));
   return false;
 }
 
