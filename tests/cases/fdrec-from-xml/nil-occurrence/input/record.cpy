@@ -1,0 +1,2 @@
+       01  R.
+           05  T OCCURS 3 PIC X VALUE "v".

@@ -1,0 +1,2 @@
+       01  R IDENTIFIED BY "r".
+           05  A PIC X(2) IDENTIFIED BY "a" COUNT IN A-COUNT.

@@ -1,0 +1,4 @@
+       01  R.
+           05  A PIC X(2).
+           05  N PIC 9(2).
+           05  V PIC X(3) VALUE "xyz".
