@@ -83,8 +83,17 @@ void checkDocument(char const* file, CountingHandler& reports) {
   }
 }
 
+void parseDocument(char const* file, CountingHandler& reports) {
+  std::unique_ptr<SAX2XMLReader> reader(xercesc::XMLReaderFactory::createXMLReader());
+  reader->setErrorHandler(&reports);
+  reader->setFeature(XMLUni::fgSAX2CoreNameSpaces, true);
+  reader->setFeature(XMLUni::fgSAX2CoreValidation, false);
+  reader->parse(file);
+}
+
 int usage() {
-  std::cerr << "Usage: bare_library start | schema FILE... | document FILE... | sax FILE...\n";
+  std::cerr << "Usage: bare_library start | schema FILE... | document FILE... | sax FILE... |\n"
+               "       parse FILE...\n";
   return EXIT_FAILURE;
 }
 
@@ -93,6 +102,7 @@ int run(int argc, char** argv) {
   auto* read = task == "schema"     ? readSchema
                : task == "document" ? readDocument
                : task == "sax"      ? checkDocument
+               : task == "parse"    ? parseDocument
                                     : nullptr;
   bool needsFiles = read != nullptr;
   if (!needsFiles && task != "start") return usage();

@@ -100,6 +100,7 @@ class Bench:
         self.fdmorph = os.path.abspath(arguments.fdmorph)
         self.bare = os.path.abspath(arguments.bare_library)
         self.empty = os.path.join(os.path.dirname(self.bare), "empty_program")
+        self.reading = os.path.join(os.path.dirname(self.bare), "bare_reading")
         self.zbc = os.path.abspath(arguments.zbc)
         self.fdrec = os.path.abspath(arguments.fdrec)
         self.megabytes = arguments.document_size

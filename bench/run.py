@@ -18,6 +18,7 @@ import tempfile
 sys.dont_write_bytecode = True
 import check_rows  # noqa: E402
 import compiler_rows  # noqa: E402
+import data_rows  # noqa: E402
 import dictionary_rows  # noqa: E402
 import record_rows  # noqa: E402
 import schemas  # noqa: E402
@@ -134,6 +135,7 @@ ROWS = {
     **compiler_rows.ROWS,
     **check_rows.ROWS,
     **record_rows.ROWS,
+    **data_rows.ROWS,
 }
 
 

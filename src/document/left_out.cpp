@@ -10,12 +10,7 @@ using layout::RecordSet;
 using record::Role;
 
 bool isFollowedBySlot(Layout const& layout, std::uint32_t node) {
-  std::uint32_t element = layout.item(node).enclosing;
-  if (layout.item(node).role != Role::element || element == record::kNoNode) return false;
-  for (std::uint32_t i = layout.item(node).end; i < layout.item(element).end; ++i) {
-    if (areSlotsOfOneName(layout, node, i)) return true;
-  }
-  return false;
+  return layout[node].laterSlot != layout::kNone;
 }
 
 }  // namespace

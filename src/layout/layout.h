@@ -58,13 +58,14 @@ struct Node {
   std::uint32_t table = kNone;  ///< the nearest table around it, itself not
   std::uint8_t depth = 0;       ///< the number of tables around it, itself not
   bool repeats = false;
-  bool hasRole = false;           ///< it or an item in it is in the document
-  bool hasCounter = false;        ///< it or an item in it is a table with DEPENDING ON
-  bool hasArea = false;           ///< an item in it is redefined
-  std::uint32_t counter = kNone;  ///< of the table, in Layout::counters
-  std::uint32_t area = kNone;     ///< whose view it is, in Layout::areas
-  std::uint32_t name = kNone;     ///< in Names; of elements and attributes
-  std::uint32_t count = kNone;    ///< in Layout::counts
+  bool hasRole = false;             ///< it or an item in it is in the document
+  bool hasCounter = false;          ///< it or an item in it is a table with DEPENDING ON
+  bool hasArea = false;             ///< an item in it is redefined
+  std::uint32_t counter = kNone;    ///< of the table, in Layout::counters
+  std::uint32_t area = kNone;       ///< whose view it is, in Layout::areas
+  std::uint32_t name = kNone;       ///< in Names; of elements and attributes
+  std::uint32_t count = kNone;      ///< in Layout::counts
+  std::uint32_t laterSlot = kNone;  ///< the next part of its element that is a slot of its name
 
   /// Of all occurrences, in bytes.
   std::uint64_t extent() const { return size * most; }

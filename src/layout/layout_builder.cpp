@@ -2,7 +2,10 @@
 
 #include <algorithm>
 #include <cstring>
+#include <map>
+#include <tuple>
 
+#include "layout/occurrence.h"
 #include "source/diagnostics.h"
 #include "text/letter_case.h"
 #include "values/absent_bytes.h"
@@ -43,6 +46,7 @@ void LayoutBuilder::build() {
   makeNodes();
   markRoles();
   findAreas();
+  linkSlots();
   findCounters();
   markVarying();
   checkShifting();
@@ -117,6 +121,28 @@ void LayoutBuilder::findAreas() {
     }
     if (area.preset == kNone) area.preset = area.views.front();
     m_layout.m_variesInSize = true;
+  }
+}
+
+// Only parts of one name are compared, so the usual record of different names takes a
+// look-up each.
+void LayoutBuilder::linkSlots() {
+  using Key = std::tuple<std::uint32_t, Role, std::uint32_t>;
+  std::map<Key, std::vector<std::uint32_t>> byName;
+  std::vector<Node>& nodes = m_layout.m_nodes;
+  for (std::uint32_t i = 1; i < nodes.size(); ++i) {
+    RecordNode const& item = m_layout.item(i);
+    if (nodes[i].name == kNone || item.enclosing == record::kNoNode) continue;
+    byName[{item.enclosing, item.role, nodes[i].name}].push_back(i);
+  }
+  for (auto const& [key, parts] : byName) {
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+      for (std::size_t k = i + 1; k < parts.size(); ++k) {
+        if (!areSlotsOfOneName(m_layout, parts[i], parts[k])) continue;
+        nodes[parts[i]].laterSlot = parts[k];
+        break;
+      }
+    }
   }
 }
 

@@ -26,6 +26,7 @@ class LayoutBuilder {
   void makeNodes();
   void markRoles();
   void findAreas();
+  void linkSlots();
   void findCounters();
   void findCounter(std::uint32_t table);
   std::uint32_t counterOf(compiler::DataItem const& item);
