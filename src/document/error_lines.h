@@ -18,6 +18,11 @@ namespace fdmorph::document {
 [[nodiscard]] std::string documentErrorLine(std::string_view file, std::uint64_t number,
                                             DataError const& error);
 
+/// The same without the file, the number of the record and the line feed: "byte OFFSET
+/// (x'..'), PATH: error: TEXT [code]" and "LINE:COLUMN, PATH: error: TEXT [code]".
+[[nodiscard]] std::string byteErrorText(std::uint64_t begin, DataError const& error);
+[[nodiscard]] std::string documentErrorText(DataError const& error);
+
 /// Bytes as x'C1404B', at most 16 of them, then "...".
 [[nodiscard]] std::string hexadecimal(std::string_view bytes);
 

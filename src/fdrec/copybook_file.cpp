@@ -31,6 +31,14 @@ void CopybookFile::checkLayout() {
   }
 }
 
+int CopybookFile::status() const {
+  Diagnostics const& diagnostics = m_source.diagnostics();
+  if (m_source.file() == nullptr) return kFailed;
+  bool isWarningAnError =
+      m_options.hasWarningsAsErrors && diagnostics.countOf(Severity::warning) > 0;
+  return diagnostics.hasErrors() || isWarningAnError ? kErrors : kClean;
+}
+
 int CopybookFile::finish() const {
   Diagnostics const& diagnostics = m_source.diagnostics();
   DiagnosticStyle style =
@@ -38,10 +46,7 @@ int CopybookFile::finish() const {
   std::string text = compiler::printDiagnostics(diagnostics, style, "fdrec") +
                      compiler::printSummary(diagnostics, "fdrec");
   std::fwrite(text.data(), 1, text.size(), stderr);
-  if (m_source.file() == nullptr) return kFailed;
-  bool isWarningAnError =
-      m_options.hasWarningsAsErrors && diagnostics.countOf(Severity::warning) > 0;
-  return diagnostics.hasErrors() || isWarningAnError ? kErrors : kClean;
+  return status();
 }
 
 }  // namespace fdmorph::fdrec

@@ -36,8 +36,11 @@ class CopybookFile {
   /// Checks the rules of the layout, see record/part_rules.h and storage_rules.h.
   void checkLayout();
 
+  /// The exit status so far: kFailed if the file could not be read.
+  [[nodiscard]] int status() const;
+
   /// Prints all messages and their numbers to the standard error stream. The
-  /// result is the exit status, kFailed if the file could not be read.
+  /// result is the exit status.
   [[nodiscard]] int finish() const;
 
  private:

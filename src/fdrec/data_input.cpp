@@ -43,27 +43,34 @@ DataInput::DataInput(std::string const& copybook, CommonOptions const& common, D
                                               diagnostics());
 }
 
-int DataInput::finish() {
-  if (!m_rules.error.empty()) {
-    printError(m_rules.error, "usage");
-    return kUsageError;
-  }
-  int status = m_copybook->finish();
+int DataInput::complete() {
+  if (!m_rules.error.empty()) return refuse(m_rules.error);
+  int status = m_copybook->status();
   if (!hasLayout() || diagnostics().hasErrors()) return status;
   m_status = status;
-  if (!m_set->usageError().empty()) {
-    printError(m_set->usageError(), "usage");
-    return kUsageError;
-  }
+  if (!m_set->usageError().empty()) return refuse(m_set->usageError());
   return completeFraming();
+}
+
+int DataInput::finish() {
+  int status = complete();
+  if (hasCopybook()) static_cast<void>(m_copybook->finish());
+  if (!m_usageError.empty()) printError(m_usageError, "usage");
+  for (std::string const& each : m_lineWarnings) printWarning(each, "lines");
+  return status;
+}
+
+int DataInput::refuse(std::string error) {
+  m_usageError = std::move(error);
+  return kUsageError;
 }
 
 int DataInput::completeFraming() {
   charset::CodePage const& page = *m_set->rules().conventions.codePage;
-  int status = m_data.framing.complete(m_set->maxSize(), static_cast<char>(page.blank()));
-  if (status != kClean) return status;
+  std::string error = m_data.framing.complete(m_set->maxSize(), static_cast<char>(page.blank()));
+  if (!error.empty()) return refuse(std::move(error));
   m_framing = m_data.framing.rules();
-  if (m_framing.format == Format::lines) warnAboutLines();
+  if (m_framing.format == Format::lines) checkLines();
   if (!m_set->rules().hasCounts) return kClean;
   if (m_framing.format == Format::fixed) m_rules.lengths.countsAt = m_framing.recordLength;
   m_framing.recordLength += m_set->maxCountSize();
@@ -72,7 +79,7 @@ int DataInput::completeFraming() {
 }
 
 // A line feed ends a record wherever it stands. One warning a record.
-void DataInput::warnAboutLines() {
+void DataInput::checkLines() {
   for (layout::Layout const& each : m_set->layouts()) {
     auto const count = static_cast<std::uint32_t>(each.tree().nodes().size());
     std::uint32_t item = 0;
@@ -80,10 +87,10 @@ void DataInput::warnAboutLines() {
       ++item;
     }
     if (item == count) continue;
-    printWarning("item " + compiler::quoted(record::dataNameOf(*each.item(item).item)) +
-                     " of record " + compiler::quoted(record::dataNameOf(*each.item(0).item)) +
-                     " is binary or packed; its bytes can end a line",
-                 "lines");
+    m_lineWarnings.push_back("item " + compiler::quoted(record::dataNameOf(*each.item(item).item)) +
+                             " of record " +
+                             compiler::quoted(record::dataNameOf(*each.item(0).item)) +
+                             " is binary or packed; its bytes can end a line");
     if (m_common.hasWarningsAsErrors) m_status = kErrors;
   }
 }

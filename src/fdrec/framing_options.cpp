@@ -27,11 +27,6 @@ CLI::Option* addNumber(CLI::App& app, char const* name, Value& value, char const
   return add(app, name, value, "N", text)->transform(decimal());
 }
 
-int refuse(std::string const& text) {
-  printError(text, "usage");
-  return kUsageError;
-}
-
 ChosenPart refusePart(std::string const& text, int status, char const* code) {
   printError(text, code);
   return {{}, status};
@@ -89,22 +84,22 @@ void FramingOptions::declare(CLI::App& app) {
   app.add_flag("--no-progress", m_isSilent, "do not show it")->group(kGroup);
 }
 
-int FramingOptions::complete(std::uint64_t length, char blank) {
+std::string FramingOptions::complete(std::uint64_t length, char blank) {
   for (RdwForm each : m_rdw) {
     if (each == RdwForm::exclusive) m_rules.isRdwExclusive = true;
     if (each == RdwForm::little) m_rules.isRdwLittle = true;
   }
   if (m_length && *m_length < length) {
-    return refuse("--length " + std::to_string(*m_length) + " is less than the " +
-                  std::to_string(length) + " bytes of the record");
+    return "--length " + std::to_string(*m_length) + " is less than the " + std::to_string(length) +
+           " bytes of the record";
   }
   m_rules.recordLength = m_length.value_or(length);
   m_rules.maxRecordLength = m_rules.recordLength;
   m_rules.blank = blank;
-  if (m_part.empty()) return kClean;
+  if (m_part.empty()) return {};
   m_parsedPart = framing::parsePart(m_part);
-  if (!m_parsedPart) return refuse("expected --part K/N, found " + compiler::quoted(m_part));
-  return kClean;
+  if (!m_parsedPart) return "expected --part K/N, found " + compiler::quoted(m_part);
+  return {};
 }
 
 ChosenPart FramingOptions::choosePart(framing::InputStream const& input,

@@ -33,8 +33,8 @@ class FramingOptions {
   [[nodiscard]] framing::Format format() const { return m_rules.format; }
 
   /// Completes the rules for records of up to `length` bytes, filled with `blank`.
-  /// Prints an error of usage. The result is an exit status.
-  [[nodiscard]] int complete(std::uint64_t length, char blank);
+  /// The result is an error of usage; empty if there is none.
+  [[nodiscard]] std::string complete(std::uint64_t length, char blank);
 
   /// The rules of the file, after complete().
   [[nodiscard]] framing::FramingRules const& rules() const { return m_rules; }
