@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <string_view>
 #include <vector>
 
 #include "document/decoder.h"
@@ -29,7 +31,13 @@ struct BatchText {
   }
 };
 
-/// Appends the documents of all records of a batch.
-void decodeBatch(Decoder& decoder, framing::Batch const& batch, BatchText& result);
+/// Finds what is wrong with the document of a record, which `record` of the set is.
+using DocumentCheck =
+    std::function<DataErrors(std::string_view document, StoredRecord stored, std::uint32_t record)>;
+
+/// Appends the documents of all records of a batch. Those with errors that `check`
+/// finds, if it is given, are left out.
+void decodeBatch(Decoder& decoder, framing::Batch const& batch, BatchText& result,
+                 DocumentCheck const& check = {});
 
 }  // namespace fdmorph::document

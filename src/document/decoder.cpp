@@ -209,8 +209,11 @@ std::uint64_t Decoder::countFromCounts(std::uint32_t node, std::uint64_t most, b
 std::uint64_t Decoder::withoutAbsent(std::uint32_t table) {
   Node const& node = (*m_layout)[table];
   std::uint64_t offset = static_cast<std::uint64_t>(m_base - m_bytes.bytes) + node.offset;
+  record::PartDemand const* demand = m_layout->tree().demandOf(table);
+  if (demand != nullptr && !demand->together.empty() && isOmitted(table)) return 0;
+  std::uint64_t least = demand == nullptr ? 0 : demand->least;
   std::uint64_t count = node.most;
-  while (count > 0 && isAbsent(table, offset + (count - 1) * node.size)) --count;
+  while (count > least && isAbsent(table, offset + (count - 1) * node.size)) --count;
   return count;
 }
 
@@ -219,9 +222,23 @@ bool Decoder::isPresent(Operation const& operation) {
   if (node.count != kNone && !m_prepared.stored.counts.empty()) {
     return countFromCounts(operation.node, 1, false) != 0;
   }
-  if (!m_set.rules().omitsEmpty) return true;
-  return !isAbsent(operation.node,
-                   static_cast<std::uint64_t>(m_base - m_bytes.bytes) + node.offset);
+  return m_set.rules().hasCounts || !isOmitted(operation.node);
+}
+
+// Whether a part is left out: it is as if absent, and so are the parts that may be
+// missing with it only, which have the same tables around them.
+bool Decoder::isOmitted(std::uint32_t node) {
+  std::uint64_t moved = static_cast<std::uint64_t>(m_base - m_bytes.bytes);
+  auto isWhollyAbsent = [&](std::uint32_t each) {
+    Node const& item = (*m_layout)[each];
+    for (std::uint64_t k = 0; k < item.most; ++k) {
+      if (!isAbsent(each, moved + item.offset + k * item.size)) return false;
+    }
+    return true;
+  };
+  record::PartDemand const* demand = m_layout->tree().demandOf(node);
+  return demand == nullptr ? isWhollyAbsent(node)
+                           : std::ranges::all_of(demand->together, isWhollyAbsent);
 }
 
 // Whether an occurrence of an item has the bytes of an absent one. Tables in it have

@@ -36,6 +36,7 @@ class Decoder {
   std::uint64_t countFromCounts(std::uint32_t node, std::uint64_t most, bool isTable);
   std::uint64_t withoutAbsent(std::uint32_t table);
   [[nodiscard]] bool isPresent(Operation const& operation);
+  [[nodiscard]] bool isOmitted(std::uint32_t node);
   [[nodiscard]] bool isAbsent(std::uint32_t node, std::uint64_t offset);
   void writeMarkup(std::uint32_t begin, std::uint32_t size) {
     std::memcpy(m_out, m_program->markup.data() + begin, size);

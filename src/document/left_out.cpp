@@ -13,6 +13,20 @@ bool isFollowedBySlot(Layout const& layout, std::uint32_t node) {
   return layout[node].laterSlot != layout::kNone;
 }
 
+// Whether it does not matter that a single part is missing. A schema decides if it
+// knows the part.
+bool isOptional(RecordSet const& set, Layout const& layout, std::uint32_t node) {
+  record::PartDemand const* demand = layout.tree().demandOf(node);
+  return demand == nullptr ? set.rules().omitsEmpty : !demand->together.empty();
+}
+
+// The same of the last occurrences of a table.
+bool areOptional(RecordSet const& set, Layout const& layout, std::uint32_t table) {
+  record::PartDemand const* demand = layout.tree().demandOf(table);
+  if (demand == nullptr) return set.rules().omitsEmpty;
+  return !demand->together.empty() || demand->least < layout[table].most;
+}
+
 }  // namespace
 
 bool mayBeLeftOut(RecordSet const& set, Layout const& layout, std::uint32_t node) {
@@ -20,11 +34,12 @@ bool mayBeLeftOut(RecordSet const& set, Layout const& layout, std::uint32_t node
   bool isPart = role == Role::element || role == Role::attribute;
   if (!isPart || layout[node].repeats || node == 0) return false;
   if (set.rules().hasCounts) return layout[node].count != layout::kNone;
-  return set.rules().omitsEmpty && !isInLaterView(layout, node) && !isFollowedBySlot(layout, node);
+  return isOptional(set, layout, node) && !isInLaterView(layout, node) &&
+         !isFollowedBySlot(layout, node);
 }
 
 bool mayEndEarly(RecordSet const& set, Layout const& layout, std::uint32_t table) {
-  return set.rules().omitsEmpty && !set.rules().hasCounts &&
+  return areOptional(set, layout, table) && !set.rules().hasCounts &&
          layout[table].counter == layout::kNone && !isInLaterView(layout, table) &&
          !isFollowedBySlot(layout, table);
 }

@@ -9,6 +9,7 @@
 #include "fdrec/copybook_file.h"
 #include "fdrec/files.h"
 #include "fdrec/schema_file.h"
+#include "fdrec/schema_options.h"
 #include "fit/finding_output.h"
 #include "fit/fit_walk.h"
 #include "fit/repair.h"
@@ -44,11 +45,14 @@ class CheckCommand : public Command {
     app.add_option("--repair", m_repaired, "write the copybook with what holds all that is bounded")
         ->option_text("FILE");
     app.add_flag("--json", m_isJson, "write JSON");
+    m_schemaFiles.declare(app);
   }
 
   int run(CommonOptions const& options) override {
     if (int status = checkOutputs(options); status != kClean) return status;
-    SchemaFile schema(m_schema, std::make_unique<FileResolver>());
+    std::unique_ptr<FileResolver> resolver = makeResolver(m_schemaFiles);
+    if (resolver == nullptr) return kFailed;
+    SchemaFile schema(m_schema, std::move(resolver));
     if (schema.status() == kFailed) return kFailed;
     CopybookFile copybook(m_copybook, options);
     if (!copybook.isUsable() || schema.status() != kClean) {
@@ -132,6 +136,7 @@ class CheckCommand : public Command {
   std::string m_copybook;
   std::string m_repaired;
   fit::FitLimits m_limits;
+  SchemaOptions m_schemaFiles;
   bool m_isJson = false;
 };
 

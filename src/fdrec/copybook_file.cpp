@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "fit/schema_adoption.h"
 #include "record/part_rules.h"
 #include "record/storage_rules.h"
 #include "source/diagnostic_output.h"
@@ -22,6 +23,10 @@ CopybookFile::CopybookFile(std::string const& path, CommonOptions const& options
   for (compiler::DataItem const* each : m_records) {
     m_trees.emplace_back(*each, options.naming, diagnostics());
   }
+}
+
+void CopybookFile::adoptSchema(SchemaModel& model) {
+  for (record::RecordTree& each : m_trees) fit::adoptSchema(each, model);
 }
 
 void CopybookFile::checkLayout() {

@@ -6,6 +6,10 @@
 #include "fdrec/command.h"
 #include "record/record_tree.h"
 
+namespace fdmorph {
+class SchemaModel;
+}
+
 namespace fdmorph::fdrec {
 
 /// What a command does with the records.
@@ -32,6 +36,10 @@ class CopybookFile {
 
   [[nodiscard]] compiler::CompiledSource& source() { return m_source; }
   [[nodiscard]] compiler::Diagnostics& diagnostics() { return m_source.diagnostics(); }
+
+  /// Takes namespaces and optional parts of the records from a schema. To be called
+  /// before the layout is checked.
+  void adoptSchema(SchemaModel& model);
 
   /// Checks the rules of the layout, see record/part_rules.h and storage_rules.h.
   void checkLayout();

@@ -16,8 +16,9 @@ namespace fdmorph::fdrec {
 class DataInput {
  public:
   /// `common` and `data` must outlive this object, which completes the framing of the
-  /// latter.
-  DataInput(std::string const& copybook, CommonOptions const& common, DataOptions& data);
+  /// latter. Namespaces and optional parts are taken from `schema`, unless it is null.
+  DataInput(std::string const& copybook, CommonOptions const& common, DataOptions& data,
+            SchemaModel* schema = nullptr);
 
   /// Whether there is a layout. What else is reported to diagnostics() may still make it
   /// unusable.

@@ -157,7 +157,9 @@ void declareDocuments(Declaration& options, DataOptions& data) {
                   "pass over elements and attributes without an item");
   options.addFlag("--any-namespace", data.matchesAnyNamespace,
                   "match elements by their local names alone");
-  options.add("--schema", data.schema, "FILE", "validate each record against this XML Schema");
+  options.add("--schema", data.schema, "FILE",
+              "XML: validate each record against this XML Schema,\n"
+              "and take namespaces and optional parts from it");
 }
 
 void declareRun(Declaration& options, DataOptions& data) {
@@ -217,6 +219,7 @@ void DataOptions::declare(CLI::App& app) {
   declareBytes(options, *this);
   declareTexts(options, *this);
   declareDocuments(options, *this);
+  schemaFiles.declare(app);
   declareRun(options, *this);
 }
 

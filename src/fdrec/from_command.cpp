@@ -1,10 +1,12 @@
 // fdrec from-xml and fdrec from-json: documents as the records of a file.
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 
 #include "document/json_program.h"
 #include "fdrec/commands.h"
 #include "fdrec/data_options.h"
+#include "fdrec/data_schema.h"
 #include "fdrec/files.h"
 #include "fdrec/from_documents.h"
 
@@ -38,7 +40,12 @@ void FromCommand::declare(CLI::App& app) {
 }
 
 int FromCommand::run(CommonOptions const& options) {
-  DataInput input(m_copybook, options, m_data);
+  std::optional<DataSchema> schema;
+  if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
+    schema.emplace(m_data);
+    if (schema->status() != kClean) return schema->status();
+  }
+  DataInput input(m_copybook, options, m_data, schema ? &schema->model() : nullptr);
   if (input.hasLayout() && m_syntax == document::Syntax::json) {
     for (layout::Layout const& each : input.set().layouts()) {
       document::checkMemberNames(each, input.diagnostics());
@@ -46,7 +53,7 @@ int FromCommand::run(CommonOptions const& options) {
   }
   if (int status = input.finish(); status != kClean) return status;
   for (std::string const& output : {options.output, m_data.rejects}) {
-    for (std::string const& file : {m_copybook, m_path, m_data.residue}) {
+    for (std::string const& file : {m_copybook, m_path, m_data.residue, m_data.schema}) {
       if (int status = refuseOutputOver(output, file); status != kClean) return status;
     }
   }
@@ -56,7 +63,8 @@ int FromCommand::run(CommonOptions const& options) {
     printReadFailure(name, *why);
     return kFailed;
   }
-  return FromDocuments(input, m_data, m_syntax, name).run(source, options.output);
+  return FromDocuments(input, m_data, m_syntax, name, schema ? &*schema : nullptr)
+      .run(source, options.output);
 }
 
 }  // namespace

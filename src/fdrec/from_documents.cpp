@@ -22,7 +22,7 @@ bool endsTheRun(DocumentRecord const& record) {
 }  // namespace
 
 FromDocuments::FromDocuments(DataInput& input, DataOptions const& data, Syntax syntax,
-                             std::string const& name)
+                             std::string const& name, DataSchema* schema)
     : m_input(input),
       m_data(data),
       m_syntax(syntax),
@@ -30,15 +30,17 @@ FromDocuments::FromDocuments(DataInput& input, DataOptions const& data, Syntax s
       m_names(input.set().names(), nameMatch(data, syntax)),
       m_encoder(input.set(), m_names, makeEncodeRules(data, syntax)),
       m_form(input) {
-  // A residue may take the place of bytes that views and counters depend on.
-  if (syntax == Syntax::xml && data.residue.empty()) {
+  if (schema != nullptr) m_validation = std::make_unique<RecordValidation>(*schema, input.set());
+  // A residue may take the place of bytes that views and counters depend on. A schema
+  // needs the text of each record.
+  if (syntax == Syntax::xml && data.residue.empty() && schema == nullptr) {
     m_predictor = document::PredictedReader::make(input.set(), input.diagnostics());
   }
 }
 
 std::unique_ptr<document::DocumentReader> FromDocuments::makeReader(framing::InputStream& source) {
   document::ReaderOptions options = makeReaderOptions(m_input.set(), m_names, m_data);
-  options.keepsText = !m_data.rejects.empty();
+  options.keepsText = !m_data.rejects.empty() || m_validation != nullptr;
   auto read = [&source](std::span<char> buffer) -> std::optional<std::size_t> {
     std::size_t size = source.read(buffer.data(), buffer.size());
     if (source.failure()) return std::nullopt;
@@ -102,6 +104,7 @@ void FromDocuments::convert(document::DocumentReader& reader) {
 // Converts one record. False if the run has to end.
 bool FromDocuments::take(DocumentRecord& record) {
   if (m_residue && !m_residue->read(record.number, m_recordResidue)) return false;
+  if (m_validation && record.errors.empty() && !m_validation->check(record)) return fail(record);
   if (!encode(record)) return fail(record);
   std::string_view bytes = m_form.assemble(m_encoded, m_recordResidue);
   framing::WriteResult result = m_writer->write(bytes, framing::RecordWriter::LineEnd::exact);

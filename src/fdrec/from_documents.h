@@ -9,6 +9,7 @@
 #include "fdrec/data_input.h"
 #include "fdrec/data_run.h"
 #include "fdrec/document_rules.h"
+#include "fdrec/record_validation.h"
 #include "fdrec/residue_file.h"
 #include "fdrec/stored_form.h"
 #include "framing/record_writer.h"
@@ -18,9 +19,10 @@ namespace fdmorph::fdrec {
 /// One run of from-xml or from-json. To be used once.
 class FromDocuments {
  public:
-  /// All objects must outlive this one. `name` is that of the document in messages.
+  /// All objects must outlive this one. `name` is that of the document in messages. The
+  /// records are validated against `schema`, unless it is null.
   FromDocuments(DataInput& input, DataOptions const& data, document::Syntax syntax,
-                std::string const& name);
+                std::string const& name, DataSchema* schema);
 
   /// Converts all records of `source`. The result is an exit status.
   [[nodiscard]] int run(framing::InputStream& source, std::string const& output);
@@ -47,6 +49,7 @@ class FromDocuments {
   std::unique_ptr<framing::Progress> m_progress;
   std::unique_ptr<RunCounts> m_counts;
   std::unique_ptr<ResidueFile> m_residue;
+  std::unique_ptr<RecordValidation> m_validation;  // null without --schema
   document::Residue m_recordResidue;
   bool m_endsEarly = false;
 };

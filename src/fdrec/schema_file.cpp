@@ -7,9 +7,8 @@
 #include "fdrec/files.h"
 
 namespace fdmorph::fdrec {
-namespace {
 
-void print(SchemaReport const& report) {
+void printSchemaReport(SchemaReport const& report) {
   std::string line = report.place.file.empty() ? "fdrec" : report.place.file;
   if (report.place.line != 0) {
     line += ":" + std::to_string(report.place.line) + ":" + std::to_string(report.place.column);
@@ -18,8 +17,6 @@ void print(SchemaReport const& report) {
   line = compiler::printable(line) + " [schema]\n";
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
-
-}  // namespace
 
 SchemaFile::SchemaFile(std::string const& path, std::unique_ptr<LocationResolver> resolver)
     : m_resolver(std::move(resolver)), m_status(kErrors) {
@@ -32,7 +29,7 @@ SchemaFile::SchemaFile(std::string const& path, std::unique_ptr<LocationResolver
     return;
   }
   LoadedSchema loaded = SchemaModel::load(path, m_files, m_resolver.get());
-  for (SchemaReport const& each : loaded.reports) print(each);
+  for (SchemaReport const& each : loaded.reports) printSchemaReport(each);
   m_model = std::move(loaded.model);
   if (m_model != nullptr) m_status = kClean;
 }

@@ -9,6 +9,9 @@
 
 namespace fdmorph::fdrec {
 
+/// Prints a report with its place to the standard error stream.
+void printSchemaReport(SchemaReport const& report);
+
 /// A loaded schema and the files that it was read from.
 class SchemaFile {
  public:

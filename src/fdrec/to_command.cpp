@@ -1,9 +1,11 @@
 // fdrec to-xml and fdrec to-json: the records of a file as documents.
 #include <CLI/CLI.hpp>
 #include <memory>
+#include <optional>
 
 #include "fdrec/commands.h"
 #include "fdrec/data_options.h"
+#include "fdrec/data_schema.h"
 #include "fdrec/files.h"
 #include "fdrec/to_documents.h"
 
@@ -33,7 +35,12 @@ void ToCommand::declare(CLI::App& app) {
 }
 
 int ToCommand::run(CommonOptions const& options) {
-  DataInput input(m_copybook, options, m_data);
+  std::optional<DataSchema> schema;
+  if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
+    schema.emplace(m_data);
+    if (schema->status() != kClean) return schema->status();
+  }
+  DataInput input(m_copybook, options, m_data, schema ? &schema->model() : nullptr);
   std::unique_ptr<document::Programs> programs;
   if (input.hasLayout() && !input.diagnostics().hasErrors()) {
     programs = std::make_unique<document::Programs>(input.set(), makeOutputRules(m_data, m_syntax),
@@ -41,7 +48,7 @@ int ToCommand::run(CommonOptions const& options) {
   }
   if (int status = input.finish(); status != kClean) return status;
   for (std::string const& output : {options.output, m_data.rejects, m_data.residue}) {
-    for (std::string const& file : {m_copybook, m_path}) {
+    for (std::string const& file : {m_copybook, m_path, m_data.schema}) {
       if (int status = refuseOutputOver(output, file); status != kClean) return status;
     }
   }
@@ -51,7 +58,8 @@ int ToCommand::run(CommonOptions const& options) {
     printReadFailure(name, *why);
     return kFailed;
   }
-  return ToDocuments(input, m_data, *programs, name).run(source, options.output);
+  return ToDocuments(input, m_data, *programs, name, schema ? &*schema : nullptr)
+      .run(source, options.output);
 }
 
 }  // namespace

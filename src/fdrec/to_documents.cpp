@@ -14,8 +14,11 @@ using document::BatchText;
 using framing::Batch;
 
 ToDocuments::ToDocuments(DataInput const& input, DataOptions const& data,
-                         document::Programs const& programs, std::string const& name)
-    : m_input(input), m_data(data), m_programs(programs), m_name(name) {}
+                         document::Programs const& programs, std::string const& name,
+                         DataSchema* schema)
+    : m_input(input), m_data(data), m_programs(programs), m_name(name) {
+  if (schema != nullptr) m_validation = std::make_unique<RecordValidation>(*schema, input.set());
+}
 
 bool ToDocuments::isXml() const {
   return m_programs.rules().syntax == document::Syntax::xml;
@@ -72,7 +75,9 @@ void ToDocuments::convert(framing::InputStream& source, framing::PartRange const
   steps.read = [&reader](Batch& batch) { return reader.next(batch); };
   steps.work = [this](std::size_t thread, Batch& batch, ConvertedBatch& converted) {
     converted.text.clear();
-    document::decodeBatch(*m_decoders[thread], batch, converted.text);
+    document::DocumentCheck check;
+    if (m_validation) check = m_validation->checkOfBytes(thread);
+    document::decodeBatch(*m_decoders[thread], batch, converted.text, check);
     if (!m_trips.empty()) converted.residues = m_trips[thread]->run(batch, converted.text);
   };
   steps.take = [this](Batch& batch, ConvertedBatch& converted) { return take(batch, converted); };

@@ -8,6 +8,7 @@
 #include "document/batch_decoding.h"
 #include "fdrec/data_input.h"
 #include "fdrec/data_run.h"
+#include "fdrec/record_validation.h"
 #include "fdrec/round_trip.h"
 #include "framing/record_writer.h"
 
@@ -22,9 +23,10 @@ struct ConvertedBatch {
 /// One run of to-xml or to-json. To be used once.
 class ToDocuments {
  public:
-  /// All objects must outlive this one. `name` is that of the data in messages.
+  /// All objects must outlive this one. `name` is that of the data in messages. The
+  /// documents are validated against `schema`, unless it is null.
   ToDocuments(DataInput const& input, DataOptions const& data, document::Programs const& programs,
-              std::string const& name);
+              std::string const& name, DataSchema* schema);
 
   /// Converts all records of `source`. The result is an exit status.
   [[nodiscard]] int run(framing::InputStream& source, std::string const& output);
@@ -44,6 +46,7 @@ class ToDocuments {
   DataInput const& m_input;
   DataOptions const& m_data;
   document::Programs const& m_programs;
+  std::unique_ptr<RecordValidation> m_validation;  // null without --schema
   std::string const& m_name;
   std::vector<std::unique_ptr<document::Decoder>> m_decoders;  // one for each thread
   std::vector<std::unique_ptr<RoundTrip>> m_trips;             // the same, with --residue

@@ -4,6 +4,9 @@
 #include <optional>
 #include <string>
 #include <unordered_map>
+#include <utility>
+
+#include "fit/part_matching.h"
 
 namespace fdmorph::fit {
 namespace {
@@ -53,43 +56,15 @@ class ContentCheck {
   }
 
  private:
-  // By name and namespace, else by name alone: records do not always know the
-  // namespaces of local elements.
   void match() {
-    auto const& elements = m_subject.parts.elements;
-    m_partOf.resize(elements.size());
-    m_itemOf.resize(m_content.parts.size());
-    std::unordered_map<std::string, std::size_t> exact;
-    std::unordered_map<std::string_view, std::size_t> local;
-    for (std::size_t i = 0; i < m_content.parts.size(); ++i) {
-      ContentPart const& part = m_content.parts[i];
-      if (part.isGroup) continue;
-      exact.try_emplace(part.element->name.space + ' ' + part.element->name.local, i);
-    }
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-      auto found =
-          exact.find(std::string(elements[i].namespaceUri) + ' ' + std::string(elements[i].name));
-      if (found != exact.end()) join(i, found->second);
-    }
-    for (std::size_t i = 0; i < m_content.parts.size(); ++i) {
-      ContentPart const& part = m_content.parts[i];
-      if (!part.isGroup && !m_itemOf[i]) local.try_emplace(part.element->name.local, i);
-    }
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-      if (m_partOf[i]) continue;
-      auto found = local.find(elements[i].name);
-      if (found != local.end() && !m_itemOf[found->second]) join(i, found->second);
-    }
+    PartMatch found = matchParts(m_subject.parts.elements, m_content);
+    m_partOf = std::move(found.partOf);
+    m_itemOf = std::move(found.itemOf);
     for (std::size_t i = 0; i < m_content.parts.size(); ++i) {
       ContentPart const& part = m_content.parts[i];
       if (part.isGroup) m_groups.emplace(part.head, i);
       if (m_itemOf[i] && part.head != nullptr) m_heads.insert(part.head);
     }
-  }
-
-  void join(std::size_t item, std::size_t part) {
-    m_partOf[item] = part;
-    m_itemOf[part] = item;
   }
 
   void checkPart(ContentPart const& part, std::size_t index) {

@@ -1,6 +1,7 @@
 #include "record/record_tree.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "semantics/name_index.h"
 #include "source/literals.h"
@@ -85,6 +86,14 @@ RecordTree::RecordTree(DataItem const& record, NamingRules const& rules, Diagnos
   assignValues();
   dropAttributesWithoutText();
   dropRolesOfEmptyGroups(diagnostics);
+}
+
+void RecordTree::setNamespace(std::uint32_t node, std::string_view namespaceUri) {
+  m_nodes[node].namespaceUri = m_texts.emplace_back(namespaceUri);
+}
+
+void RecordTree::setDemand(std::uint32_t node, PartDemand demand) {
+  m_demands.insert_or_assign(node, std::move(demand));
 }
 
 // The recursion is bounded by the number of levels.

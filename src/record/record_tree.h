@@ -14,6 +14,7 @@
 #include <deque>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "semantics/data_item.h"
@@ -45,6 +46,14 @@ struct RecordNode {
   bool repeats() const { return item->occurs != nullptr; }
 };
 
+/// How often a schema wants a part of an element to be there.
+struct PartDemand {
+  std::uint64_t least = 1;  ///< occurrences, unless all of `together` are left out
+  /// Nodes, this one included, that may be left out if all of them are. Empty if the
+  /// part may not be left out.
+  std::vector<std::uint32_t> together = {};
+};
+
 struct NamingRules {
   std::string namespaceUri;  ///< of all elements of a plain record
 };
@@ -68,6 +77,17 @@ class RecordTree {
   [[nodiscard]] RecordNode const& root() const { return m_nodes.front(); }
   [[nodiscard]] bool isEnhanced() const { return m_isEnhanced; }
 
+  /// Puts an element or attribute into a namespace.
+  void setNamespace(std::uint32_t node, std::string_view namespaceUri);
+
+  void setDemand(std::uint32_t node, PartDemand demand);
+
+  /// What a schema wants; null if there is no schema, or it does not know the part.
+  [[nodiscard]] PartDemand const* demandOf(std::uint32_t node) const {
+    auto found = m_demands.find(node);
+    return found == m_demands.end() ? nullptr : &found->second;
+  }
+
   /// The names of the elements from the record down to a node, separated by
   /// slashes, and "@" before the name of an attribute. A value item has the path of
   /// its element. Empty for a node without a place in the document.
@@ -90,6 +110,7 @@ class RecordTree {
 
   std::vector<RecordNode> m_nodes;
   std::deque<std::string> m_texts;  // names that are not in the source as they are
+  std::unordered_map<std::uint32_t, PartDemand> m_demands;  // by node
   bool m_isEnhanced = false;
 };
 

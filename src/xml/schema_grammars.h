@@ -69,6 +69,9 @@ class SchemaGrammars {
   /// The grammar of each namespace. They live as long as this object.
   [[nodiscard]] std::vector<xerces::SchemaGrammar*> grammars();
 
+  /// Where the grammars are, for a parser.
+  [[nodiscard]] xerces::XMLGrammarPool& pool() { return m_pool; }
+
   /// The namespace of that number.
   [[nodiscard]] std::string spaceOf(unsigned number);
 
