@@ -2,7 +2,6 @@
 
 #include <cstdio>
 
-#include "fit/schema_adoption.h"
 #include "record/part_rules.h"
 #include "record/storage_rules.h"
 #include "source/diagnostic_output.h"
@@ -25,8 +24,8 @@ CopybookFile::CopybookFile(std::string const& path, CommonOptions const& options
   }
 }
 
-void CopybookFile::adoptSchema(SchemaModel& model) {
-  for (record::RecordTree& each : m_trees) fit::adoptSchema(each, model);
+void CopybookFile::changeTrees(TreeChange const& change) {
+  for (record::RecordTree& each : m_trees) change(each);
 }
 
 void CopybookFile::checkLayout() {

@@ -1,14 +1,11 @@
 // A copybook that a command works on.
 #pragma once
 
+#include <functional>
 #include <vector>
 
 #include "fdrec/command.h"
 #include "record/record_tree.h"
-
-namespace fdmorph {
-class SchemaModel;
-}
 
 namespace fdmorph::fdrec {
 
@@ -17,6 +14,9 @@ enum class CopybookUse {
   documents,  ///< their items have roles in documents
   items,      ///< only the items count
 };
+
+/// A change of the tree of a record.
+using TreeChange = std::function<void(record::RecordTree&)>;
 
 /// A compiled copybook or program and the records of it that the options choose.
 class CopybookFile {
@@ -37,9 +37,9 @@ class CopybookFile {
   [[nodiscard]] compiler::CompiledSource& source() { return m_source; }
   [[nodiscard]] compiler::Diagnostics& diagnostics() { return m_source.diagnostics(); }
 
-  /// Takes namespaces and optional parts of the records from a schema. To be called
-  /// before the layout is checked.
-  void adoptSchema(SchemaModel& model);
+  /// Changes what the trees say about documents. To be called before the layout is
+  /// checked.
+  void changeTrees(TreeChange const& change);
 
   /// Checks the rules of the layout, see record/part_rules.h and storage_rules.h.
   void checkLayout();

@@ -27,12 +27,12 @@ bool isBinary(values::ItemFormat const& format) {
 }  // namespace
 
 DataInput::DataInput(std::string const& copybook, CommonOptions const& common, DataOptions& data,
-                     SchemaModel* schema)
+                     TreeChange const& change)
     : m_common(common), m_data(data), m_rules(makeDataRules(common, data)) {
   if (data.binarySize) m_common.source.binarySize = data.binarySize;
   if (!m_rules.error.empty()) return;
   m_copybook.emplace(copybook, m_common);
-  if (schema != nullptr) m_copybook->adoptSchema(*schema);
+  if (change) m_copybook->changeTrees(change);
   m_copybook->checkLayout();
   if (!m_copybook->isUsable() || diagnostics().hasErrors()) return;
   for (record::RecordTree const& tree : m_copybook->trees()) {

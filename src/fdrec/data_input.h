@@ -16,9 +16,9 @@ namespace fdmorph::fdrec {
 class DataInput {
  public:
   /// `common` and `data` must outlive this object, which completes the framing of the
-  /// latter. Namespaces and optional parts are taken from `schema`, unless it is null.
+  /// latter. `change` is made to the trees of the records, unless it is empty.
   DataInput(std::string const& copybook, CommonOptions const& common, DataOptions& data,
-            SchemaModel* schema = nullptr);
+            TreeChange const& change = {});
 
   /// Whether there is a layout. What else is reported to diagnostics() may still make it
   /// unusable.

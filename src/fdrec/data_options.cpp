@@ -219,7 +219,6 @@ void DataOptions::declare(CLI::App& app) {
   declareBytes(options, *this);
   declareTexts(options, *this);
   declareDocuments(options, *this);
-  schemaFiles.declare(app);
   declareRun(options, *this);
 }
 

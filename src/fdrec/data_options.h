@@ -9,7 +9,6 @@
 #include "document/decoder.h"
 #include "fdrec/command.h"
 #include "fdrec/framing_options.h"
-#include "fdrec/schema_options.h"
 
 namespace fdmorph::fdrec {
 
@@ -52,7 +51,6 @@ struct DataOptions {
   bool ignoresUnknown = false;
   bool matchesAnyNamespace = false;
   std::string schema;
-  SchemaOptions schemaFiles;
 
   // The run.
   std::uint64_t maxErrors = 100;  ///< records with errors; 0: no bound

@@ -9,18 +9,18 @@
 
 namespace fdmorph::fdrec {
 
-DataSchema::DataSchema(DataOptions const& data) : m_status(kFailed) {
+DataSchema::DataSchema(DataOptions const& data, SchemaOptions const& files) : m_status(kFailed) {
   if (InputFile(data.schema, true).kind() == InputFile::Kind::pipe) {
     printError(compiler::quoted(data.schema) + " is a pipe; expected a file, which is read twice",
                "file");
     return;
   }
-  std::unique_ptr<FileResolver> resolver = makeResolver(data.schemaFiles);
+  std::unique_ptr<FileResolver> resolver = makeResolver(files);
   if (resolver == nullptr) return;
   m_file = std::make_unique<SchemaFile>(data.schema, std::move(resolver));
   m_status = m_file->status();
   for (std::size_t i = 0; m_status == kClean && i < data.framing.threads(); ++i) {
-    resolver = makeResolver(data.schemaFiles);
+    resolver = makeResolver(files);
     LoadedValidator loaded;
     if (resolver) loaded = DocumentValidator::load(data.schema, std::move(resolver));
     for (SchemaReport const& each : loaded.reports) printSchemaReport(each);

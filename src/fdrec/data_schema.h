@@ -6,6 +6,8 @@
 
 #include "fdrec/data_options.h"
 #include "fdrec/schema_file.h"
+#include "fdrec/schema_options.h"
+#include "fit/schema_adoption.h"
 #include "xml/document_validator.h"
 
 namespace fdmorph::fdrec {
@@ -14,12 +16,16 @@ namespace fdmorph::fdrec {
 class DataSchema {
  public:
   /// Loads the schema. Reports are printed to the standard error stream.
-  explicit DataSchema(DataOptions const& data);
+  DataSchema(DataOptions const& data, SchemaOptions const& files);
 
   /// kClean if the schema can be used; else the exit status of the command.
   [[nodiscard]] int status() const { return m_status; }
 
   [[nodiscard]] SchemaModel& model() { return m_file->model(); }
+
+  /// Takes namespaces and optional parts of a record from the schema.
+  void adopt(record::RecordTree& tree) { fit::adoptSchema(tree, model()); }
+
   [[nodiscard]] DocumentValidator& validator(std::size_t thread) { return *m_validators[thread]; }
 
  private:

@@ -25,6 +25,7 @@ class FromCommand : public Command {
   std::string m_copybook;
   std::string m_path;
   DataOptions m_data;
+  SchemaOptions m_schemaFiles;
 };
 
 void FromCommand::declare(CLI::App& app) {
@@ -37,15 +38,18 @@ void FromCommand::declare(CLI::App& app) {
                        : "the JSON lines; default: the standard input")
       ->option_text(isXml ? "DOCUMENT" : "LINES");
   m_data.declare(app);
+  m_schemaFiles.declare(app);
 }
 
 int FromCommand::run(CommonOptions const& options) {
   std::optional<DataSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
-    schema.emplace(m_data);
+    schema.emplace(m_data, m_schemaFiles);
     if (schema->status() != kClean) return schema->status();
   }
-  DataInput input(m_copybook, options, m_data, schema ? &schema->model() : nullptr);
+  TreeChange adopt;
+  if (schema) adopt = [&schema](record::RecordTree& tree) { schema->adopt(tree); };
+  DataInput input(m_copybook, options, m_data, adopt);
   if (input.hasLayout() && m_syntax == document::Syntax::json) {
     for (layout::Layout const& each : input.set().layouts()) {
       document::checkMemberNames(each, input.diagnostics());

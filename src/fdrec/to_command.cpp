@@ -24,6 +24,7 @@ class ToCommand : public Command {
   std::string m_copybook;
   std::string m_path;
   DataOptions m_data;
+  SchemaOptions m_schemaFiles;
 };
 
 void ToCommand::declare(CLI::App& app) {
@@ -32,15 +33,18 @@ void ToCommand::declare(CLI::App& app) {
       ->required();
   app.add_option("data", m_path, "the records; default: the standard input")->option_text("DATA");
   m_data.declare(app);
+  m_schemaFiles.declare(app);
 }
 
 int ToCommand::run(CommonOptions const& options) {
   std::optional<DataSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
-    schema.emplace(m_data);
+    schema.emplace(m_data, m_schemaFiles);
     if (schema->status() != kClean) return schema->status();
   }
-  DataInput input(m_copybook, options, m_data, schema ? &schema->model() : nullptr);
+  TreeChange adopt;
+  if (schema) adopt = [&schema](record::RecordTree& tree) { schema->adopt(tree); };
+  DataInput input(m_copybook, options, m_data, adopt);
   std::unique_ptr<document::Programs> programs;
   if (input.hasLayout() && !input.diagnostics().hasErrors()) {
     programs = std::make_unique<document::Programs>(input.set(), makeOutputRules(m_data, m_syntax),
