@@ -64,8 +64,8 @@ bool PredictedReader::readNumber(Step const& step, unsigned char* bytes, char en
   Digits number;
   number.isNegative = *at == '-';
   if (number.isNegative) ++at;
-  int const decimals = format.scale;  // not below zero, see codecOf()
-  auto const scale = static_cast<unsigned>(decimals);
+  // Not below zero, see codecOf().
+  auto const scale = static_cast<unsigned>(static_cast<unsigned char>(format.scale));
   unsigned const places = format.digits - scale;
   char const* const integer = at;
   while (at - integer <= static_cast<std::ptrdiff_t>(kMostDigits) && isDigit(*at)) ++at;

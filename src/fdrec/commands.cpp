@@ -4,18 +4,6 @@
 
 namespace fdmorph::fdrec {
 
-std::unique_ptr<Command> makeCheckCommand();
-std::unique_ptr<Command> makeCopybookCommand();
-std::unique_ptr<Command> makeIndexCommand();
-std::unique_ptr<Command> makeShowCommand();
-std::unique_ptr<Command> makePlainCommand();
-std::unique_ptr<Command> makeSchemaCommand();
-std::unique_ptr<Command> makeToXmlCommand();
-std::unique_ptr<Command> makeToJsonCommand();
-std::unique_ptr<Command> makeFromXmlCommand();
-std::unique_ptr<Command> makeFromJsonCommand();
-std::unique_ptr<Command> makeVerifyCommand();
-
 std::span<CommandRow const> commandTable() {
   static std::vector<CommandRow> const kCommands{
       {"show", "show the items of records with offset, length, picture and XML path",

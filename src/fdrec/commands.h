@@ -22,6 +22,11 @@ struct CommandRow {
 [[nodiscard]] std::unique_ptr<Command> makeShowCommand();
 [[nodiscard]] std::unique_ptr<Command> makePlainCommand();
 [[nodiscard]] std::unique_ptr<Command> makeSchemaCommand();
+[[nodiscard]] std::unique_ptr<Command> makeToXmlCommand();
+[[nodiscard]] std::unique_ptr<Command> makeToJsonCommand();
+[[nodiscard]] std::unique_ptr<Command> makeFromXmlCommand();
+[[nodiscard]] std::unique_ptr<Command> makeFromJsonCommand();
+[[nodiscard]] std::unique_ptr<Command> makeVerifyCommand();
 
 /// In the order of the help.
 [[nodiscard]] std::span<CommandRow const> commandTable();

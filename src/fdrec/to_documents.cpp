@@ -162,8 +162,8 @@ void ToDocuments::writeStart() {
 }
 
 void ToDocuments::writeEnd() {
-  if (isXml() && !m_data.areLines && !m_data.isSingle)
-    m_output.write("</" + m_data.wrapper + ">\n");
+  if (!isXml() || m_data.areLines || m_data.isSingle) return;
+  m_output.write("</" + m_data.wrapper + ">\n");
 }
 
 }  // namespace fdmorph::fdrec
