@@ -73,8 +73,8 @@ class Adoption {
 }  // namespace
 
 void adoptSchema(record::RecordTree& tree, SchemaModel& model) {
-  if (SchemaElement const* root = findRootElement(tree, model))
-    Adoption(tree, model).adopt(0, *root);
+  SchemaElement const* root = findRootElement(tree, model);
+  if (root != nullptr) Adoption(tree, model).adopt(0, *root);
 }
 
 }  // namespace fdmorph::fit

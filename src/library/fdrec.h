@@ -24,6 +24,9 @@
 extern "C" {
 #endif
 
+/* Names and types are those of C.
+ * NOLINTBEGIN(readability-identifier-naming,modernize-use-using) */
+
 /* What all functions but fdrec_message and fdrec_close return. */
 enum {
   FDREC_OK = 0,      /* done */
@@ -110,6 +113,8 @@ size_t fdrec_message(char* out, size_t capacity);
 
 /* Frees a layout. No other call may use it any longer. Null is allowed. */
 void fdrec_close(fdrec_layout* layout);
+
+/* NOLINTEND(readability-identifier-naming,modernize-use-using) */
 
 #ifdef __cplusplus
 }
