@@ -228,8 +228,9 @@ class ElementSchemas {
       bool const isEnumerated =
           !each->isGroup() && !valueTypeOf(*each, m_parts.rules()).values.empty();
       if (isEnumerated) continue;
-      for (std::string const& line : conditionLines(*each))
+      for (std::string const& line : conditionLines(*each)) {
         text += (text.empty() ? "" : "\n") + line;
+      }
     }
     if (!text.empty()) schema["description"] = std::move(text);
   }

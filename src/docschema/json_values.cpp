@@ -129,6 +129,7 @@ ordered_json jsonAnyOf(std::vector<ordered_json> alternatives) {
 ordered_json jsonValueOf(std::vector<ValueType> const& types, bool mayLackText,
                          SchemaRules const& rules) {
   std::vector<ordered_json> alternatives;
+  alternatives.reserve(types.size() + 1);
   for (ValueType const& each : types) {
     alternatives.push_back(schemaOf(each, rules.hasQuotedNumbers));
   }

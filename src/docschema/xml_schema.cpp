@@ -195,8 +195,9 @@ class SchemaWriter {
 
   // A named type; the result is its name as a reference.
   std::string defineType(Parts& parts, std::string_view name, NamespaceFile& file) {
-    if (!isSimple(parts))
+    if (!isSimple(parts)) {
       return file.qualified(file.define(complexTypeOf(parts, name, file), name));
+    }
     return nameOf(simpleTypeOf(parts.texts, parts.mayLackText), name, file);
   }
 

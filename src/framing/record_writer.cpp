@@ -78,8 +78,9 @@ WriteResult RecordWriter::writeBlocked(std::string_view record) {
 WriteResult RecordWriter::writeLine(std::string_view record, LineEnd end) {
   if (record.find('\n') != std::string_view::npos) return WriteResult::lineFeed;
   // None is found in a record of blanks: npos + 1 is 0.
-  if (end == LineEnd::trimmed)
+  if (end == LineEnd::trimmed) {
     record = record.substr(0, record.find_last_not_of(m_rules.blank) + 1);
+  }
   m_output.write(record);
   m_output.write("\n");
   return WriteResult::written;
