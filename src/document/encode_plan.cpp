@@ -26,6 +26,10 @@ std::uint64_t placeKey(std::uint32_t element, std::uint32_t key, bool isAttribut
 
 }  // namespace
 
+bool PlannedArea::testsItself() const {
+  return std::ranges::find(testedAreas, area) != testedAreas.end();
+}
+
 EncodePlan::EncodePlan(layout::RecordSet const& set, std::uint32_t record, NameNumbers const& index)
     : m_set(&set),
       m_layout(&set.layouts()[record]),
@@ -121,6 +125,9 @@ void EncodePlan::addArea(PlannedElement& element, std::uint32_t area, std::uint3
   planned.area = area;
   planned.view = outer;
   planned.hasRules = !rules.empty();
+  for (layout::ViewRule const* rule : rules) {
+    for (layout::Comparison const& each : rule->comparisons) addTestedAreas(planned, each.node);
+  }
   planned.views = {sizeOf(views), sizeOf(views) + sizeOf(nodes)};
   Range range = planned.views;
   for (std::uint32_t node : nodes) {
@@ -129,8 +136,8 @@ void EncodePlan::addArea(PlannedElement& element, std::uint32_t area, std::uint3
     view.area = number;
     bool isNamed = std::ranges::any_of(
         rules, [node](layout::ViewRule const* rule) { return rule->target == node; });
-    bool isPreset = node == m_layout->areas()[area].preset;
-    view.isCandidate = isNamed || isPreset || (!rules.empty() && node == nodes.front());
+    std::uint32_t unnamed = rules.empty() ? m_layout->areas()[area].preset : nodes.front();
+    view.isCandidate = isNamed || node == unnamed;
     if (node == nodes.front()) continue;
     view.absentBytes.resize((*m_layout)[node].extent());
     if (view.absentBytes.empty()) continue;
@@ -150,6 +157,14 @@ void EncodePlan::addArea(PlannedElement& element, std::uint32_t area, std::uint3
     if (views[i].hasText) areas[number].hasText = true;
   }
   areas[number].parts = {firstPart, sizeOf(parts)};
+}
+
+void EncodePlan::addTestedAreas(PlannedArea& area, std::uint32_t node) const {
+  for (; node != record::kNoNode; node = m_layout->item(node).parent) {
+    std::uint32_t tested = (*m_layout)[node].area;
+    bool isNew = std::ranges::find(area.testedAreas, tested) == area.testedAreas.end();
+    if (tested != kNone && isNew) area.testedAreas.push_back(tested);
+  }
 }
 
 // Gathers the slots of each name, and finds those that can be there together.

@@ -65,6 +65,10 @@ struct PlannedArea {
   Range views = {};      ///< in EncodePlan::views
   Range parts = {};      ///< in EncodePlan::parts: those of all views
   std::vector<AreaName> names = {};
+  /// In Layout::areas: those with an item that the rules look at; itself may be one.
+  std::vector<std::uint32_t> testedAreas = {};
+
+  [[nodiscard]] bool testsItself() const;
 };
 
 /// An item of an element that is there or not as the view it is in.
@@ -126,6 +130,7 @@ class EncodePlan {
   void addItems(PlannedElement& element, std::uint32_t group, std::uint32_t view);
   void addItem(PlannedElement& element, std::uint32_t node, std::uint32_t view);
   void addArea(PlannedElement& element, std::uint32_t area, std::uint32_t outer);
+  void addTestedAreas(PlannedArea& area, std::uint32_t node) const;
   void nameParts(PlannedElement& element, std::uint32_t number);
   void nameViews(PlannedElement const& element);
   [[nodiscard]] std::uint64_t roomOutside(PlannedName const& name, std::uint32_t area) const;

@@ -40,8 +40,8 @@ bool Encoder::encode(Instances const& instances, DataErrors& errors,
   bool isChosen = false;
   for (std::uint32_t record : candidates) {
     m_errors.clear();
-    encodeAs(record, instances, runs);
     // An error of the reader may be the reason why no rule holds.
+    encodeAs(record, instances, runs, errors.empty());
     bool isTested = m_set.hasRecordRules() && m_errors.isEmpty() && errors.empty();
     isChosen = m_errors.isEmpty() && (!isTested || chosenRecord() == record);
     if (isChosen) break;
@@ -73,12 +73,14 @@ std::vector<std::uint32_t> Encoder::candidatesOf(std::uint32_t name) const {
   return candidates;
 }
 
+// Views are checked if the document has no other error.
 void Encoder::encodeAs(std::uint32_t record, Instances const& instances,
-                       std::span<ByteRun const> runs) {
+                       std::span<ByteRun const> runs, bool checksViews) {
   RecordEncoder& encoder = m_encoders[record];
   encoder.encode(instances, runs, m_errors);
   locateErrors(record, runs);
   finish(record, runs);
+  if (!checksViews) return;
   encoder.checkViews(m_rules.endsWithViews && !m_set.layouts()[record].shifts()
                          ? m_result.bytes.size()
                          : encoder.bytes().size(),
@@ -149,6 +151,7 @@ std::uint32_t Encoder::chosenRecord() {
 
 // A rule may look at the record as if it were another one.
 bool Encoder::holds(layout::ViewRule const& rule) {
+  if (rule.comparisons.empty()) return true;  // it looks at no record
   std::vector<unsigned char> const& own = m_encoders[m_result.record].bytes();
   layout::RecordBytes bytes{own.data(), own.size()};
   std::span<unsigned char const> written = m_result.bytes;
@@ -168,7 +171,7 @@ bool Encoder::holds(layout::ViewRule const& rule) {
       // Records of one length are filled up with blanks.
       std::fill(m_other.begin() + static_cast<std::ptrdiff_t>(size), m_other.end(),
                 m_set.values().conventions().codePage->blank());
-      if (m_rules.endsWithViews) bytes.available = size;
+      if (m_rules.endsWithViews || !m_rules.isFilledUp) bytes.available = size;
     }
   }
   return m_set.holds(rule, bytes, {});

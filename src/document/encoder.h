@@ -37,7 +37,8 @@ class Encoder {
   [[nodiscard]] EncodedRecord const& result() const { return m_result; }
 
  private:
-  void encodeAs(std::uint32_t record, Instances const& instances, std::span<ByteRun const> runs);
+  void encodeAs(std::uint32_t record, Instances const& instances, std::span<ByteRun const> runs,
+                bool checksViews);
   void finish(std::uint32_t record, std::span<ByteRun const> runs);
   void locateErrors(std::uint32_t record, std::span<ByteRun const> runs);
   [[nodiscard]] std::vector<std::uint32_t> candidatesOf(std::uint32_t name) const;

@@ -44,6 +44,7 @@ void RecordEncoder::encode(Instances const& instances, std::span<ByteRun const> 
   m_tableChecks.clear();
   m_areaChecks.clear();
   m_undecided.clear();
+  m_openCounts.assign(m_layout.areas().size(), 0);
   m_viewErrors.clear();
   constexpr std::uint64_t kMaxAttempts = 1000;
   m_attemptsLeft = kMaxAttempts + 8 * instances.all.size();

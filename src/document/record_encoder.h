@@ -25,6 +25,7 @@ struct EncodeRules {
   bool ignoresUnknown = false;  ///< elements and attributes without an item
   bool isJson = false;          ///< shapes are checked, and numbers may have exponents
   bool endsWithViews = false;   ///< a record is written up to the end of its views
+  bool isFilledUp = true;       ///< a record is written as long as the longest one
 };
 
 /// Bytes that take the place of those that a record would have.
@@ -100,6 +101,13 @@ class RecordEncoder {
     std::size_t occurrence;
   };
 
+  /// Which undecided areas are tried.
+  enum class Round : std::uint8_t {
+    settled,  ///< those whose rules look at no other undecided area
+    any,      ///< all
+    last,     ///< all, and those for which no view can be taken fail
+  };
+
   /// What is undone if a view is not the one.
   struct Mark {
     std::size_t errors;
@@ -155,6 +163,7 @@ class RecordEncoder {
   bool tryViews(Frame const& frame, std::uint32_t area, bool isLast);
   void encodeView(Frame const& frame, std::uint32_t view);
   void resolveUndecided();
+  [[nodiscard]] bool looksAtUndecided(PlannedArea const& area) const;
   void finishUndecided(Undecided const& each);
   [[nodiscard]] Mark markOf(Frame const& frame, std::uint32_t area);
   void undo(Frame const& frame, std::uint32_t area, Mark const& mark);
@@ -207,6 +216,7 @@ class RecordEncoder {
   std::vector<TableCheck> m_tableChecks;
   std::vector<AreaCheck> m_areaChecks;
   std::vector<Undecided> m_undecided;
+  std::vector<std::uint32_t> m_openCounts;  // by area of the layout: those that are kOpen
   std::vector<DataError> m_viewErrors;
   unsigned m_attempts = 0;  // that are under way, one in the other
   std::uint64_t m_attemptsLeft = 0;

@@ -53,11 +53,14 @@ class RecordPreparation {
 
  private:
   bool choose(StoredRecord record);
+  bool holds(layout::ViewRule const& rule, StoredRecord const& record);
+  std::span<unsigned char const> filledUp(std::span<unsigned char const> data,
+                                          layout::Layout const& layout);
   bool splitCounts();
   bool lookAt(StoredRecord stored);
   bool lookAtShifted(StoredRecord stored);
   bool lookAtShort(StoredRecord stored);
-  [[nodiscard]] bool isLong(StoredRecord stored) const;
+  [[nodiscard]] bool isLong(StoredRecord stored, std::uint64_t end) const;
   void fail(ErrorCode code, std::string text);
 
   layout::RecordSet const& m_set;
@@ -65,7 +68,8 @@ class RecordPreparation {
   LengthRules m_lengths;
   layout::Layout const* m_layout = nullptr;
   PreparedRecord m_result;
-  std::vector<unsigned char> m_full;  ///< the largest form of a record that is shorter
+  std::vector<unsigned char> m_full;    ///< the largest form of a record that is shorter
+  std::vector<unsigned char> m_filled;  ///< a line that is filled up with blanks
 };
 
 }  // namespace fdmorph::document

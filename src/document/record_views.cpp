@@ -40,6 +40,7 @@ bool RecordEncoder::decideArea(Frame const& frame, std::uint32_t area) {
   }
   for (AreaName const& each : m_plan.areas[area].names) useOf(frame, each.name).area = area;
   takenOf(frame, area) = kOpen;
+  ++m_openCounts[m_plan.areas[area].area];
   return false;
 }
 
@@ -113,9 +114,9 @@ bool RecordEncoder::fits(Frame const& frame, PlannedView const& view) const {
 }
 
 // Encodes the areas that waited for the rest of the record. A view may depend on an
-// area that is decided later, so those that fail are tried again.
+// area that is decided later: it waits for that one, and those that fail are tried again.
 void RecordEncoder::resolveUndecided() {
-  bool isLast = false;
+  Round round = Round::settled;
   bool areAllDecided = m_undecided.empty();
   while (!areAllDecided) {
     bool hasProgress = false;
@@ -124,14 +125,27 @@ void RecordEncoder::resolveUndecided() {
       loadOccurrence(each.occurrence, innerDepth(each.frame.node));
       Range areas = planOf(each.frame).areas;
       for (std::uint32_t i = areas.begin; i < areas.end; ++i) {
+        PlannedArea const& area = m_plan.areas[i];
         if (takenOf(each.frame, i) != kOpen) continue;
-        bool isDecided = tryViews(each.frame, i, isLast);
+        bool isTried = round != Round::settled || !looksAtUndecided(area);
+        bool isDecided = isTried && tryViews(each.frame, i, round == Round::last);
+        if (isDecided) --m_openCounts[area.area];
         (isDecided ? hasProgress : areAllDecided) = isDecided;
       }
     }
-    isLast = !hasProgress;
+    if (hasProgress) {
+      round = Round::settled;
+    } else {
+      round = round == Round::settled ? Round::any : Round::last;
+    }
   }
   for (Undecided const& each : m_undecided) finishUndecided(each);
+}
+
+bool RecordEncoder::looksAtUndecided(PlannedArea const& area) const {
+  return std::ranges::any_of(area.testedAreas, [&](std::uint32_t tested) {
+    return tested != area.area && m_openCounts[tested] > 0;
+  });
 }
 
 // The parts that have slots in and outside of an area, and what depends on the views.
@@ -154,8 +168,10 @@ bool RecordEncoder::tryViews(Frame const& frame, std::uint32_t area, bool isLast
   std::uint32_t const likely = chosenView(area);
   auto found = std::ranges::find_if(
       candidates, [&](std::uint32_t each) { return m_plan.views[each].node == likely; });
-  bool isReordered = plan.hasRules && found != candidates.end();
-  if (isReordered) std::rotate(candidates.begin(), found, found + 1);
+  // What the rules look at outside of the area is there already, so no other view can be
+  // the one.
+  bool isKnown = plan.hasRules && !plan.testsItself() && found != candidates.end();
+  if (isKnown) std::rotate(candidates.begin(), found, found + 1);
   Mark const mark = markOf(frame, area);
   bool areAllWrong = !candidates.empty();
   bool isTextAccepted = false;

@@ -22,6 +22,7 @@ document::EncodeRules makeEncodeRules(DataOptions const& data, Syntax syntax) {
   Format format = data.framing.format();
   rules.endsWithViews =
       format == Format::rdw || format == Format::bdw || format == Format::gnucobolVariable;
+  rules.isFilledUp = format == Format::fixed;
   return rules;
 }
 

@@ -42,6 +42,17 @@ TEST(EncodeView, IsToldIfTheRecordHasNoOtherError) {
   EXPECT_EQ(encoding.run("<R><K>X</K><Q/></R>"), "12 R/Q [unknown]");
 }
 
+TEST(EncodeView, IsNotToldBesideAnErrorOfTheReader) {
+  Encoding encoding(kViews, views({"V1: K = 'A'", "V2: K = 'B'"}));
+  NameNumbers const names(encoding.set.names(), NameMatch::exact);
+  Instances const instances = DocumentText("<R><V2><C>7</C></V2></R>", names).readXml();
+  Encoder encoder(encoding.set, names, {});
+  DataErrors errors{{ErrorCode::json, "of the reader", "R/K", 0, "", 1, 2}};
+  EXPECT_FALSE(encoder.encode(instances, errors));
+  ASSERT_EQ(errors.size(), 1U);
+  EXPECT_EQ(errors[0].code, ErrorCode::json);
+}
+
 TEST(EncodeView, OfPartsThatNoViewHasTogetherIsAnError) {
   Encoding encoding(kViews, views({"V1: K = 'A'", "V2: K = 'B'"}));
   EXPECT_EQ(encoding.run("<R><K>A</K><V2><C>x</C></V2><V1/></R>"), "12 R/V2 [view]");
@@ -96,6 +107,43 @@ TEST(EncodeView, MayBeTestedByItemsOfItsOwn) {
   EXPECT_EQ(encoding.run("<r><t>1</t><a>5</a></r>"), "15");
   EXPECT_EQ(encoding.run("<r><t>2</t><a>x</a></r>"), "12 r/a [number]");
   EXPECT_EQ(encoding.run("<r><t>3</t><a>x</a></r>"), "4 r/t [view]");
+}
+
+// Both views have an element a, at other places, and H takes what G does not.
+TEST(EncodeView, OfSeveralThatTestTheirOwnItemsIsTheFirst) {
+  Encoding encoding(
+      "01 R IDENTIFIED BY 'r'. 05 G. 10 A PIC X IDENTIFIED BY 'a'. 10 F PIC X."
+      " 05 H REDEFINES G. 10 F PIC X. 10 A PIC X IDENTIFIED BY 'a'.",
+      views({"G: A OF G = 'x'", "H:"}));
+  EXPECT_EQ(encoding.run("<r><a>x</a></r>"), "x ");
+  EXPECT_EQ(encoding.run("<r><a>y</a></r>"), " y");
+}
+
+// The rules of the first area look at the second one, whose view they find when the
+// rest of the record is there. Before that, B of H2 is blank.
+TEST(EncodeView, MayDependOnTheViewOfALaterArea) {
+  Encoding encoding(
+      "01 R IDENTIFIED BY 'r'."
+      " 05 G. 10 A PIC X IDENTIFIED BY 'a'. 10 F PIC X."
+      " 05 H REDEFINES G. 10 F PIC X. 10 A PIC X IDENTIFIED BY 'a'."
+      " 05 G2. 10 B PIC X IDENTIFIED BY 'b'. 10 F PIC X."
+      " 05 H2 REDEFINES G2. 10 F PIC X. 10 B PIC X IDENTIFIED BY 'b'."
+      " 05 T PIC X IDENTIFIED BY 't'.",
+      views({"G: B OF H2 = ' '", "H: B OF H2 = 'x'", "G2: T = '1'", "H2: T = '2'"}));
+  EXPECT_EQ(encoding.run("<r><a>x</a><b>x</b><t>1</t></r>"), "x x 1");
+  EXPECT_EQ(encoding.run("<r><a>x</a><b>x</b><t>2</t></r>"), " x x2");
+  EXPECT_EQ(encoding.run("<r><a>x</a><b>y</b><t>2</t></r>"), "4 r/a [view]");
+}
+
+// The first of the area, FILL, has no role. B has a role, but neither is it the first nor
+// has it a rule.
+TEST(EncodeView, WithRulesHasOneOrIsTheFirst) {
+  Encoding encoding(
+      "01 R IDENTIFIED BY 'r'. 05 FILL PIC X(2). 05 B REDEFINES FILL PIC 9 IDENTIFIED BY 'b'."
+      " 05 C REDEFINES FILL PIC X IDENTIFIED BY 'c'.",
+      views({"C:"}));
+  EXPECT_EQ(encoding.run("<r><b>x</b></r>"), "4 r/b [view]");
+  EXPECT_EQ(encoding.run("<r><c>x</c></r>"), "x ");
 }
 
 TEST(EncodeView, InATableIsThatOfItsOccurrence) {
@@ -202,6 +250,16 @@ TEST(EncodeRecord, IsTheOneThatTheRulesChoose) {
   EXPECT_EQ(encoding.record(), 1U);
   EXPECT_EQ(encoding.run("<LINE-REC><T>H</T><B>5</B></LINE-REC>"), "1 LINE-REC [view]");
   EXPECT_EQ(encoding.run("<LINE-REC><T>H</T><B>x</B></LINE-REC>"), "19 LINE-REC/B [number]");
+}
+
+TEST(EncodeRecord, IsChosenByARuleWithoutATest) {
+  EncodingRules rules = views({"HEAD: T OF HEAD = 'H'", "LINE-REC:"});
+  rules.records = {"HEAD", "LINE-REC"};
+  Encoding encoding(kRecords, rules);
+  EXPECT_EQ(encoding.run("<HEAD><T>H</T><A>x</A></HEAD>"), "Hx ");
+  EXPECT_EQ(encoding.run("<HEAD><T>x</T></HEAD>"), "1 HEAD [view]");
+  EXPECT_EQ(encoding.run("<LINE-REC><T>x</T><B>5</B></LINE-REC>"), "x005");
+  EXPECT_EQ(encoding.record(), 1U);
 }
 
 }  // namespace

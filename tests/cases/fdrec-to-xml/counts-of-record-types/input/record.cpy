@@ -1,0 +1,5 @@
+       01  A IDENTIFIED BY "a".
+           05  K PIC X IDENTIFIED BY "k" COUNT IN K-COUNT.
+       01  B IDENTIFIED BY "b".
+           05  K PIC X IDENTIFIED BY "k".
+           05  L PIC X(3) IDENTIFIED BY "l" COUNT IN L-COUNT.
