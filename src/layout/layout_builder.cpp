@@ -68,7 +68,8 @@ void LayoutBuilder::makeNodes() {
     DataItem const& item = *items[i].item;
     Node& node = nodes[i];
     m_nodeOf.emplace(&item, i);
-    node.format = values::makeItemFormat(item, m_rules.conventions);
+    node.format = item.isGroup() ? values::makeTextFormat(static_cast<std::uint32_t>(item.size))
+                                 : values::makeItemFormat(item, m_rules.conventions);
     node.offset = item.offset;
     node.size = item.size;
     node.repeats = item.occurs != nullptr && i != 0;
@@ -246,15 +247,43 @@ void LayoutBuilder::placeCounts() {
   }
 }
 
-// The bytes of one absent occurrence of an item. A counter is the lower bound of its
-// tables. The recursion is bounded by the number of levels.
+// The bytes of one absent occurrence of an item. The recursion is bounded by the number
+// of levels.
 void LayoutBuilder::fillAbsent(std::uint32_t node, unsigned char* bytes) {
   DataItem const& item = *m_layout.item(node).item;
-  if (item.isGroup() && !values::hasInitialValue(item)) {
+  bool const isText = item.isGroup() && values::hasInitialValue(item);
+  if (item.isGroup() && !isText) {
     fillItems(node, bytes);
   } else {
     values::writeAbsent(m_literals, item, m_layout.m_nodes[node].format, bytes);
   }
+  if (isText && !m_counterOf.empty()) {
+    setCounters(node, bytes);
+  } else {
+    setCounter(node, bytes);
+  }
+}
+
+// The counters in a group that has a value of its own.
+void LayoutBuilder::setCounters(std::uint32_t group, unsigned char* bytes) {
+  std::vector<Node> const& nodes = m_layout.m_nodes;
+  for (std::uint32_t i = group + 1; i < m_layout.item(group).end; i = m_layout.item(i).end) {
+    DataItem const& item = *m_layout.item(i).item;
+    if (!isStored(item) || item.redefined != nullptr) continue;
+    unsigned char* begin = bytes + (nodes[i].offset - nodes[group].offset);
+    for (std::uint64_t k = 0; k < nodes[i].most; ++k) {
+      if (item.isGroup()) {
+        setCounters(i, begin + k * nodes[i].size);
+      } else {
+        setCounter(i, begin + k * nodes[i].size);
+      }
+    }
+  }
+}
+
+// A counter is the lower bound of its tables.
+void LayoutBuilder::setCounter(std::uint32_t node, unsigned char* bytes) {
+  DataItem const& item = *m_layout.item(node).item;
   auto counter = m_counterOf.find(&item);
   if (counter == m_counterOf.end()) return;
   std::uint64_t least = 0;

@@ -34,6 +34,8 @@ class LayoutBuilder {
   void checkShifting();
   void placeCounts();
   void fillAbsent(std::uint32_t node, unsigned char* bytes);
+  void setCounters(std::uint32_t group, unsigned char* bytes);
+  void setCounter(std::uint32_t node, unsigned char* bytes);
   void fillItems(std::uint32_t group, unsigned char* bytes);
   [[nodiscard]] bool isInArea(std::uint32_t node) const;
   void report(std::uint32_t node, std::string text);

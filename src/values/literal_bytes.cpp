@@ -144,15 +144,12 @@ bool LiteralBytes::write(ItemFormat const& format, Literal const& literal,
   if (!text) return false;
   std::size_t const size = std::min<std::size_t>(text->size(), format.size);
   std::size_t const left = format.size - size;
-  // What is too long is cut on the other side of where the text begins.
-  std::size_t const cut = format.isJustified ? text->size() - size : 0;
   Literal blanks;
   blanks.kind = Literal::Kind::space;
   std::optional<std::string> const padding = textOf(format, left, blanks);
   if (!padding) return false;
-  unsigned char* const begin = format.isJustified ? bytes + left : bytes;
-  std::copy_n(text->begin() + static_cast<std::ptrdiff_t>(cut), size, begin);
-  std::copy_n(padding->begin(), left, format.isJustified ? bytes : bytes + size);
+  std::copy_n(text->begin(), size, bytes);
+  std::copy_n(padding->begin(), left, bytes + size);
   return true;
 }
 

@@ -9,8 +9,8 @@
 
 namespace fdmorph::values {
 
-/// Writes literals as items are initialised with them: what does not fit is cut off.
-/// Immutable.
+/// Writes literals as items are initialised with them: what does not fit is cut off, and
+/// JUSTIFIED does not matter. Immutable.
 class LiteralBytes {
  public:
   /// With the conventions of `values`, except for those about what does not fit.

@@ -26,6 +26,17 @@ TEST(EncodeParts, ThatAreAbsentHaveTheirInitialBytes) {
   EXPECT_EQ(Encoding(kOrder).run("<R><L>p</L><G><B>x</B></G></R>"), "   000x 00p     z");
 }
 
+// The value of a group is that of all its items, which are not initialised then; but a
+// counter in it is the lower bound of its table.
+TEST(EncodeParts, ThatAreAbsentHaveTheValueOfAGroupAroundThem) {
+  Encoding encoding(
+      "01 R. 05 G VALUE 'abcd'. 10 A PIC X(2). 10 B PIC 9(2). 05 H. 10 C PIC 9."
+      " 05 I VALUE ALL '79'. 10 J OCCURS 2. 15 N PIC 9. 15 T PIC 9 OCCURS 1 TO 2"
+      " DEPENDING ON N.");
+  EXPECT_EQ(encoding.run("<R/>"), "abcd0197179");
+  EXPECT_EQ(encoding.run("<R><G><A>x</A></G></R>"), "x cd0197179");
+}
+
 TEST(EncodeParts, OfEachRecordStartAnew) {
   Encoding encoding(kOrder);
   EXPECT_EQ(encoding.run("<R><A>abc</A><L>p</L></R>"), "abc000  00p     z");

@@ -69,6 +69,12 @@ TEST(AbsentItem, HasItsValue) {
   EXPECT_EQ(absentOf(gnuItem("PIC X(3) VALUE Z\"A\"")), "410020");
 }
 
+// JUSTIFIED is about what is moved to an item, not about its initial value.
+TEST(AbsentItem, HasItsValueOnTheLeft) {
+  EXPECT_EQ(ibmAbsent("PIC X(4) JUSTIFIED VALUE \"AB\""), "C1C24040");
+  EXPECT_EQ(ibmAbsent("PIC X(2) JUSTIFIED VALUE \"ABC\""), "C1C2");
+}
+
 TEST(AbsentItem, HasTheValueOfANumber) {
   EXPECT_EQ(ibmAbsent("PIC S9(3)V99 VALUE -1.5"), "F0F0F1F5D0");
   EXPECT_EQ(ibmAbsent("PIC S9(3)V99 COMP-3 VALUE 1.5"), "00150C");
