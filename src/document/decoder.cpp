@@ -23,6 +23,8 @@ bool Decoder::decode(StoredRecord record, TextBuffer& out, DataErrors& errors) {
   m_buffer = &out;
   m_hasFailed = false;
   m_stopAt = UINT64_MAX;
+  m_lastKept = UINT64_MAX;
+  m_consequence.reset();
   m_occurrence = {};
   auto begin = static_cast<std::size_t>(out.end() - out.begin());
   m_prepared = m_preparation.prepare(record);
@@ -46,9 +48,15 @@ bool Decoder::decode(StoredRecord record, TextBuffer& out, DataErrors& errors) {
     return true;
   }
   out.setEnd(out.begin() + begin);
-  std::ranges::stable_sort(errors, {}, &DataError::offset);
-  if (errors.size() > kMaxErrorsPerRecord) errors.resize(kMaxErrorsPerRecord);
+  finishErrors();
   return false;
+}
+
+// Keeps the first errors in the order of the record.
+void Decoder::finishErrors() {
+  if (m_errors->empty() && m_consequence) m_errors->push_back(std::move(*m_consequence));
+  std::ranges::stable_sort(*m_errors, {}, &DataError::offset);
+  if (m_errors->size() > kMaxErrorsPerRecord) m_errors->resize(kMaxErrorsPerRecord);
 }
 
 void Decoder::run(std::uint32_t begin, std::uint32_t end) {
@@ -269,13 +277,38 @@ void Decoder::runArea(std::uint32_t at) {
     std::uint64_t offset = layout::offsetOf(*m_layout, first, m_occurrence);
     DataError error{ErrorCode::view, "no rule of a view holds"};
     error.path = layout::pathOf(*m_layout, m_layout->item(first).enclosing, m_occurrence);
-    add(std::move(error), first, offset);
+    if (testsWrongNumber(operation.node)) {
+      m_hasFailed = true;
+      if (!m_consequence) m_consequence = placed(std::move(error), first, offset);
+    } else {
+      add(std::move(error), first, offset);
+    }
     return;
   }
   for (std::uint32_t i = at + 1; i < operation.end; i = m_program->operations[i].end) {
     Operation const& branch = m_program->operations[i];
     if (branch.kind == Operation::Kind::branch && branch.node == view) run(i + 1, branch.end);
   }
+}
+
+// Whether rules of an area look at an item that is in the document and has an error of
+// its own, or is not there because of a counter: then no rule may hold because of that.
+bool Decoder::testsWrongNumber(std::uint32_t area) const {
+  auto isWrong = [this](layout::Comparison const& comparison) {
+    Node const& item = (*m_layout)[comparison.node];
+    std::uint64_t offset = layout::offsetOf(*m_layout, comparison.node, m_occurrence);
+    if (offset >= m_stopAt) return true;
+    if (!item.hasRole || !item.format.isNumber()) return false;
+    if (offset + item.size > m_bytes.available) return false;
+    std::vector<char> text(values::Values::maxTextSize(item.format));
+    DecodeResult result =
+        m_values.decode<Target::plain>(item.format, m_bytes.bytes + offset, text.data());
+    return result.error != values::ValueError::none;
+  };
+  return std::ranges::any_of(m_set.rulesOf(m_prepared.record, area),
+                             [&](layout::ViewRule const* rule) {
+                               return std::ranges::any_of(rule->comparisons, isWrong);
+                             });
 }
 
 void Decoder::failValue(Operation const& operation, values::ValueError error) {
@@ -306,29 +339,45 @@ void Decoder::fail(ErrorCode code, std::uint32_t node, std::string text, bool is
   // The occurrence of a table that has not begun is its first.
   layout::Occurrence at = m_occurrence;
   if (isWhole) at.at[(*m_layout)[node].depth] = 0;
+  std::uint64_t offset = layout::offsetOf(*m_layout, node, at);
+  m_hasFailed = true;
+  if (!isTold(offset)) return;
   DataError error{code, std::move(text)};
   error.path = layout::pathOf(*m_layout, node, at, isWhole);
-  add(std::move(error), node, layout::offsetOf(*m_layout, node, at));
+  add(std::move(error), node, offset);
 }
 
-// Adds an error about a node at an offset of the largest form. What was told already,
-// and what follows a counter that cannot be used, is not told.
+// Gives an error about a node at an offset of the largest form its place.
+DataError Decoder::placed(DataError error, std::uint32_t node, std::uint64_t offset) const {
+  if (error.path.empty()) error.path = layout::pathOf(*m_layout, node, m_occurrence);
+  error.offset = m_layout->shifts()
+                     ? layout::shiftedOffset(*m_layout, m_values, m_bytes.bytes, offset)
+                     : offset;
+  error.bytes = shownBytes(m_prepared.stored.bytes, error.offset, (*m_layout)[node].size);
+  return error;
+}
+
+// Whether an error at an offset of the largest form can be told: what follows a counter
+// that cannot be used is not, nor what comes after enough others.
+bool Decoder::isTold(std::uint64_t offset) const {
+  return offset < m_stopAt && (m_layout->shifts() || offset < m_lastKept);
+}
+
+// Adds an error, unless it was told already.
 void Decoder::add(DataError error, std::uint32_t node, std::uint64_t offset) {
   m_hasFailed = true;
-  if (offset >= m_stopAt) return;
-  if (error.path.empty()) error.path = layout::pathOf(*m_layout, node, m_occurrence);
-  error.offset = offset;
-  if (m_layout->shifts()) {
-    error.offset = layout::shiftedOffset(*m_layout, m_values, m_bytes.bytes, offset);
-  }
+  if (!isTold(offset)) return;
+  error = placed(std::move(error), node, offset);
+  if (error.offset >= m_lastKept) return;
   auto isSame = [&](DataError const& other) {
     return other.code == error.code && other.offset == error.offset && other.path == error.path;
   };
   if (std::ranges::any_of(*m_errors, isSame)) return;
-  if (error.bytes.empty()) {
-    error.bytes = shownBytes(m_prepared.stored.bytes, error.offset, (*m_layout)[node].size);
-  }
   m_errors->push_back(std::move(error));
+  constexpr std::size_t kMaxKept = 4 * kMaxErrorsPerRecord;
+  if (m_errors->size() < kMaxKept) return;
+  finishErrors();
+  m_lastKept = m_errors->back().offset;
 }
 
 }  // namespace fdmorph::document

@@ -1,6 +1,7 @@
 // Records as documents: runs the program of a record over its bytes.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "document/data_error.h"
@@ -38,6 +39,7 @@ class Decoder {
   [[nodiscard]] bool isPresent(Operation const& operation);
   [[nodiscard]] bool isOmitted(std::uint32_t node);
   [[nodiscard]] bool isAbsent(std::uint32_t node, std::uint64_t offset);
+  [[nodiscard]] bool testsWrongNumber(std::uint32_t area) const;
   void writeMarkup(std::uint32_t begin, std::uint32_t size) {
     std::memcpy(m_out, m_program->markup.data() + begin, size);
     m_out += size;
@@ -45,7 +47,10 @@ class Decoder {
   void fail(ErrorCode code, std::uint32_t node, std::string text, bool isWhole = false);
   void failAtCounter(layout::CounterFault const& fault);
   void failValue(Operation const& operation, values::ValueError error);
+  [[nodiscard]] DataError placed(DataError error, std::uint32_t node, std::uint64_t offset) const;
+  [[nodiscard]] bool isTold(std::uint64_t offset) const;
   void add(DataError error, std::uint32_t node, std::uint64_t offset);
+  void finishErrors();
 
   Programs const& m_programs;
   layout::RecordSet const& m_set;
@@ -57,7 +62,9 @@ class Decoder {
   layout::Layout const* m_layout = nullptr;
   Program const* m_program = nullptr;
   layout::RecordBytes m_bytes{};
-  std::uint64_t m_stopAt = UINT64_MAX;  ///< errors at this offset or later are not told
+  std::uint64_t m_stopAt = UINT64_MAX;     ///< errors at this offset or later are not told
+  std::uint64_t m_lastKept = UINT64_MAX;   ///< the same, in the record as it is stored
+  std::optional<DataError> m_consequence;  ///< told if there is no other error
   layout::Occurrence m_occurrence;
   unsigned char const* m_base = nullptr;  // the record, moved by the occurrences of tables
   TextBuffer* m_buffer = nullptr;

@@ -114,6 +114,13 @@ TEST(Occurrences, GroupAsIfAbsentIsLeftOutWithAllItsParts) {
   EXPECT_EQ(record.xml(" .b"), "<R><G/><B>b</B></R>");
 }
 
+TEST(Occurrences, GroupWithItsValueIsLeftOut) {
+  Decoded record("01 R. 02 G VALUE 'xy'. 03 A PIC X. 03 B PIC X. 02 C PIC X.");
+  record.rules.omitsEmpty = true;
+  EXPECT_EQ(record.xml("xyc"), "<R><C>c</C></R>");
+  EXPECT_EQ(record.xml("x c"), "<R><G><B/></G><C>c</C></R>");
+}
+
 TEST(Occurrences, LaterViewsAreNeverLeftOut) {
   Decoded record("01 R. 02 K PIC X. 02 A PIC X. 02 B REDEFINES A PIC X.");
   record.rules.omitsEmpty = true;
@@ -145,6 +152,46 @@ TEST(Occurrences, RecordMayEndWhereItsViewEnds) {
 TEST(Occurrences, ErrorsAreInTheOrderOfTheRecordAndCountOccurrencesInTheirPaths) {
   Decoded record("01 R. 02 T OCCURS 2. 03 A PIC 9. 03 B PIC 9 OCCURS 2.");
   EXPECT_EQ(record.xml("1?2a34"), "digit 1 R/T[1]/B[1]\ndigit 3 R/T[2]/A\n");
+}
+
+// No rule holds because K is no number, which is told.
+TEST(Occurrences, ViewIsNotToldBecauseOfAnItemThatTestsLookAt) {
+  Decoded record("01 R. 02 A PIC X. 02 B REDEFINES A PIC 9. 02 K PIC 9. 02 Z PIC 9.");
+  record.when = {"A: K = 1", "B: K = 2"};
+  EXPECT_EQ(record.xml("x?1"), "digit 1 R/K\n");
+  EXPECT_EQ(record.xml("x?x"), "digit 1 R/K\ndigit 2 R/Z\n");
+  EXPECT_EQ(record.xml("x3x"), "view 0 R\ndigit 2 R/Z\n");
+}
+
+// The item comes after a table of unknown size.
+TEST(Occurrences, ViewIsNotToldBecauseOfACounter) {
+  Decoded record(
+      "01 R. 02 A PIC X. 02 B REDEFINES A PIC 9. 02 N PIC 9. 02 T PIC X OCCURS 1 TO 3"
+      " DEPENDING ON N. 02 K PIC 9.");
+  record.rules.tables = layout::TableForm::shifted;
+  record.when = {"A: K = 1", "B: K = 2"};
+  EXPECT_EQ(record.xml("x1a3"), "view 0 R\n");
+  EXPECT_EQ(record.xml("x9a1"), "odo 1 R/T\n");
+}
+
+// Here the item is not in the document, so its error is not told.
+TEST(Occurrences, ViewIsToldIfTheItemThatTestsLookAtIsNotInTheDocument) {
+  Decoded record(
+      "01 R IDENTIFIED BY 'r'. 02 A PIC X IDENTIFIED BY 'a'. 02 B REDEFINES A PIC 9"
+      " IDENTIFIED BY 'b'. 02 K PIC 9. 02 X PIC X. 02 Y REDEFINES X IDENTIFIED BY 'y' PIC 9.");
+  record.when = {"A: K = 1", "B: Y = 2", "X:"};
+  EXPECT_EQ(record.xml("x??"), "view 0 r\n");
+}
+
+// A table of a million wrong items takes no time to speak of.
+TEST(Occurrences, FirstTenErrorsOfManyAreTold) {
+  Decoded record(
+      "01 R. 02 A PIC 9 OCCURS 1000000. 02 N PIC 9. 02 T PIC X OCCURS 2 TO 3"
+      " DEPENDING ON N.");
+  std::string errors = record.xml(std::string(1'000'000, '?') + "1abc");
+  EXPECT_EQ(std::ranges::count(errors, '\n'), 10);
+  EXPECT_TRUE(errors.starts_with("digit 0 R/A[1]\ndigit 1 R/A[2]\n"));
+  EXPECT_TRUE(errors.ends_with("digit 9 R/A[10]\n"));
 }
 
 TEST(Occurrences, AtMostTenErrorsAreTold) {
