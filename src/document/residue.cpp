@@ -40,6 +40,12 @@ std::optional<std::string> bytesOf(std::string_view digits) {
 
 }  // namespace
 
+bool Residue::isWhole() const {
+  if (!length) return false;
+  if (*length == 0) return true;
+  return runs.size() == 1 && runs.front().offset == 0 && runs.front().bytes.size() == *length;
+}
+
 Residue differenceOf(std::span<unsigned char const> stored, std::span<unsigned char const> made,
                      std::span<ByteRange const> kept) {
   Residue residue;

@@ -25,6 +25,9 @@ struct Residue {
 
   [[nodiscard]] bool isEmpty() const { return !length && runs.empty(); }
 
+  /// Whether it has all bytes of the record, so that the document is not needed.
+  [[nodiscard]] bool isWhole() const;
+
   void clear() {
     length.reset();
     runs.clear();

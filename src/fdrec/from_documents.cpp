@@ -19,6 +19,24 @@ bool endsTheRun(DocumentRecord const& record) {
   });
 }
 
+// Whether an error says that no bytes can be made of a part, or others than the document
+// asks for. If all bytes are known it does not matter.
+bool isAboutBytes(document::DataError const& error) {
+  using document::ErrorCode;
+  switch (error.code) {
+    case ErrorCode::character:
+    case ErrorCode::number:
+    case ErrorCode::overflow:
+    case ErrorCode::precision:
+    case ErrorCode::length:
+    case ErrorCode::odo:
+    case ErrorCode::view:
+      return true;
+    default:
+      return false;
+  }
+}
+
 }  // namespace
 
 FromDocuments::FromDocuments(DataInput& input, DataOptions const& data, Syntax syntax,
@@ -128,8 +146,14 @@ bool FromDocuments::encode(DocumentRecord& record) {
   }
   bool isEncoded =
       !record.instances.all.empty() && m_encoder.encode(record.instances, record.errors, runs);
-  if (!isEncoded || !record.errors.empty()) return false;
-  m_encoded = m_encoder.result();
+  if (isEncoded && record.errors.empty()) {
+    m_encoded = m_encoder.result();
+    return true;
+  }
+  // A document that could not be read back when it was written has its record here.
+  if (!m_recordResidue.isWhole() || !std::ranges::all_of(record.errors, isAboutBytes)) return false;
+  record.errors.clear();
+  m_encoded = {};
   return true;
 }
 

@@ -61,7 +61,7 @@ void RoundTrip::compare(std::string_view stored, document::DocumentRecord& recor
   }
   result.error = record.errors.empty() ? "the document is empty" : record.errors.front().text;
   result.residue.length = stored.size();
-  result.residue.runs.push_back({0, std::string(stored)});
+  if (!stored.empty()) result.residue.runs.push_back({0, std::string(stored)});
 }
 
 }  // namespace fdmorph::fdrec
