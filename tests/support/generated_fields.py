@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import struct
 from collections.abc import Callable
-from dataclasses import dataclass
+from dataclasses import dataclass, replace
 from random import Random
 from typing import Any
 
@@ -12,6 +12,7 @@ from support.generated_items import likely
 
 LETTERS = "ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789&<>'-"
 Bytes = Callable[[Random], bytes]
+Numbers = Callable[[int], bytes]  # the bytes of a number
 
 
 @dataclass
@@ -39,10 +40,39 @@ class Field:
     value: Bytes
     absent: bytes
     dirty: Callable[[Random, bytes], bytes]
+    without_value: bytes | None = None  # where it is absent and its VALUE does not count
+
+    @property
+    def empty(self) -> bytes:
+        return self.absent if self.without_value is None else self.without_value
 
 
 def unchanged(_: Random, value: bytes) -> bytes:
     return value
+
+
+@dataclass
+class Picture:
+    text: str  # without S
+    digits: int  # that are stored
+    scale: int | None  # digits after the point; None with scaling positions
+
+    def literal(self, number: int) -> str:
+        """The number that has these digits."""
+        digits = f"{abs(number):0{self.digits}d}"
+        sign = "-" if number < 0 else ""
+        if not self.scale:
+            return sign + digits
+        return f"{sign}{digits[: -self.scale] or '0'}.{digits[-self.scale :]}"
+
+
+@dataclass
+class FieldRules:
+    """Which items may be made."""
+
+    has_sync: bool = True
+    has_native: bool = True  # numbers that hold more than their picture, or have none
+    is_text: bool = False  # only those whose bytes are characters
 
 
 class FieldMaker:
@@ -51,6 +81,17 @@ class FieldMaker:
     def __init__(self, random: Random, dialect: Dialect) -> None:
         self.random = random
         self.dialect = dialect
+        self.field_rules = FieldRules()
+
+    def with_value(self, known: Field, picture: Picture, numbers: Numbers) -> Field:
+        """The item, at times with a VALUE clause."""
+        if picture.scale is None or not likely(self.random, 25):
+            return known
+        number = self.random.randrange(10**picture.digits)
+        if "PIC S" in known.clauses and likely(self.random, 50):
+            number = -number
+        clauses = f"{known.clauses} VALUE {picture.literal(number)}"
+        return replace(known, clauses=clauses, absent=numbers(number), without_value=known.absent)
 
     def blank(self, size: int) -> bytes:
         return self.dialect.text(" ") * size
@@ -69,7 +110,18 @@ class FieldMaker:
             return old[:-1] + b"\0" if not is_right else b"\0" + old[1:]
 
         clauses = f"PIC X({size})" + (" JUSTIFIED RIGHT" if is_right else "")
-        return Field(clauses, value, self.blank(size), dirty)
+        if not likely(self.random, 25):
+            return Field(clauses, value, self.blank(size), dirty)
+        text = "".join(self.random.choices(LETTERS[:40], k=self.random.randint(1, size)))
+        absent = self.dialect.text(text.ljust(size))
+        return Field(f'{clauses} VALUE "{text}"', value, absent, dirty, self.blank(size))
+
+    def text_values(self, size: int) -> Bytes:
+        def value(random: Random) -> bytes:
+            text = "".join(random.choices(LETTERS, k=random.randint(0, size)))
+            return self.dialect.text(text.ljust(size))
+
+        return value
 
     def edited_field(self) -> Field:
         size = self.random.randint(2, 5)
@@ -91,19 +143,18 @@ class FieldMaker:
             f"PIC N({size}) USAGE NATIONAL", value, (" " * size).encode(encoding), unchanged
         )
 
-    def picture(self, most: int) -> tuple[str, int]:
-        """A picture without its S, and the number of digits that are stored."""
+    def picture(self, most: int) -> Picture:
         digits = self.random.randint(1, most)
         kind = self.random.randrange(5)
         if kind == 0 and digits > 1:
             scale = self.random.randint(1, digits - 1)
-            return f"9({digits - scale})V9({scale})", digits
+            return Picture(f"9({digits - scale})V9({scale})", digits, scale)
         if kind == 1:
             scaling = "P" * self.random.randint(1, 3)
-            return (
-                f"9({digits}){scaling}" if likely(self.random, 50) else f"V{scaling}9({digits})"
-            ), digits
-        return f"9({digits})", digits
+            is_above = likely(self.random, 50)
+            text = f"9({digits}){scaling}" if is_above else f"V{scaling}9({digits})"
+            return Picture(text, digits, None)
+        return Picture(f"9({digits})", digits, 0)
 
     def zoned_bytes(self, number: int, digits: int, sign: str) -> bytes:
         text = bytearray(self.dialect.text(f"{abs(number):0{digits}d}"))
@@ -120,14 +171,15 @@ class FieldMaker:
         return bytes(text)
 
     def zoned_field(self) -> Field:
-        picture, digits = self.picture(18)
+        picture = self.picture(18)
+        digits = picture.digits
         is_signed = likely(self.random, 60)
         sign = ""
         if is_signed:
             sign = self.random.choice(
                 ["SIGN TRAILING", "SIGN LEADING", "SIGN LEADING SEPARATE", "SIGN TRAILING SEPARATE"]
             )
-        is_blank = not is_signed and "P" not in picture and likely(self.random, 20)
+        is_blank = not is_signed and picture.scale is not None and likely(self.random, 20)
 
         def value(random: Random) -> bytes:
             number = random.randrange(10 ** random.randint(0, digits))
@@ -146,13 +198,17 @@ class FieldMaker:
                 changed[at] = (changed[at] & 0x0F) | random.choice([0xA0, 0xC0, 0xE0, 0xF0])
             return bytes(changed)
 
-        clauses = f"PIC {'S' if is_signed else ''}{picture} {sign}"
+        def numbers(number: int) -> bytes:
+            return self.zoned_bytes(number, digits, sign)
+
+        clauses = f"PIC {'S' if is_signed else ''}{picture.text} {sign}"
         if is_blank:
             return Field(clauses + " BLANK WHEN ZERO", value, self.blank(digits), dirty)
-        return Field(clauses, value, self.zoned_bytes(0, digits, sign), dirty)
+        return self.with_value(Field(clauses, value, numbers(0), dirty), picture, numbers)
 
     def packed_field(self) -> Field:
-        picture, digits = self.picture(18)
+        picture = self.picture(18)
+        digits = picture.digits
         is_signed = likely(self.random, 60)
 
         def pack(number: int) -> bytes:
@@ -169,7 +225,8 @@ class FieldMaker:
                 return old
             return old[:-1] + bytes([(old[-1] & 0xF0) | random.choice([0x0A, 0x0C, 0x0E, 0x0F])])
 
-        return Field(f"PIC {'S' if is_signed else ''}{picture} COMP-3", value, pack(0), dirty)
+        clauses = f"PIC {'S' if is_signed else ''}{picture.text} COMP-3"
+        return self.with_value(Field(clauses, value, pack(0), dirty), picture, pack)
 
     def unsigned_packed_field(self) -> Field:
         digits = self.random.randint(1, 12)
@@ -185,24 +242,28 @@ class FieldMaker:
         )
 
     def binary_field(self) -> Field:
-        picture, digits = self.picture(18)
+        picture = self.picture(18)
+        digits = picture.digits
         is_signed = likely(self.random, 60)
-        usage = self.random.choice(["COMP", "COMP-4", "BINARY", "COMP-5"])
+        usages = ["COMP", "COMP-4", "BINARY", "COMP-5"]
+        usage = self.random.choice(usages[: None if self.field_rules.has_native else 3])
         smallest = 2 if self.dialect.is_ibm else 1
         size = max(smallest, 1 if digits < 3 else 2 if digits < 5 else 4 if digits < 10 else 8)
         order: Any = "little" if usage == "COMP-5" and not self.dialect.is_ibm else "big"
-        sync = " SYNCHRONIZED" if likely(self.random, 30) else ""
+        is_sync = self.field_rules.has_sync and likely(self.random, 30)
+
+        def numbers(number: int) -> bytes:
+            return number.to_bytes(size, order, signed=is_signed)
 
         def value(random: Random) -> bytes:
             if usage == "COMP-5":
                 return random.randbytes(size)
             number = random.randrange(10 ** random.randint(0, digits))
-            sign = -1 if is_signed and likely(random, 50) else 1
-            return (sign * number).to_bytes(size, order, signed=is_signed)
+            return numbers(-number if is_signed and likely(random, 50) else number)
 
-        return Field(
-            f"PIC {'S' if is_signed else ''}{picture} {usage}{sync}", value, bytes(size), unchanged
-        )
+        clauses = f"PIC {'S' if is_signed else ''}{picture.text} {usage}"
+        clauses += " SYNCHRONIZED" if is_sync else ""
+        return self.with_value(Field(clauses, value, bytes(size), unchanged), picture, numbers)
 
     def native_field(self) -> Field:
         usage, size = self.random.choice(
@@ -232,14 +293,15 @@ class FieldMaker:
         return Field("COMP-1" if is_single else "COMP-2", value, bytes(size), unchanged)
 
     def field(self) -> Field:
-        makers = [self.text_field] * 4 + [self.zoned_field] * 3 + [self.packed_field] * 2
-        makers += [self.binary_field] * 2
-        makers += [self.edited_field, self.national_field, self.unsigned_packed_field]
-        makers += [self.native_field, self.float_field]
+        makers = [self.text_field] * 4 + [self.zoned_field] * 3 + [self.edited_field]
+        if not self.field_rules.is_text:
+            makers += [self.packed_field] * 2 + [self.binary_field] * 2
+            makers += [self.national_field, self.unsigned_packed_field, self.float_field]
+            makers += [self.native_field] if self.field_rules.has_native else []
         return self.random.choice(makers)()
 
     def long_text(self) -> Field:
         def value(random: Random) -> bytes:
             return self.dialect.text("".join(random.choices(LETTERS, k=40)))
 
-        return Field("", value, self.blank(40), unchanged)
+        return Field("PIC X(40)", value, self.blank(40), unchanged)
