@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "layout/extent.h"
 #include "layout/shifting.h"
 
 namespace fdmorph::document {
@@ -32,18 +33,28 @@ std::string_view withoutLineEnd(std::string_view markup) {
 }  // namespace
 
 std::unique_ptr<PredictedReader> PredictedReader::make(layout::RecordSet const& set,
+                                                       EncodeRules const& rules,
                                                        compiler::Diagnostics& diagnostics) {
-  OutputRules rules;
-  rules.hasWrapper = false;
+  OutputRules output;
+  output.hasWrapper = false;
   std::unique_ptr<PredictedReader> reader(
-      new PredictedReader(set, makeProgram(set, 0, rules, diagnostics)));
+      new PredictedReader(set, rules, makeProgram(set, 0, output, diagnostics)));
   auto const end = static_cast<std::uint32_t>(reader->m_program.operations.size());
   if (!reader->isPredictable() || !reader->addSteps(0, end)) return nullptr;
   return reader;
 }
 
-PredictedReader::PredictedReader(layout::RecordSet const& set, Program program)
-    : m_set(set), m_layout(set.layouts()[0]), m_program(std::move(program)) {
+PredictedReader::PredictedReader(layout::RecordSet const& set, EncodeRules const& rules,
+                                 Program program)
+    : m_set(set),
+      m_layout(set.layouts()[0]),
+      m_program(std::move(program)),
+      m_recordEnd(m_layout.size()) {
+  if (rules.endsWithViews && !m_layout.areas().empty()) {
+    // Without rules the first view of each area is taken, whatever the bytes are.
+    layout::RecordBytes const absent{m_layout.absentBytes().data(), m_layout.size()};
+    m_recordEnd = endOf(set, 0, absent, layout::Extent::largest);
+  }
   charset::CodePage const& page = *set.values().conventions().codePage;
   for (unsigned i = 0; i < m_characters.size(); ++i) {
     bool isPlain = i >= kFirstPrintable && i < kFirstNotAscii && i != '<' && i != '&' && i != '>' &&
@@ -147,10 +158,13 @@ RecordPredictor::Outcome PredictedReader::read(std::string_view bytes) {
   m_failure = Outcome::Kind::declined;
   m_full = m_layout.absentBytes();
   if (!run(0, m_steps.size(), m_full.data())) return {m_failure};
-  m_record = m_full;
+  m_record = std::span(m_full).first(m_recordEnd);
   if (m_layout.shifts()) {
     m_shifted.resize(m_full.size());
     std::uint64_t size = shift(m_layout, m_set.values(), m_full.data(), m_shifted.data());
+    if (m_recordEnd < m_full.size()) {
+      size = shiftedOffset(m_layout, m_set.values(), m_full.data(), m_recordEnd);
+    }
     m_record = std::span(m_shifted).first(size);
   }
   return {Outcome::Kind::taken, static_cast<std::size_t>(m_at - bytes.data())};

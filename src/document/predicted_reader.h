@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "document/program.h"
+#include "document/record_encoder.h"
 #include "document/record_predictor.h"
 
 namespace fdmorph::document {
@@ -22,8 +23,9 @@ namespace fdmorph::document {
 /// For one thread. The set must outlive it.
 class PredictedReader : public RecordPredictor {
  public:
-  /// Null if the layouts of the set have no prediction.
+  /// Null if the layouts of the set have no prediction. `rules` are those of the encoder.
   [[nodiscard]] static std::unique_ptr<PredictedReader> make(layout::RecordSet const& set,
+                                                             EncodeRules const& rules,
                                                              compiler::Diagnostics& diagnostics);
 
   [[nodiscard]] Outcome read(std::string_view bytes) override;
@@ -54,7 +56,7 @@ class PredictedReader : public RecordPredictor {
     values::ItemFormat const* format = nullptr;
   };
 
-  PredictedReader(layout::RecordSet const& set, Program program);
+  PredictedReader(layout::RecordSet const& set, EncodeRules const& rules, Program program);
 
   bool addSteps(std::uint32_t begin, std::uint32_t end);
   [[nodiscard]] Codec codecOf(values::ItemFormat const& format) const;
@@ -76,6 +78,7 @@ class PredictedReader : public RecordPredictor {
   std::vector<Step> m_steps;
   std::array<std::uint16_t, 256> m_characters{};  ///< bytes of characters; kNoCharacter
   std::uint64_t m_mostText = 0;                   ///< bytes of a text; longer ones are declined
+  std::uint64_t m_recordEnd;                      ///< of the largest form as it is written
 
   // Of one record.
   char const* m_at = nullptr;

@@ -52,7 +52,8 @@ FromDocuments::FromDocuments(DataInput& input, DataOptions const& data, Syntax s
   // A residue may take the place of bytes that views and counters depend on. A schema
   // needs the text of each record.
   if (syntax == Syntax::xml && data.residue.empty() && schema == nullptr) {
-    m_predictor = document::PredictedReader::make(input.set(), input.diagnostics());
+    m_predictor = document::PredictedReader::make(input.set(), makeEncodeRules(data, syntax),
+                                                  input.diagnostics());
   }
 }
 

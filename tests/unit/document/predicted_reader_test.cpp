@@ -13,7 +13,7 @@ class Prediction {
  public:
   explicit Prediction(std::string const& source, EncodingRules const& rules = {})
       : m_encoding(source, rules),
-        reader(PredictedReader::make(m_encoding.set, m_encoding.diagnostics())) {}
+        reader(PredictedReader::make(m_encoding.set, rules.encode, m_encoding.diagnostics())) {}
 
   /// The bytes of the record, "declined" or "incomplete". Bytes after the record stay.
   std::string run(std::string_view document) {
@@ -137,6 +137,21 @@ TEST(PredictedReader, TakesTheFirstViewOfAnAreaWithoutRules) {
   EncodingRules rules;
   rules.when = {"B: K = 'B'"};
   EXPECT_EQ(Prediction(kViews, rules).run("<R><K>k</K><A>a</A><Z>z</Z></R>"), "none");
+}
+
+// What follows the views of the record is not written; the longest view has 5 bytes.
+TEST(PredictedReader, EndsARecordOfVaryingLengthWithItsViews) {
+  constexpr char kLonger[] = "01 R. 05 K PIC X. 05 A PIC X(2). 05 B REDEFINES A PIC X(5).";
+  EXPECT_EQ(Prediction(kLonger).run("<R><K>k</K><A>a</A></R>"), "ka    ");
+  EncodingRules rules;
+  rules.encode.endsWithViews = true;
+  EXPECT_EQ(Prediction(kLonger, rules).run("<R><K>k</K><A>a</A></R>"), "ka ");
+  rules.shifts = true;
+  EXPECT_EQ(Prediction("01 R. 05 N PIC 9. 05 T PIC X OCCURS 0 TO 3 DEPENDING ON N."
+                       " 05 A PIC X(2). 05 B REDEFINES A PIC X(5).",
+                       rules)
+                .run("<R><N>1</N><T>t</T><A>a</A></R>"),
+            "1ta ");
 }
 
 TEST(PredictedReader, TakesNoCounts) {
