@@ -50,7 +50,10 @@ void LayoutBuilder::build() {
   findCounters();
   markVarying();
   checkShifting();
-  if (m_rules.hasCounts) placeCounts();
+  if (m_rules.hasCounts) {
+    placeCounts();
+    checkCountedSlots();
+  }
   if (m_diagnostics.hasErrors()) return;
   m_layout.m_absent.assign(m_layout.size(), 0);
   fillAbsent(0, m_layout.m_absent.data());
@@ -244,6 +247,20 @@ void LayoutBuilder::placeCounts() {
       for (auto const& [end, stride] : around) place.strides.push_back(stride);
     }
     if (m_layout.m_nodes[node].repeats) around.emplace_back(each.end, each.groupSize);
+  }
+}
+
+// Only the last of the slots of a name may be left out. (One that varies by its counter
+// is among the rules of parts.)
+void LayoutBuilder::checkCountedSlots() {
+  for (std::uint32_t i = 1; i < m_layout.m_nodes.size(); ++i) {
+    Node const& node = m_layout.m_nodes[i];
+    bool isElement = m_layout.item(i).role == Role::element;
+    if (!isElement || node.count == kNone || node.laterSlot == kNone) continue;
+    report(i, compiler::quoted(record::dataNameOf(*m_layout.item(i).item)) +
+                  " has a count and is followed by " +
+                  compiler::quoted(record::dataNameOf(*m_layout.item(node.laterSlot).item)) +
+                  ", which has the same XML name");
   }
 }
 

@@ -33,6 +33,7 @@ class LayoutBuilder {
   void markVarying();
   void checkShifting();
   void placeCounts();
+  void checkCountedSlots();
   void fillAbsent(std::uint32_t node, unsigned char* bytes);
   void setCounters(std::uint32_t group, unsigned char* bytes);
   void setCounter(std::uint32_t node, unsigned char* bytes);

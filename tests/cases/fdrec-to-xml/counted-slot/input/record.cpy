@@ -1,0 +1,3 @@
+       01  R IDENTIFIED BY "r".
+           05  A PIC X IDENTIFIED BY "a" COUNT IN A-COUNT.
+           05  B PIC X IDENTIFIED BY "a" COUNT IN B-COUNT.
