@@ -1,8 +1,11 @@
 #include "fdrec/command_line.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <csignal>
 #include <sstream>
+#include <string>
+#include <vector>
 
 #include "fdrec/commands.h"
 #include "fdrec/common_options.h"
@@ -25,13 +28,39 @@ class CommandFormatter : public CLI::Formatter {
   }
 };
 
+// Whether a word is an option whose value is the next word.
+bool takesNextWord(CLI::App const& app, std::string const& word) {
+  auto takesValue = [&word](CLI::App const* each) {
+    CLI::Option const* option = each->get_option_no_throw(word);
+    return option != nullptr && option->get_items_expected_max() > 0;
+  };
+  // An option takes a value in all commands that have it, or in none.
+  return takesValue(&app) || std::ranges::any_of(app.get_subcommands(nullptr), takesValue);
+}
+
+// Options may stand before the command, too, but the library knows those of a command
+// only after it.
+void putCommandFirst(CLI::App const& app, std::vector<std::string>& words) {
+  for (std::size_t at = 0; at < words.size(); ++at) {
+    std::string const& word = words[at];
+    if (word == "--") return;
+    bool isOption = word.size() > 1 && word.front() == '-';
+    if (!isOption) {
+      auto const command = words.begin() + static_cast<std::ptrdiff_t>(at);
+      std::rotate(words.begin(), command, command + 1);
+      return;
+    }
+    if (takesNextWord(app, word)) ++at;
+  }
+}
+
 }  // namespace
 
 int runProgram(int count, char** arguments) {
   // A file that is too large or a closed pipe makes the write fail.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
-  CLI::App app("Shows COBOL records, writes copybooks, and checks records against schemas.",
+  CLI::App app("Shows COBOL records, checks them against schemas, and converts their data.",
                "fdrec");
   CommonOptions common;
   app.formatter(std::make_shared<CommandFormatter>());
@@ -49,7 +78,10 @@ int runProgram(int count, char** arguments) {
     command->declare(*sub);
   }
   try {
-    app.parse(count, arguments);
+    std::vector<std::string> words(arguments + std::min(count, 1), arguments + count);
+    putCommandFirst(app, words);
+    std::ranges::reverse(words);  // as the library takes them
+    app.parse(std::move(words));
   } catch (CLI::Success const& request) {  // the help or the version was asked for
     std::ostringstream text;
     app.exit(request, text, text);
