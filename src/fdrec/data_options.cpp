@@ -161,6 +161,11 @@ void declareDocuments(Declaration& options, DataOptions& data) {
               "XML: validate each record against this XML Schema,\n"
               "and take namespaces and optional parts from it");
 }
+  options.addList("--import-path", data.importFolders, "DIR",
+                  "look for included and imported files of the schema\n"
+                  "here, too (repeatable)");
+  options.addList("--catalog", data.catalogs, "FILE",
+                  "look them up in this OASIS XML catalog (repeatable)");
 
 void declareRun(Declaration& options, DataOptions& data) {
   options.setGroup(kRunGroup);

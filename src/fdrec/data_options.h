@@ -51,6 +51,8 @@ struct DataOptions {
   bool ignoresUnknown = false;
   bool matchesAnyNamespace = false;
   std::string schema;
+  std::vector<std::string> importFolders;  ///< where files of the schema are, too
+  std::vector<std::string> catalogs;       ///< OASIS XML catalogs
 
   // The run.
   std::uint64_t maxErrors = 100;  ///< records with errors; 0: no bound

@@ -4,17 +4,19 @@
 
 #include "fdrec/command.h"
 #include "fdrec/files.h"
+#include "fdrec/schema_options.h"
 #include "source/diagnostics.h"
 #include "xml/input_files.h"
 
 namespace fdmorph::fdrec {
 
-DataSchema::DataSchema(DataOptions const& data, SchemaOptions const& files) : m_status(kFailed) {
+DataSchema::DataSchema(DataOptions const& data) : m_status(kFailed) {
   if (InputFile(data.schema, true).kind() == InputFile::Kind::pipe) {
     printError(compiler::quoted(data.schema) + " is a pipe; expected a file, which is read twice",
                "file");
     return;
   }
+  SchemaOptions const files{data.importFolders, data.catalogs};
   std::unique_ptr<FileResolver> resolver = makeResolver(files);
   if (resolver == nullptr) return;
   m_file = std::make_unique<SchemaFile>(data.schema, std::move(resolver));

@@ -6,7 +6,6 @@
 
 #include "fdrec/data_options.h"
 #include "fdrec/schema_file.h"
-#include "fdrec/schema_options.h"
 #include "fit/schema_adoption.h"
 #include "xml/document_validator.h"
 
@@ -15,8 +14,9 @@ namespace fdmorph::fdrec {
 /// The schema of --schema, with a validator for each thread.
 class DataSchema {
  public:
-  /// Loads the schema. Reports are printed to the standard error stream.
-  DataSchema(DataOptions const& data, SchemaOptions const& files);
+  /// Loads the schema that the options name. Reports are printed to the standard error
+  /// stream.
+  explicit DataSchema(DataOptions const& data);
 
   /// kClean if the schema can be used; else the exit status of the command.
   [[nodiscard]] int status() const { return m_status; }

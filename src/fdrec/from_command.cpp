@@ -25,7 +25,6 @@ class FromCommand : public Command {
   std::string m_copybook;
   std::string m_path;
   DataOptions m_data;
-  SchemaOptions m_schemaFiles;
 };
 
 void FromCommand::declare(CLI::App& app) {
@@ -38,13 +37,12 @@ void FromCommand::declare(CLI::App& app) {
                        : "the JSON lines; default: the standard input")
       ->option_text(isXml ? "DOCUMENT" : "LINES");
   m_data.declare(app);
-  m_schemaFiles.declare(app);
 }
 
 int FromCommand::run(CommonOptions const& options) {
   std::optional<DataSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
-    schema.emplace(m_data, m_schemaFiles);
+    schema.emplace(m_data);
     if (schema->status() != kClean) return schema->status();
   }
   TreeChange adopt;

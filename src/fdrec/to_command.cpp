@@ -24,7 +24,6 @@ class ToCommand : public Command {
   std::string m_copybook;
   std::string m_path;
   DataOptions m_data;
-  SchemaOptions m_schemaFiles;
 };
 
 void ToCommand::declare(CLI::App& app) {
@@ -33,13 +32,12 @@ void ToCommand::declare(CLI::App& app) {
       ->required();
   app.add_option("data", m_path, "the records; default: the standard input")->option_text("DATA");
   m_data.declare(app);
-  m_schemaFiles.declare(app);
 }
 
 int ToCommand::run(CommonOptions const& options) {
   std::optional<DataSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
-    schema.emplace(m_data, m_schemaFiles);
+    schema.emplace(m_data);
     if (schema->status() != kClean) return schema->status();
   }
   TreeChange adopt;
