@@ -18,6 +18,15 @@ void printLine(char const* severity, std::string const& text, char const* code) 
   std::fwrite(line.data(), 1, line.size(), stderr);
 }
 
+// The standard input or output.
+bool isStandard(std::string const& path) {
+  return path.empty() || path == compiler::kStandardInput;
+}
+
+std::filesystem::path normal(std::string const& path) {
+  return std::filesystem::path(path).lexically_normal();
+}
+
 }  // namespace
 
 void printError(std::string const& text, char const* code) {
@@ -29,7 +38,7 @@ void printWarning(std::string const& text, char const* code) {
 }
 
 int writeOutput(std::string const& path, std::string const& text) {
-  if (path.empty() || path == compiler::kStandardInput) {
+  if (isStandard(path)) {
     bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     isWritten = std::fflush(stdout) == 0 && isWritten;
     if (!isWritten) printError("cannot write the standard output", "file");
@@ -51,10 +60,26 @@ std::optional<std::string> readInput(std::string const& path) {
 }
 
 int refuseOutputOver(std::string const& output, std::string const& input) {
-  if (output.empty() || output == compiler::kStandardInput) return kClean;
+  if (isStandard(output)) return kClean;
   std::error_code error;
   if (!std::filesystem::equivalent(output, input, error)) return kClean;
   printError("the output would replace the input " + compiler::quoted(input), "usage");
+  return kUsageError;
+}
+
+int refuseSharedInput(std::string const& copybook, std::string const& data) {
+  if (!isStandard(copybook) || !isStandard(data)) return kClean;
+  printError("the copybook and the data cannot both be the standard input", "usage");
+  return kUsageError;
+}
+
+int refuseSharedOutput(std::string const& output, std::string const& other) {
+  if (other.empty()) return kClean;
+  bool isShared = isStandard(other) ? isStandard(output) : normal(output) == normal(other);
+  std::error_code error;
+  if (!isShared || std::filesystem::is_character_file(other, error)) return kClean;
+  std::string const name = isStandard(other) ? "the standard output" : compiler::quoted(other);
+  printError("two outputs would go to " + name, "usage");
   return kUsageError;
 }
 

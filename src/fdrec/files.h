@@ -23,4 +23,12 @@ void printWarning(std::string const& text, char const* code);
 /// Reports an output that would replace an input. The result is an exit status.
 [[nodiscard]] int refuseOutputOver(std::string const& output, std::string const& input);
 
+/// Reports a copybook and data that are both the standard input; no name is that, too.
+/// The result is an exit status.
+[[nodiscard]] int refuseSharedInput(std::string const& copybook, std::string const& data);
+
+/// Reports another output, if there is one, that goes where an output goes. A device
+/// takes any number of them. The result is an exit status.
+[[nodiscard]] int refuseSharedOutput(std::string const& output, std::string const& other);
+
 }  // namespace fdmorph::fdrec

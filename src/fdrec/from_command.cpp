@@ -40,6 +40,9 @@ void FromCommand::declare(CLI::App& app) {
 }
 
 int FromCommand::run(CommonOptions const& options) {
+  if (int status = refuseSharedInput(m_copybook, m_path); status != kClean) return status;
+  int const shared = refuseSharedOutput(options.output, m_data.rejects);
+  if (shared != kClean) return shared;
   std::optional<DataSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
     schema.emplace(m_data);

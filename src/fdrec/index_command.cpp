@@ -30,11 +30,7 @@ class IndexCommand : public Command {
 
  private:
   int checkNames(CommonOptions const& options) const {
-    std::string const standard(compiler::kStandardInput);
-    if (m_copybook == standard && (m_data.empty() || m_data == standard)) {
-      printError("the copybook and the data cannot both be the standard input", "usage");
-      return kUsageError;
-    }
+    if (int status = refuseSharedInput(m_copybook, m_data); status != kClean) return status;
     if (int status = refuseOutputOver(options.output, m_copybook); status != kClean) return status;
     return m_data.empty() ? kClean : refuseOutputOver(options.output, m_data);
   }

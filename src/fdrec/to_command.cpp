@@ -20,6 +20,8 @@ class ToCommand : public Command {
   [[nodiscard]] int run(CommonOptions const& options) override;
 
  private:
+  [[nodiscard]] int refuseSharedOutputs(std::string const& output) const;
+
   document::Syntax m_syntax;
   std::string m_copybook;
   std::string m_path;
@@ -34,7 +36,17 @@ void ToCommand::declare(CLI::App& app) {
   m_data.declare(app);
 }
 
+int ToCommand::refuseSharedOutputs(std::string const& output) const {
+  int status = refuseSharedOutput(output, m_data.rejects);
+  if (status == kClean) status = refuseSharedOutput(output, m_data.residue);
+  bool hasBoth = !m_data.rejects.empty() && !m_data.residue.empty();
+  if (status == kClean && hasBoth) status = refuseSharedOutput(m_data.rejects, m_data.residue);
+  return status;
+}
+
 int ToCommand::run(CommonOptions const& options) {
+  if (int status = refuseSharedInput(m_copybook, m_path); status != kClean) return status;
+  if (int status = refuseSharedOutputs(options.output); status != kClean) return status;
   std::optional<DataSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
     schema.emplace(m_data);

@@ -51,6 +51,7 @@ void VerifyCommand::declare(CLI::App& app) {
 }
 
 int VerifyCommand::run(CommonOptions const& options) {
+  if (int status = refuseSharedInput(m_copybook, m_path); status != kClean) return status;
   DataInput input(m_copybook, options, m_data);
   std::unique_ptr<document::Programs> programs;
   if (input.hasLayout() && !input.diagnostics().hasErrors()) {
