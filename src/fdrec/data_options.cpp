@@ -4,6 +4,7 @@
 #include <charconv>
 #include <map>
 
+#include "fdrec/option_values.h"
 #include "source/diagnostics.h"
 #include "text/xml_names.h"
 #include "values/utf8_reader.h"
@@ -160,17 +161,19 @@ void declareDocuments(Declaration& options, DataOptions& data) {
   options.add("--schema", data.schema, "FILE",
               "XML: validate each record against this XML Schema,\n"
               "and take namespaces and optional parts from it");
-}
   options.addList("--import-path", data.importFolders, "DIR",
                   "look for included and imported files of the schema\n"
                   "here, too (repeatable)");
   options.addList("--catalog", data.catalogs, "FILE",
                   "look them up in this OASIS XML catalog (repeatable)");
+}
 
 void declareRun(Declaration& options, DataOptions& data) {
   options.setGroup(kRunGroup);
-  options.add("--max-errors", data.maxErrors, "N",
-              "end after N records with errors; 0: never;\ndefault: 100");
+  options
+      .add("--max-errors", data.maxErrors, "N",
+           "end after N records with errors; 0: never;\ndefault: 100")
+      ->transform(decimal());
   options.add("--rejects", data.rejects, "FILE", "write records with errors to FILE");
   options.add("--residue", data.residue, "FILE", "bytes of the records that documents do not have");
 }

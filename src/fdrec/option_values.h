@@ -7,14 +7,22 @@
 
 namespace fdmorph::fdrec {
 
-/// One of a set of names, in any case.
+/// One of a set of names, in any case, for an option that is an enumeration.
 template <typename Value>
-CLI::CheckedTransformer oneOf(std::map<std::string, Value> const& values) {
-  CLI::CheckedTransformer check(values, CLI::ignore_case);
-  std::string names;
-  for (auto const& [name, value] : values) names += (names.empty() ? "" : ", ") + name;
-  check.description(names);
-  return check;
+CLI::Validator oneOf(std::map<std::string, Value> const& values) {
+  return CLI::Validator(
+      [values](std::string& text) -> std::string {
+        auto found = values.find(CLI::detail::to_lower(text));
+        if (found == values.end()) {
+          std::string names;
+          for (auto const& [name, value] : values) names += (names.empty() ? "" : "|") + name;
+          return "expected " + names + ", found '" + text + "'";
+        }
+        // As the library reads an enumeration.
+        text = std::to_string(static_cast<int>(found->second));
+        return {};
+      },
+      "");
 }
 
 /// A number in decimal digits. The library takes others, too: 010 as 8.
