@@ -33,20 +33,28 @@ bool isStoredDifferently(DataItem const& item) {
   }
 }
 
-std::optional<std::string> findFault(DataItem const& item) {
+bool isBinary(DataItem const& item) {
+  Storage storage = entryOf(item.effectiveUsage).storage;
+  bool isOfUsage = storage == Storage::binary || storage == Storage::nativeBinary ||
+                   storage == Storage::shortBinary;
+  return isOfUsage && item.picture != nullptr;
+}
+
+// What keeps an item out of documents.
+std::optional<std::string> findValueFault(DataItem const& item) {
   if (isStoredDifferently(item)) {
     return "no defined form of usage " + std::string(entryOf(item.effectiveUsage).name);
   }
-  Storage storage = entryOf(item.effectiveUsage).storage;
-  bool isBinary = storage == Storage::binary || storage == Storage::nativeBinary ||
-                  storage == Storage::shortBinary;
-  if (!isBinary || item.picture == nullptr) return std::nullopt;
-  if (item.picture->category == Category::numeric) {
-    if (item.picture->nines <= kMaxBinaryDigits) return std::nullopt;
-    return "binary number of " + std::to_string(item.picture->nines) + " digits; at most " +
-           std::to_string(kMaxBinaryDigits) + " are supported";
-  }
-  if (item.picture->size <= kMaxBinarySize) return std::nullopt;
+  bool isNumber = isBinary(item) && item.picture->category == Category::numeric;
+  if (!isNumber || item.picture->nines <= kMaxBinaryDigits) return std::nullopt;
+  return "binary number of " + std::to_string(item.picture->nines) + " digits; at most " +
+         std::to_string(kMaxBinaryDigits) + " are supported";
+}
+
+// What leaves the size of an item undefined, and so all offsets after it.
+std::optional<std::string> findSizeFault(DataItem const& item) {
+  bool isText = isBinary(item) && item.picture->category != Category::numeric;
+  if (!isText || item.picture->size <= kMaxBinarySize) return std::nullopt;
   return "binary number of " + std::to_string(item.picture->size) + " bytes; at most " +
          std::to_string(kMaxBinarySize) + " are supported";
 }
@@ -55,12 +63,12 @@ std::optional<std::string> findFault(DataItem const& item) {
 
 void checkStorage(RecordTree const& tree, compiler::Diagnostics& diagnostics) {
   for (RecordNode const& node : tree.nodes()) {
+    if (node.item->isGroup() || node.item->level == compiler::kRenamesLevel) continue;
     bool isText =
         node.role == Role::element || node.role == Role::attribute || node.role == Role::value;
-    if (!isText || node.item->isGroup()) continue;
-    if (auto fault = findFault(*node.item)) {
-      diagnostics.report(Code::layout, node.item->place, std::move(*fault));
-    }
+    std::optional<std::string> fault = findSizeFault(*node.item);
+    if (!fault && isText) fault = findValueFault(*node.item);
+    if (fault) diagnostics.report(Code::layout, node.item->place, std::move(*fault));
   }
 }
 

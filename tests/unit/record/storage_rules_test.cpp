@@ -29,6 +29,13 @@ TEST(Storage, OfBinaryCharactersHasAtMost8Bytes) {
             "2: binary number of 9 bytes; at most 8 are supported [layout]\n");
 }
 
+// No item after it has a defined offset.
+TEST(Storage, OfBinaryCharactersHasAtMost8BytesWithoutARoleToo) {
+  EXPECT_EQ(reportsOf("FILLER PIC X(9) COMP-X"),
+            "2: binary number of 9 bytes; at most 8 are supported [layout]\n");
+  EXPECT_EQ(reportsOf("FILLER PIC X(8) COMP-X"), "");
+}
+
 TEST(Storage, IsUndefinedForSomeUsages) {
   EXPECT_EQ(reportsOf("B USAGE FLOAT-EXTENDED"),
             "2: no defined form of usage float-extended [layout]\n");
