@@ -124,10 +124,11 @@ std::vector<std::pair<std::uint32_t, PartDemand>> demandsOf(SchemaType const& ty
     auto isHere = [item](Leaf const& leaf) { return leaf.item == item; };
     auto const leaf = std::ranges::find_if(reader.leaves(), isHere);
     bool const isAlone = std::ranges::count_if(reader.leaves(), isHere) == 1;
-    if (isAlone && leaf->group != kNoGroup) {
+    if (isAlone) {
+      // Of a choice the record may have one branch only, which is always there then.
       demand.least = leaf->least;
       for (Leaf const& other : reader.leaves()) {
-        if (!reader.isInGroup(other, leaf->group)) continue;
+        if (leaf->group == kNoGroup || !reader.isInGroup(other, leaf->group)) continue;
         std::vector<std::uint32_t> const& slots = elements[other.item].nodes;
         demand.together.insert(demand.together.end(), slots.begin(), slots.end());
       }
