@@ -104,8 +104,12 @@ bool ToDocuments::take(Batch const& batch, ConvertedBatch const& converted) {
 }
 
 bool ToDocuments::takeRecords(Batch const& batch, BatchText const& text) {
-  if (m_data.isSingle && isXml() && !checkSingle(batch)) return false;
   std::uint64_t before = m_counts->records();
+  bool areSeveral = before + batch.frames.size() > 1;
+  if (m_data.isSingle && isXml() && areSeveral) {
+    takeFirst(batch, text);
+    return false;
+  }
   std::size_t begin = 0;
   for (document::FailedRecord const& failed : text.failed) {
     m_output.write(text.text.text().substr(begin, failed.textEnd - begin));
@@ -135,17 +139,22 @@ bool ToDocuments::takeFailed(Batch const& batch, document::FailedRecord const& f
   return m_counts->addFailed(lines);
 }
 
-// Whether a batch has no record after the first. The one is not written then either: it
-// would be taken for the whole.
-bool ToDocuments::checkSingle(Batch const& batch) {
-  std::uint64_t before = m_counts->records();
-  if (before + batch.frames.size() <= 1) return true;
-  framing::Frame const& second = batch.frames[before == 0 ? 1 : 0];
-  m_counts->addRecords(2 - before);
+// Writes the first record of all, if it is in this batch, and reports the second.
+void ToDocuments::takeFirst(Batch const& batch, BatchText const& text) {
+  bool isHere = m_counts->records() == 0;
+  if (isHere) {
+    m_counts->addRecords(1);
+    if (!text.failed.empty() && text.failed.front().frame == 0) {
+      if (!takeFailed(batch, text.failed.front())) return;
+    } else {
+      m_output.write(text.text.text().substr(0, text.ends.front()));
+    }
+  }
+  framing::Frame const& second = batch.frames[isHere ? 1 : 0];
+  m_counts->addRecords(1);
   document::DataError error{document::ErrorCode::single, "expected one record, found another"};
   static_cast<void>(
       m_counts->addFailed(document::byteErrorLine(m_name, second.number, second.offset, error)));
-  return false;
 }
 
 void ToDocuments::reportNone() {

@@ -37,7 +37,7 @@ class ToDocuments {
   [[nodiscard]] bool takeRecords(framing::Batch const& batch, document::BatchText const& text);
   void takeResidues(ConvertedBatch const& converted);
   [[nodiscard]] bool takeFailed(framing::Batch const& batch, document::FailedRecord const& failed);
-  [[nodiscard]] bool checkSingle(framing::Batch const& batch);
+  void takeFirst(framing::Batch const& batch, document::BatchText const& text);
   void reportNone();
   void writeStart();
   void writeEnd();
