@@ -117,7 +117,9 @@ void Encoder::finish(std::uint32_t record, std::span<ByteRun const> runs) {
   }
   m_result = {record, {}, encoder.counts()};
   if (!layout.shifts()) {
+    // Counts stay where they are without the runs.
     for (ByteRun const& run : runs) {
+      if (m_set.rules().hasCounts) break;
       std::uint64_t size = std::min<std::uint64_t>(run.offset + run.bytes.size(), full.size());
       end = std::max(end, size);
     }

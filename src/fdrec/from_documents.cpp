@@ -135,16 +135,32 @@ bool FromDocuments::take(DocumentRecord& record) {
   return fail(record);
 }
 
+// The bytes of the residue that belong to the data of a record. Counts that follow the
+// data begin where the document alone makes it end, or so far before the known end.
+std::vector<document::ByteRun> FromDocuments::runsOfData(document::Instances const& instances) {
+  std::vector<document::ByteRun> runs;
+  for (document::Residue::Run const& run : m_recordResidue.runs) {
+    runs.push_back({run.offset, run.bytes});
+  }
+  bool areCountsAfterData = m_input.set().rules().hasCounts && !m_input.lengths().countsAt;
+  document::DataErrors errors;
+  if (runs.empty() || !areCountsAfterData || !m_encoder.encode(instances, errors)) return runs;
+  std::uint64_t end = m_encoder.result().bytes.size();
+  std::uint64_t const counts = m_encoder.result().counts.size();
+  if (m_recordResidue.length)
+    end = *m_recordResidue.length - std::min(*m_recordResidue.length, counts);
+  std::erase_if(runs, [end](document::ByteRun const& run) { return run.offset >= end; });
+  for (document::ByteRun& run : runs) run.bytes = run.bytes.substr(0, end - run.offset);
+  return runs;
+}
+
 // Makes the bytes of a record, unless it has errors.
 bool FromDocuments::encode(DocumentRecord& record) {
   if (record.isPredicted) {
     m_encoded = {0, m_predictor->record(), {}};
     return true;
   }
-  std::vector<document::ByteRun> runs;
-  for (document::Residue::Run const& run : m_recordResidue.runs) {
-    runs.push_back({run.offset, run.bytes});
-  }
+  std::vector<document::ByteRun> const runs = runsOfData(record.instances);
   bool isEncoded =
       !record.instances.all.empty() && m_encoder.encode(record.instances, record.errors, runs);
   if (isEncoded && record.errors.empty()) {

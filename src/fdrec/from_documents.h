@@ -31,6 +31,7 @@ class FromDocuments {
   void convert(document::DocumentReader& reader);
   [[nodiscard]] bool take(document::DocumentRecord& record);
   [[nodiscard]] bool encode(document::DocumentRecord& record);
+  [[nodiscard]] std::vector<document::ByteRun> runsOfData(document::Instances const& instances);
   [[nodiscard]] bool fail(document::DocumentRecord const& record);
   [[nodiscard]] std::unique_ptr<document::DocumentReader> makeReader(framing::InputStream& source);
 

@@ -28,7 +28,6 @@ OTHER_OPTIONS = [
     "--pretty",
     "--numbers=string",
     "--trim=none",
-    "--trim=both",
     "--edited=number",
     "--binary-range=full",
     "--blank-numbers=omit",

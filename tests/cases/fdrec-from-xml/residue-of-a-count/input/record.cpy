@@ -1,0 +1,4 @@
+       01  R IDENTIFIED BY "r" COUNT IN R-COUNT.
+           05  K PIC X IDENTIFIED BY "k".
+           05  V PIC X(8) IDENTIFIED BY "v".
+           05  W REDEFINES V PIC X(2) IDENTIFIED BY "w".
