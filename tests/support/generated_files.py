@@ -23,6 +23,7 @@ class Framing:
     is_exclusive: bool = False  # descriptors do not count their own bytes
     is_little: bool = False
     extra: int = 0  # bytes after the longest record
+    has_short: bool = False  # records that are not canonical may end anywhere
     options: list[str] = field(default_factory=list)
 
     @property
@@ -58,6 +59,9 @@ def choose_framing(random: Random, dialect: Dialect) -> Framing:
     if may_shift and likely(random, 30):
         framing.is_little = True
         framing.options += ["--rdw", "little"]
+    if framing.is_described and likely(random, 40):
+        framing.has_short = True
+        framing.options.append("--pad-short")
     if framing.format == "fixed" and likely(random, 15):
         framing.extra = random.randint(1, 5)
     return framing
@@ -96,7 +100,9 @@ class RecordFile:
         if self.framing.format == "lines":
             return kept.rstrip(self.blank)
         if self.framing.is_described:
-            return kept + counts
+            stored = kept + counts
+            is_short = is_dirty and self.framing.has_short and likely(random, 30)
+            return stored[: random.randint(0, len(stored))] if is_short else stored
         rest = self.length - len(kept)
         tail = random.randbytes(rest) if is_dirty and likely(random, 30) else self.blank * rest
         filled = kept + tail + counts
