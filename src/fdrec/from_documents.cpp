@@ -147,8 +147,9 @@ std::vector<document::ByteRun> FromDocuments::runsOfData(document::Instances con
   if (runs.empty() || !areCountsAfterData || !m_encoder.encode(instances, errors)) return runs;
   std::uint64_t end = m_encoder.result().bytes.size();
   std::uint64_t const counts = m_encoder.result().counts.size();
-  if (m_recordResidue.length)
+  if (m_recordResidue.length) {
     end = *m_recordResidue.length - std::min(*m_recordResidue.length, counts);
+  }
   std::erase_if(runs, [end](document::ByteRun const& run) { return run.offset >= end; });
   for (document::ByteRun& run : runs) run.bytes = run.bytes.substr(0, end - run.offset);
   return runs;
