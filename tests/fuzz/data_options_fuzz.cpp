@@ -117,10 +117,10 @@ class Trip {
     return isGood;
   }
 
-  // Blanks that a text has kept at its end are as those of the item after it. A character
-  // that is dropped may leave some.
+  // An item fills up a text of which it has kept the blanks. A character that is dropped
+  // may leave blanks at the end, and one that is replaced may be replaced again.
   [[nodiscard]] bool mayDiffer() const {
-    return m_data.trim == values::Trim::none || m_data.controls == values::Controls::drop;
+    return m_data.trim == values::Trim::none || m_data.controls != values::Controls::refuse;
   }
 
   // Views may look at bytes that do not come back as they were, a character that takes
