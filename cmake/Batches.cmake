@@ -18,7 +18,7 @@ function(fdmorph_batch target)
   # A name that moves to another source may change the batches.
   set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${script} ${sources})
   execute_process(
-    COMMAND ${BATCHES_PYTHON} ${script} 16 2500 ${sources}
+    COMMAND ${BATCHES_PYTHON} ${script} 40 6000 ${sources}
     WORKING_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR}
     OUTPUT_VARIABLE batches OUTPUT_STRIP_TRAILING_WHITESPACE
     COMMAND_ERROR_IS_FATAL ANY)

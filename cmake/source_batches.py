@@ -3,11 +3,11 @@
     source_batches.py MAX_SOURCES MAX_LINES SOURCE...
 
 Prints a group on each line, its sources apart by semicolons. Two sources are
-not in one group if a name that one declares for itself, in an unnamed
-namespace or as a macro, is also a word of the other: there it may mean
-something else. The same holds for the names of using-declarations, unless both
-have the same one. This reads words rather than C++, so that it keeps more
-sources apart than it must.
+not in one group if both declare a name for themselves, in an unnamed namespace
+or as a macro, or have different using-declarations or aliases for it. This
+reads words rather than C++. Where a name of one source hides or is ambiguous
+with another that its neighbour uses, the compiler reports it; such a name is
+better changed.
 """
 
 from __future__ import annotations
@@ -27,11 +27,12 @@ MACRO = re.compile(r"^\s*#\s*define\s+(\w+)", re.MULTILINE)
 USING = re.compile(r"^using\s+([\w:]+::(\w+));", re.MULTILINE)
 TYPE = re.compile(r"(?:class|struct|enum(?: class)?|union|concept)\s+(\w+)")
 ALIAS = re.compile(r"(?:using|namespace)\s+(\w+)\s*=")
+SIMPLE_ALIAS = re.compile(r"^using\s+(\w+)\s*=\s*([\w:]+);", re.MULTILINE)
+LOCAL_ALIAS = re.compile(r"^\s+using\s+(\w+)\s*=", re.MULTILINE)
+LOCAL = re.compile(r"^\s+(?:static\s+)?constexpr\b[^;={(]*\b(\w+)\s*[={]", re.MULTILINE)
 # A function or a value, before its parameters, its value or its end.
-NAME = re.compile(r"(?<!::)\b(?!const\b)(\w+)\s*(?:\[\]\s*)*(?:[({=;]|$)")
-NO_NAME = re.compile(r"(?:using|TEST|TEST_F|TEST_P|INSTANTIATE_TEST_SUITE_P)\b")
-# Not after a qualifier or for a member: such a word is looked up elsewhere.
-WORD = re.compile(r"(?<![.\w])(?<!->)(?<!::)[A-Za-z_]\w*")
+NAME = re.compile(r"(?<!::)\b(?!const\b)([A-Za-z_]\w*)\s*(?:\[\]\s*)*(?:[({=;]|$)")
+NO_NAME = re.compile(r"(?:using|static_assert|TEST|TEST_F|TEST_P|INSTANTIATE_TEST_SUITE_P)\b")
 
 
 @dataclass
@@ -39,19 +40,19 @@ class Source:
     path: str
     lines: int
     libraries: list[str]  # their headers
-    words: set[str]
     own_names: set[str]
-    usings: dict[str, str]  # by the name they declare
+    local_names: set[str]  # of constants and types in functions and classes
+    usings: dict[str, str]  # by the name they declare; aliases of a type as well
 
     def clashes_with(self, other: Source) -> bool:
-        return self.hides_words_of(other) or other.hides_words_of(self)
-
-    def hides_words_of(self, other: Source) -> bool:
-        if self.own_names & other.words:
+        if self.hides(other) or other.hides(self):
             return True
-        return any(
-            name in other.words and other.usings.get(name) != using
-            for name, using in self.usings.items()
+        return any(other.usings.get(name, whole) != whole for name, whole in self.usings.items())
+
+    def hides(self, other: Source) -> bool:
+        declared = self.own_names | self.usings.keys()
+        return bool(self.own_names & (other.own_names | other.usings.keys())) or bool(
+            declared & other.local_names
         )
 
 
@@ -122,8 +123,11 @@ def read_source(path: str) -> Source:
     for content in unnamed_namespaces(code):
         own_names |= declared_names(content)
     usings = {name: whole for whole, name in USING.findall(code)}
+    usings |= SIMPLE_ALIAS.findall(code)
+    own_names -= usings.keys()
+    local_names = set(LOCAL.findall(code)) | set(LOCAL_ALIAS.findall(code))
     libraries = sorted(LIBRARY.findall(text))
-    return Source(path, text.count("\n"), libraries, set(WORD.findall(code)), own_names, usings)
+    return Source(path, text.count("\n"), libraries, own_names, local_names, usings)
 
 
 def batches(sources: list[Source], max_sources: int, max_lines: int) -> list[Batch]:

@@ -14,7 +14,7 @@ namespace {
 using compiler::DataItem;
 using compiler::Literal;
 using compiler::ValueRange;
-using Kind = ValueType::Kind;
+using ValueKind = ValueType::Kind;
 
 std::string_view figurativeName(Literal::Kind kind) {
   switch (kind) {
@@ -90,7 +90,7 @@ std::string trimmed(std::string text, DataItem const& item, Trim trim, std::uint
 std::optional<std::string> textOf(Literal const& literal, DataItem const& item,
                                   ValueType const& type) {
   compiler::ValueTarget target;
-  target.isNumber = type.kind == Kind::number;
+  target.isNumber = type.kind == ValueKind::number;
   target.isWhole = type.scale == 0;
   target.isBoolean = item.picture != nullptr && item.picture->isBoolean;
   target.isNational = item.picture != nullptr && item.size > item.picture->size;
@@ -109,10 +109,11 @@ class ValueList {
   // The result is whether the value is a text.
   bool add(Literal const& literal) {
     // Bytes x'00' at the end are no part of a text.
-    if (literal.kind == Literal::Kind::lowValue && m_type.kind == Kind::text) return addText("");
+    if (literal.kind == Literal::Kind::lowValue && m_type.kind == ValueKind::text)
+      return addText("");
     std::optional<std::string> text = textOf(literal, m_item, m_type);
     if (!text) return false;
-    if (m_type.kind == Kind::number) {
+    if (m_type.kind == ValueKind::number) {
       text = canonicalNumber(*text, m_type);
     } else if (characterCount(*text) > m_type.length) {
       text = trimmed(std::move(*text), m_item, Trim::right, 0);
@@ -142,7 +143,8 @@ class ValueList {
 std::vector<std::string> conditionValues(DataItem const& item, ValueType const& type, Trim trim) {
   bool const isEdited =
       item.picture != nullptr && item.picture->category == compiler::Category::numericEdited;
-  bool const isPlain = type.kind == Kind::text || (type.kind == Kind::number && !isEdited);
+  bool const isPlain =
+      type.kind == ValueKind::text || (type.kind == ValueKind::number && !isEdited);
   if (!isPlain) return {};
   ValueList list(item, type, trim);
   for (DataItem const* each = item.firstCondition; each != nullptr; each = each->next) {

@@ -9,7 +9,7 @@
 namespace fdmorph::docschema {
 namespace {
 
-using Kind = Particle::Kind;
+using ParticleKind = Particle::Kind;
 using NameSet = std::unordered_set<QName, QNameHash>;
 
 // Occurrences that are written out.
@@ -22,7 +22,7 @@ constexpr char kAnyOrderComment[] = "views whose parts cannot be told apart: in 
 void addStart(Particle const& particle, NameSet& names) {
   if (particle.isElement()) {
     names.insert(particle.name);
-  } else if (particle.kind == Kind::sequence) {
+  } else if (particle.kind == ParticleKind::sequence) {
     for (Particle const& each : particle.parts) {
       addStart(each, names);
       if (!each.isEmptiable()) break;
@@ -36,7 +36,7 @@ void addStart(Particle const& particle, NameSet& names) {
 void addOpen(Particle const& particle, NameSet& names) {
   if (particle.isElement()) {
     if (particle.least < particle.most) names.insert(particle.name);
-  } else if (particle.kind == Kind::sequence) {
+  } else if (particle.kind == ParticleKind::sequence) {
     for (std::size_t i = particle.parts.size(); i-- > 0;) {
       Particle const& last = particle.parts[i];
       addOpen(last, names);
@@ -44,7 +44,7 @@ void addOpen(Particle const& particle, NameSet& names) {
       addStart(last, names);
     }
   } else {
-    bool const isList = particle.kind == Kind::anyOrder;
+    bool const isList = particle.kind == ParticleKind::anyOrder;
     for (Particle const& each : particle.parts) {
       addOpen(each, names);
       if (isList || particle.isEmptiable()) addStart(each, names);
@@ -113,7 +113,7 @@ std::optional<std::vector<Particle>> merge(std::vector<Particle> const& left,
 }
 
 Particle anyOrderOf(std::vector<Particle> const& elements) {
-  Particle list{Kind::anyOrder};
+  Particle list{ParticleKind::anyOrder};
   list.comment = kAnyOrderComment;
   for (Particle const& each : elements) {
     auto const known = std::ranges::find(list.parts, each.name, &Particle::name);
@@ -136,7 +136,7 @@ Particle mergeViews(Particle const& choice) {
     merged = std::move(*next);
   }
   for (Particle& each : merged) each.least = 0;
-  Particle sequence{Kind::sequence, std::move(merged)};
+  Particle sequence{ParticleKind::sequence, std::move(merged)};
   sequence.comment = kMergedComment;
   return sequence;
 }
@@ -156,7 +156,7 @@ bool beginDifferently(std::vector<Particle> const& views) {
 // number of levels.
 void joinNeighbors(Particle& particle) {
   for (Particle& each : particle.parts) joinNeighbors(each);
-  if (particle.kind != Kind::sequence) return;
+  if (particle.kind != ParticleKind::sequence) return;
   std::vector<Particle> parts;
   for (Particle& each : particle.parts) {
     bool const isSame = !parts.empty() && each.isElement() && parts.back().isElement() &&
@@ -210,7 +210,7 @@ std::optional<Conflict> findConflict(std::vector<Particle> const& parts) {
 void makeDeterministic(Particle& sequence) {
   bool hasChoice = false;
   for (Particle& part : sequence.parts) {
-    if (part.kind != Kind::choice) continue;
+    if (part.kind != ParticleKind::choice) continue;
     hasChoice = true;
     for (Particle& view : part.parts) makeDeterministic(view);
     if (!beginDifferently(part.parts)) part = mergeViews(part);

@@ -16,7 +16,7 @@ namespace {
 using compiler::DataItem;
 using nlohmann::ordered_json;
 using record::RecordTree;
-using Kind = Particle::Kind;
+using ParticleKind = Particle::Kind;
 using NameSet = std::unordered_set<QName, QNameHash>;
 
 constexpr char kDialect[] = "https://json-schema.org/draft/2020-12/schema";
@@ -34,7 +34,7 @@ Ranges rangesOf(Particle const& particle) {
   Ranges ranges;
   if (particle.isElement()) {
     ranges[particle.name] = {particle.least, particle.most};
-  } else if (particle.kind == Kind::choice) {
+  } else if (particle.kind == ParticleKind::choice) {
     std::vector<Ranges> views;
     for (Particle const& each : particle.parts) views.push_back(rangesOf(each));
     std::unordered_map<QName, std::size_t, QNameHash> viewsWithIt;
@@ -70,7 +70,7 @@ void addRequired(Particle const& particle, NameSet& names) {
     // A table of no occurrences is an empty array.
     bool const isThere = particle.least > 0 || (particle.repeats && !particle.mayBeOmitted);
     if (isThere) names.insert(particle.name);
-  } else if (particle.kind == Kind::choice) {
+  } else if (particle.kind == ParticleKind::choice) {
     if (particle.isOptional) return;
     std::optional<NameSet> all;
     for (Particle const& each : particle.parts) {
@@ -183,7 +183,7 @@ class ElementSchemas {
     ordered_json areas = ordered_json::array();
     Counts const counts = countsOf(sequence);
     for (Particle const& part : sequence.parts) {
-      if (part.kind != Kind::choice) continue;
+      if (part.kind != ParticleKind::choice) continue;
       NameSet shared;
       for (auto const& [name, count] : countsOf(part)) {
         if (outside.contains(name) || counts.at(name) > count) shared.insert(name);

@@ -9,7 +9,7 @@ namespace fdmorph::docschema {
 namespace {
 
 using nlohmann::ordered_json;
-using Kind = ValueType::Kind;
+using ValueKind = ValueType::Kind;
 
 constexpr char kFloatPattern[] = "^-?[0-9]+(\\.[0-9]+)?(e[+-][0-9]+)?$";
 constexpr int kExactDigits = std::numeric_limits<double>::digits10;
@@ -96,14 +96,14 @@ ordered_json floatSchema(ValueType const& type, bool isQuoted) {
 
 ordered_json schemaOf(ValueType const& type, bool isQuoted) {
   switch (type.kind) {
-    case Kind::number:
+    case ValueKind::number:
       return numberSchema(type, isQuoted);
-    case Kind::singleFloat:
-    case Kind::doubleFloat:
+    case ValueKind::singleFloat:
+    case ValueKind::doubleFloat:
       return floatSchema(type, isQuoted);
-    case Kind::anyNumber:
+    case ValueKind::anyNumber:
       return {{"type", isQuoted ? "string" : "number"}};
-    case Kind::text:
+    case ValueKind::text:
       break;
   }
   ordered_json schema = {{"type", "string"}};

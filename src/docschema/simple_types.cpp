@@ -5,7 +5,7 @@
 namespace fdmorph::docschema {
 namespace {
 
-using Kind = ValueType::Kind;
+using ValueKind = ValueType::Kind;
 
 // The digits of a decimal number that libxml2 reads. Longer numbers are strings with
 // a pattern.
@@ -49,18 +49,18 @@ SimpleType define(Markup content) {
 
 SimpleType typeOf(ValueType const& type) {
   switch (type.kind) {
-    case Kind::singleFloat:
+    case ValueKind::singleFloat:
       return {"xs:float", {}};
-    case Kind::doubleFloat:
-    case Kind::anyNumber:
+    case ValueKind::doubleFloat:
+    case ValueKind::anyNumber:
       return {"xs:double", {}};
-    case Kind::text:
-    case Kind::number:
+    case ValueKind::text:
+    case ValueKind::number:
       break;
   }
   Markup restriction =
-      type.kind == Kind::number ? numberRestriction(type) : restrictionOf("xs:string");
-  if (type.kind == Kind::text && type.values.empty()) {
+      type.kind == ValueKind::number ? numberRestriction(type) : restrictionOf("xs:string");
+  if (type.kind == ValueKind::text && type.values.empty()) {
     addFacet(restriction, "maxLength", std::to_string(type.length));
   }
   for (std::string const& each : type.values) addFacet(restriction, "enumeration", each);
@@ -70,8 +70,9 @@ SimpleType typeOf(ValueType const& type) {
 }  // namespace
 
 SimpleType simpleTypeOf(std::vector<ValueType> const& types, bool mayLackText) {
-  bool const hasAnyText = std::ranges::any_of(
-      types, [](ValueType const& each) { return each.kind == Kind::text && each.values.empty(); });
+  bool const hasAnyText = std::ranges::any_of(types, [](ValueType const& each) {
+    return each.kind == ValueKind::text && each.values.empty();
+  });
   bool const needsEmpty = mayLackText && !hasAnyText;
   if (types.size() == 1 && !needsEmpty) return typeOf(types.front());
   std::string builtIns;

@@ -12,7 +12,7 @@ using compiler::DataItem;
 using compiler::Picture;
 using compiler::Storage;
 using compiler::Usage;
-using Kind = ValueType::Kind;
+using ValueKind = ValueType::Kind;
 
 constexpr unsigned kBitsInByte = 8;
 constexpr std::uint64_t kMaxBinarySize = 8;
@@ -41,7 +41,7 @@ void setByteBounds(ValueType& type, std::uint64_t size) {
 }
 
 void setDigits(ValueType& type, Picture const& picture) {
-  type.kind = Kind::number;
+  type.kind = ValueKind::number;
   type.digits = std::max(picture.digits, picture.scale);
   type.scale = picture.scale;
   type.isSigned = picture.isSigned;
@@ -58,7 +58,7 @@ bool showsSign(std::string_view picture) {
 ValueType ofEditedNumber(Picture const& picture) {
   ValueType type;
   if (picture.digits == 0) {
-    type.kind = Kind::anyNumber;
+    type.kind = ValueKind::anyNumber;
     type.isSigned = true;
     return type;
   }
@@ -77,14 +77,14 @@ ValueType ofFixedUsage(DataItem const& item, SchemaRules const& rules) {
   switch (item.effectiveUsage) {
     case Usage::comp1:
     case Usage::floatShort:
-      type.kind = Kind::singleFloat;
+      type.kind = ValueKind::singleFloat;
       break;
     case Usage::comp2:
     case Usage::floatLong:
-      type.kind = Kind::doubleFloat;
+      type.kind = ValueKind::doubleFloat;
       break;
     default:
-      type.kind = Kind::number;
+      type.kind = ValueKind::number;
       type.isSigned = !item.isUnsigned && !isUnsignedUsage(item.effectiveUsage);
       setByteBounds(type, item.size);
       break;
@@ -108,7 +108,7 @@ ValueType ownType(DataItem const& item, SchemaRules const& rules) {
     return type;
   }
   if (isNative) {
-    type.kind = Kind::number;
+    type.kind = ValueKind::number;
     setByteBounds(type, item.size);
     return type;
   }

@@ -14,7 +14,7 @@ namespace {
 
 using compiler::DataItem;
 using record::RecordTree;
-using Kind = Particle::Kind;
+using ParticleKind = Particle::Kind;
 
 std::string occurrenceText(std::uint64_t count) {
   return count == kUnbounded ? "unbounded" : std::to_string(count);
@@ -65,7 +65,7 @@ class SchemaWriter {
   // Adds a global element. The result refers to it.
   Markup addRecord(RecordTree const& tree, NamespaceFile& main) {
     m_parts.emplace(tree, m_rules);
-    Particle record{Kind::element};
+    Particle record{ParticleKind::element};
     record.name = {tree.root().namespaceUri, tree.root().name};
     record.nodes = {0};
     NamespaceFile& file = fileOf(record.name.namespaceUri);
@@ -100,13 +100,13 @@ class SchemaWriter {
   // The recursion is bounded by the number of levels.
   Markup particleOf(Particle const& particle, NamespaceFile& file, Names& names) {
     if (particle.isElement()) return elementOf(particle, file, names);
-    Markup group{particle.kind == Kind::sequence ? "xs:sequence" : "xs:choice"};
-    bool const isList = particle.kind == Kind::anyOrder;
+    Markup group{particle.kind == ParticleKind::sequence ? "xs:sequence" : "xs:choice"};
+    bool const isList = particle.kind == ParticleKind::anyOrder;
     if (isList || particle.isOptional) group.set("minOccurs", "0");
     if (isList) group.set("maxOccurs", "unbounded");
     if (!particle.comment.empty()) group.add(commentOf(particle.comment));
     for (Particle const& each : particle.parts) {
-      bool const isGroup = each.kind == Kind::sequence && each.comment.empty();
+      bool const isGroup = each.kind == ParticleKind::sequence && each.comment.empty();
       bool const isOne = isGroup && each.parts.size() == 1;
       group.add(particleOf(isOne ? each.parts.front() : each, file, names));
     }

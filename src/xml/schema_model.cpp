@@ -14,7 +14,7 @@
 namespace fdmorph {
 namespace {
 
-using Kind = SchemaNode::Kind;
+using NodeKind = SchemaNode::Kind;
 using TypeSource = xerces::ComplexTypeInfo;
 using ElementSource = xerces::SchemaElementDecl;
 using xerces::SchemaSymbols;
@@ -297,16 +297,16 @@ std::vector<SchemaElement const*> const& SchemaModel::Impl::substitutesOf(
 
 SchemaPlaces::Index SchemaModel::Impl::scopeOf(TypeEntry const& type) {
   if (type.name.local.empty()) return nodeOf(*type.owner);
-  return m_grammars.places().global(Kind::complexType, type.name);
+  return m_grammars.places().global(NodeKind::complexType, type.name);
 }
 
 SchemaPlaces::Index SchemaModel::Impl::nodeOf(ElementEntry& element) {
   if (element.node) return *element.node;
   SchemaPlaces::Index node;
   if (element.scope == nullptr) {
-    node = m_grammars.places().global(Kind::element, element.name);
+    node = m_grammars.places().global(NodeKind::element, element.name);
   } else if (SchemaPlaces::Index scope = scopeOf(*element.scope)) {
-    node = m_grammars.places().local(*scope, Kind::element, element.name.local);
+    node = m_grammars.places().local(*scope, NodeKind::element, element.name.local);
   }
   element.node = node;
   return node;
@@ -315,7 +315,7 @@ SchemaPlaces::Index SchemaModel::Impl::nodeOf(ElementEntry& element) {
 SchemaPlace SchemaModel::Impl::placeOf(SchemaAttribute const& attribute, ElementEntry& owner) {
   if (SchemaPlaces::Index scope = scopeOf(typeOf(owner))) {
     SchemaPlaces& places = m_grammars.places();
-    SchemaPlaces::Index node = places.local(*scope, Kind::attribute, attribute.name.local);
+    SchemaPlaces::Index node = places.local(*scope, NodeKind::attribute, attribute.name.local);
     if (node) return shown(node);
   }
   return placeOf(owner);

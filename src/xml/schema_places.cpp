@@ -15,17 +15,17 @@
 namespace fdmorph {
 namespace {
 
-using Kind = SchemaNode::Kind;
+using NodeKind = SchemaNode::Kind;
 using xerces::XMLUni;
 
-constexpr auto kKinds = makeNameTable<Kind>({
-    {"attribute", Kind::attribute},
-    {"attributeGroup", Kind::attributeGroup},
-    {"complexType", Kind::complexType},
-    {"element", Kind::element},
-    {"extension", Kind::derivation},
-    {"group", Kind::group},
-    {"restriction", Kind::derivation},
+constexpr auto kKinds = makeNameTable<NodeKind>({
+    {"attribute", NodeKind::attribute},
+    {"attributeGroup", NodeKind::attributeGroup},
+    {"complexType", NodeKind::complexType},
+    {"element", NodeKind::element},
+    {"extension", NodeKind::derivation},
+    {"group", NodeKind::group},
+    {"restriction", NodeKind::derivation},
 });
 static_assert(kKinds.isSorted());
 
@@ -58,7 +58,7 @@ class NodeReader : public xerces::DefaultHandler {
     if (open.isSchema && m_open.empty()) {
       if (XMLCh const* space = attributes.getValue(u"targetNamespace")) m_space = toUtf8(space);
     }
-    if (open.kind != Kind::other) addNode(open, attributes);
+    if (open.kind != NodeKind::other) addNode(open, attributes);
     m_open.push_back(open);
     notePlace();
   }
@@ -81,7 +81,7 @@ class NodeReader : public xerces::DefaultHandler {
     bool isSchema = false;       // of the namespace of schemas, outside annotations
     bool isAnnotation = false;   // or in one
     bool isGlobalScope = false;  // the schema itself, or a redefine
-    Kind kind = Kind::other;
+    NodeKind kind = NodeKind::other;
     std::optional<std::size_t> node = std::nullopt;
   };
 
@@ -96,7 +96,7 @@ class NodeReader : public xerces::DefaultHandler {
     open.isAnnotation = name == "annotation";
     open.isSchema = !open.isAnnotation;
     open.isGlobalScope = name == "schema" || name == "redefine";
-    open.kind = kKinds.find(name, Kind::other);
+    open.kind = kKinds.find(name, NodeKind::other);
     return open;
   }
 
@@ -107,7 +107,8 @@ class NodeReader : public xerces::DefaultHandler {
     node.line = m_line;
     node.column = m_column;
     XMLCh const* name = attributes.getValue(u"name");
-    XMLCh const* reference = attributes.getValue(node.kind == Kind::derivation ? u"base" : u"ref");
+    XMLCh const* reference =
+        attributes.getValue(node.kind == NodeKind::derivation ? u"base" : u"ref");
     if (reference != nullptr) {
       node.isReference = true;
       node.name = resolved(toUtf8(reference));
@@ -146,7 +147,7 @@ class NodeReader : public xerces::DefaultHandler {
   std::uint32_t m_column = 1;
 };
 
-std::string keyOf(Kind kind, SchemaName const& name) {
+std::string keyOf(NodeKind kind, SchemaName const& name) {
   std::string key(1, static_cast<char>('0' + static_cast<int>(kind)));
   return key + name.space + ' ' + name.local;
 }
@@ -189,13 +190,13 @@ void SchemaPlaces::readFiles() {
 }
 
 // A file without a target namespace may have taken on that of another one.
-std::vector<std::size_t> const* SchemaPlaces::globals(Kind kind, SchemaName const& name) const {
+std::vector<std::size_t> const* SchemaPlaces::globals(NodeKind kind, SchemaName const& name) const {
   auto found = m_globals.find(keyOf(kind, name));
   if (found == m_globals.end()) found = m_globals.find(keyOf(kind, {name.local, ""}));
   return found == m_globals.end() ? nullptr : &found->second;
 }
 
-SchemaPlaces::Index SchemaPlaces::global(Kind kind, SchemaName const& name) {
+SchemaPlaces::Index SchemaPlaces::global(NodeKind kind, SchemaName const& name) {
   readFiles();
   std::vector<std::size_t> const* found = globals(kind, name);
   if (found == nullptr) return std::nullopt;
@@ -208,8 +209,8 @@ SchemaPlaces::Scope const& SchemaPlaces::scopeAt(std::size_t node) {
   if (!isNew) return scope;
   for (std::size_t i = node + 1; i < m_nodes[node].end;) {
     SchemaNode const& inner = m_nodes[i];
-    if (inner.kind == Kind::element || inner.kind == Kind::attribute) {
-      auto& names = inner.kind == Kind::element ? scope.elements : scope.attributes;
+    if (inner.kind == NodeKind::element || inner.kind == NodeKind::attribute) {
+      auto& names = inner.kind == NodeKind::element ? scope.elements : scope.attributes;
       names.try_emplace(inner.name.local, i);
       i = inner.end;
       continue;
@@ -220,7 +221,7 @@ SchemaPlaces::Scope const& SchemaPlaces::scopeAt(std::size_t node) {
   return scope;
 }
 
-SchemaPlaces::Index SchemaPlaces::local(std::size_t scope, Kind kind, std::string const& name) {
+SchemaPlaces::Index SchemaPlaces::local(std::size_t scope, NodeKind kind, std::string const& name) {
   readFiles();
   std::unordered_set<std::size_t> seen;
   std::vector<std::size_t> pending{scope};
@@ -229,11 +230,12 @@ SchemaPlaces::Index SchemaPlaces::local(std::size_t scope, Kind kind, std::strin
     pending.pop_back();
     if (!seen.insert(next).second) continue;
     Scope const& inner = scopeAt(next);
-    auto const& names = kind == Kind::element ? inner.elements : inner.attributes;
+    auto const& names = kind == NodeKind::element ? inner.elements : inner.attributes;
     if (auto found = names.find(name); found != names.end()) return found->second;
     for (std::size_t reference : inner.references) {
-      Kind const target =
-          m_nodes[reference].kind == Kind::derivation ? Kind::complexType : m_nodes[reference].kind;
+      NodeKind const target = m_nodes[reference].kind == NodeKind::derivation
+                                  ? NodeKind::complexType
+                                  : m_nodes[reference].kind;
       if (auto const* found = globals(target, m_nodes[reference].name)) {
         pending.insert(pending.end(), found->begin(), found->end());
       }

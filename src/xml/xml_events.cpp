@@ -7,13 +7,12 @@
 #include <xercesc/sax/Locator.hpp>
 #include <xercesc/sax2/Attributes.hpp>
 #include <xercesc/sax2/DefaultHandler.hpp>
-#include <xercesc/util/PlatformUtils.hpp>
 #include <xercesc/util/XMLUni.hpp>
 
 #include "text/utf8.h"
 #include "xml/DMDOMErrorHandler.h"
-#include "xml/DMDOMParser.h"
 #include "xml/input_sources.h"
+#include "xml/schema_grammars.h"
 
 namespace fdmorph {
 namespace {
@@ -85,15 +84,6 @@ class EventReader : public xerces::DefaultHandler {
   XmlEvents& m_events;
   xerces::SAX2XMLReaderImpl m_reader;
   xerces::Locator const* m_locator = nullptr;
-};
-
-/// One start of the library, which counts them.
-class LibraryUse {
- public:
-  LibraryUse() { CDMDOMParser::InitializePlatform(); }
-  ~LibraryUse() { xerces::XMLPlatformUtils::Terminate(); }
-  LibraryUse(LibraryUse const&) = delete;
-  LibraryUse& operator=(LibraryUse const&) = delete;
 };
 
 }  // namespace
