@@ -33,6 +33,7 @@ struct Instance {
   bool isInArray = false;       ///< JSON: a member of an array
   bool isEmptyArray = false;    ///< JSON: an array without members, which stands for none
   bool isBroken = false;        ///< its reader reported an error; it and its parts have no other
+  bool isDropped = false;       ///< JSON: of a member that is there twice; not among its siblings
   std::uint64_t textBegin = 0;  ///< in Instances::texts
   std::uint64_t textSize = 0;   ///< in bytes
   std::uint64_t line = 0;       ///< of the start tag or value, from 1

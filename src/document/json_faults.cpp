@@ -23,7 +23,8 @@ void JsonParts::reportFaults() {
                    [](Fault const& a, Fault const& b) { return a.offset < b.offset; });
   for (Fault const& fault : m_faults) {
     if (m_record->errors.size() == kMaxErrorsPerRecord) break;
-    if (isInBroken(fault.target.parent)) continue;
+    bool isDropped = fault.part != kNoInstance && m_record->instances.all[fault.part].isDropped;
+    if (isDropped || isInBroken(fault.target.parent)) continue;
     m_record->errors.push_back({.code = fault.code,
                                 .text = std::string(fault.text),
                                 .path = pathOf(fault.target, fault.part),

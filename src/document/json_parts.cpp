@@ -308,6 +308,7 @@ void JsonParts::dropRepeated(Level const& level, std::vector<std::size_t> const&
     std::uint32_t const following = all[part].next;
     if (next != dropped.end() && *next == part) {
       all[part].isBroken = true;
+      all[part].isDropped = true;
       ++next;
     } else {
       (last == kNoInstance ? object.firstChild : all[last].next) = part;

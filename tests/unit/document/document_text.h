@@ -1,6 +1,7 @@
 // Documents of tests as instances: a small part of XML and of JSON, without any check.
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <string_view>
 
@@ -57,7 +58,7 @@ class DocumentText {
 
   std::string_view take(std::string_view ends) {
     std::size_t begin = m_at;
-    while (ends.find(m_text[m_at]) == std::string_view::npos) ++m_at;
+    m_at = std::min(m_text.find_first_of(ends, begin), m_text.size());
     return m_text.substr(begin, m_at - begin);
   }
 

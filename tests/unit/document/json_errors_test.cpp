@@ -96,6 +96,11 @@ TEST(JsonErrors, AreNotToldInWhatIsThereTwice) {
   DocumentFixture fixture("A b c");
   EXPECT_EQ(fixture.readJson("{\"b\":1,\"b\":{\"c\":1,\"c\":[[]]}}"),
             "1 A(b=1)[1:12 json A/b: a member that is there twice]\n");
+  // Nor at the values that it has itself.
+  EXPECT_EQ(fixture.readJson("{\"b\":1,\"b\":[[]]}"),
+            "1 A(b=1)[1:12 json A/b: a member that is there twice]\n");
+  EXPECT_EQ(fixture.readJson("{\"b\":1,\"b\":[2,\"\\ud800\"]}"),
+            "1 A(b=1)[1:12 json A/b: a member that is there twice]\n");
 }
 
 TEST(JsonErrors, AreNotTheSameNameInAnotherObject) {
