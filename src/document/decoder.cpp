@@ -16,7 +16,8 @@ Decoder::Decoder(Programs const& programs, LengthRules lengths)
     : m_programs(programs),
       m_set(programs.set()),
       m_values(programs.set().values()),
-      m_preparation(programs.set(), lengths) {}
+      m_preparation(programs.set(), lengths),
+      m_prepared(m_preparation.result()) {}
 
 bool Decoder::decode(StoredRecord record, TextBuffer& out, DataErrors& errors) {
   m_errors = &errors;
@@ -25,11 +26,10 @@ bool Decoder::decode(StoredRecord record, TextBuffer& out, DataErrors& errors) {
   m_stopAt = UINT64_MAX;
   m_lastKept = UINT64_MAX;
   m_consequence.reset();
-  m_occurrence = {};
   auto begin = static_cast<std::size_t>(out.end() - out.begin());
-  m_prepared = m_preparation.prepare(record);
+  m_preparation.prepare(record);
   if (m_prepared.error) {
-    errors.push_back(std::move(*m_prepared.error));
+    errors.push_back(*m_prepared.error);
     return false;
   }
   m_layout = &m_set.layouts()[m_prepared.record];

@@ -58,7 +58,7 @@ class Decoder {
   RecordPreparation m_preparation;
 
   // Of the record at hand.
-  PreparedRecord m_prepared;
+  PreparedRecord const& m_prepared;
   layout::Layout const* m_layout = nullptr;
   Program const* m_program = nullptr;
   layout::RecordBytes m_bytes{};

@@ -9,11 +9,12 @@ namespace fdmorph::document {
 
 using layout::Layout;
 
-PreparedRecord RecordPreparation::prepare(StoredRecord record) {
-  m_result = {};
+PreparedRecord const& RecordPreparation::prepare(StoredRecord record) {
   m_result.stored = record;
+  m_result.fault.reset();
+  m_result.error.reset();
   static_cast<void>(choose(record) && splitCounts() && lookAt(m_result.stored));
-  return std::move(m_result);
+  return m_result;
 }
 
 void RecordPreparation::fail(ErrorCode code, std::string text) {

@@ -48,8 +48,11 @@ class RecordPreparation {
       : m_set(set), m_values(set.values()), m_lengths(lengths) {}
 
   /// Chooses the record by the rules, takes off its counts, and spreads or fills it up.
-  /// The result looks at `record` and at this object.
-  [[nodiscard]] PreparedRecord prepare(StoredRecord record);
+  /// The result looks at `record` and at this object; it is that of all calls.
+  PreparedRecord const& prepare(StoredRecord record);
+
+  /// The record that was prepared last.
+  [[nodiscard]] PreparedRecord const& result() const { return m_result; }
 
  private:
   bool choose(StoredRecord record);

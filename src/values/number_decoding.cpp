@@ -154,10 +154,11 @@ std::optional<DecodeResult> Values::decodePackedRow(ItemFormat const& format,
   unsigned const sign = stored & 0xFU;
   std::uint64_t const row = stored >> 4U;
   bool const isNegative = sign == 0xD || sign == 0xB;
-  bool const isPadded = (row >> (4 * format.digits)) == 0;
-  if (sign < 0xA || !isDigitRow(row) || !isPadded || (isNegative && !format.isSigned)) {
-    return std::nullopt;
-  }
+  // One condition, since a processor cannot predict signs.
+  std::uint64_t wrong = row >> (4 * format.digits);
+  wrong |= static_cast<unsigned>(sign < 0xA) | static_cast<unsigned>(!isDigitRow(row));
+  wrong |= static_cast<unsigned>(isNegative) & static_cast<unsigned>(!format.isSigned);
+  if (wrong != 0) return std::nullopt;
   return DecodeResult{writeRow(out, row, format.scale, isNegative), ValueError::none, true};
 }
 

@@ -124,12 +124,15 @@ char* writeNumber(char* out, DigitText const& digits, unsigned first, unsigned c
 
 namespace {
 
-// Writes 16 digits as characters, the highest nibble first.
-void writeDigits(char* out, std::uint64_t row) {
+constexpr unsigned kHalfRow = kMaxRow / 2;
+
+// Writes the first `count` digits of a row as characters, the highest nibble first, and
+// others up to a half or the whole of the row.
+void writeDigits(char* out, std::uint64_t row, unsigned count) {
   constexpr std::uint64_t kZeros = 0x3030303030303030;
   auto* const bytes = reinterpret_cast<unsigned char*>(out);
   storeInteger(spreadDigits(row >> 32U) | kZeros, bytes, 8, true);
-  storeInteger(spreadDigits(row) | kZeros, bytes + 8, 8, true);
+  if (count > kHalfRow) storeInteger(spreadDigits(row) | kZeros, bytes + 8, 8, true);
 }
 
 }  // namespace
@@ -137,14 +140,16 @@ void writeDigits(char* out, std::uint64_t row) {
 char* writeRow(char* out, std::uint64_t row, int scale, bool isNegative) {
   constexpr unsigned kBits = 64;
   unsigned const places = 4 * static_cast<unsigned>(scale);  // in bits
-  if (isNegative && row != 0) *out++ = '-';
+  // Signs come in no order that a processor could predict.
+  *out = '-';
+  out += static_cast<unsigned>(isNegative) & static_cast<unsigned>(row != 0);
   std::uint64_t const integer = places == kBits ? 0 : row >> places;
   auto const zeros = static_cast<unsigned>(std::countl_zero(integer | 1)) / 4;
-  writeDigits(out, integer << (4 * zeros));
+  writeDigits(out, integer << (4 * zeros), kMaxRow - zeros);
   out += kMaxRow - zeros;
   if (places == 0) return out;
   *out = '.';
-  writeDigits(out + 1, row << (kBits - places));
+  writeDigits(out + 1, row << (kBits - places), static_cast<unsigned>(scale));
   return out + 1 + scale;
 }
 
