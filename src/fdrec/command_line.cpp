@@ -1,5 +1,7 @@
 #include "fdrec/command_line.h"
 
+#include <unistd.h>
+
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <csignal>
@@ -10,6 +12,9 @@
 #include "fdrec/commands.h"
 #include "fdrec/common_options.h"
 #include "fdrec/files.h"
+#include "text/early_end.h"
+#include "text/pending_files.h"
+#include "text/stack_guard.h"
 
 namespace fdmorph::fdrec {
 namespace {
@@ -54,9 +59,28 @@ void putCommandFirst(CLI::App const& app, std::vector<std::string>& words) {
   }
 }
 
+[[noreturn]] void end(char const* line) {
+  removePendingFiles();
+  writeLastLine(STDERR_FILENO, line);
+  _exit(kErrors);
+}
+
+void endWithMessages() {
+  endWithoutMemory([] { writeLastLine(STDERR_FILENO, "fdrec: error: out of memory [size]\n"); });
+  // The XML library reads nested types by recursion.
+  installStackGuard(
+      [](bool isMemoryUsed) {
+        end(isMemoryUsed ? "fdrec: error: out of memory [size]\n"
+                         : "fdrec: error: the input is nested too deeply [size]\n");
+      },
+      [] { end("fdrec: error: invalid memory access [internal]\n"); });
+  endOnSignals(nullptr);  // the shell says enough
+}
+
 }  // namespace
 
-int runProgram(int count, char** arguments) {
+int runProgram(int count, char** arguments, std::vector<CommandRow> const& rows) {
+  endWithMessages();
   // A file that is too large or a closed pipe makes the write fail.
   std::signal(SIGXFSZ, SIG_IGN);
   std::signal(SIGPIPE, SIG_IGN);
@@ -71,7 +95,7 @@ int runProgram(int count, char** arguments) {
   declareCommonOptions(app, common);
   Command* chosen = nullptr;
   std::vector<std::unique_ptr<Command>> commands;
-  for (CommandRow const& row : commandTable()) {
+  for (CommandRow const& row : rows) {
     Command* command = commands.emplace_back(row.make()).get();
     CLI::App* sub = app.add_subcommand(row.name, row.summary);
     sub->callback([&chosen, command] { chosen = command; });

@@ -1,10 +1,12 @@
-// All commands of fdrec.
+// The commands of fdrec.
 #pragma once
 
+#include <functional>
 #include <memory>
-#include <span>
+#include <vector>
 
 #include "fdrec/command.h"
+#include "fdrec/record_schema.h"
 
 namespace fdmorph::fdrec {
 
@@ -12,7 +14,7 @@ namespace fdmorph::fdrec {
 struct CommandRow {
   char const* name;
   char const* summary;
-  std::unique_ptr<Command> (*make)();
+  std::function<std::unique_ptr<Command>()> make;
 };
 
 // The commands, each from a source of its own.
@@ -22,13 +24,16 @@ struct CommandRow {
 [[nodiscard]] std::unique_ptr<Command> makeShowCommand();
 [[nodiscard]] std::unique_ptr<Command> makePlainCommand();
 [[nodiscard]] std::unique_ptr<Command> makeSchemaCommand();
-[[nodiscard]] std::unique_ptr<Command> makeToXmlCommand();
-[[nodiscard]] std::unique_ptr<Command> makeToJsonCommand();
-[[nodiscard]] std::unique_ptr<Command> makeFromXmlCommand();
-[[nodiscard]] std::unique_ptr<Command> makeFromJsonCommand();
+[[nodiscard]] std::unique_ptr<Command> makeToXmlCommand(OpenSchema openSchema);
+[[nodiscard]] std::unique_ptr<Command> makeToJsonCommand(OpenSchema openSchema);
+[[nodiscard]] std::unique_ptr<Command> makeFromXmlCommand(OpenSchema openSchema);
+[[nodiscard]] std::unique_ptr<Command> makeFromJsonCommand(OpenSchema openSchema);
 [[nodiscard]] std::unique_ptr<Command> makeVerifyCommand();
 
-/// In the order of the help.
-[[nodiscard]] std::span<CommandRow const> commandTable();
+/// The commands on data, which need the XML library for --schema only.
+[[nodiscard]] std::vector<CommandRow> dataCommands(OpenSchema openSchema);
+
+/// All commands, in the order of the help.
+[[nodiscard]] std::vector<CommandRow> allCommands();
 
 }  // namespace fdmorph::fdrec

@@ -5,10 +5,19 @@
 #include "fdrec/command.h"
 #include "fdrec/files.h"
 #include "fdrec/schema_options.h"
+#include "fdrec/schema_validation.h"
 #include "source/diagnostics.h"
 #include "xml/input_files.h"
 
 namespace fdmorph::fdrec {
+
+std::unique_ptr<RecordSchema> DataSchema::open(DataOptions const& data) {
+  return std::make_unique<DataSchema>(data);
+}
+
+std::unique_ptr<RecordValidation> DataSchema::validate(layout::RecordSet const& set) {
+  return std::make_unique<SchemaValidation>(*this, set);
+}
 
 DataSchema::DataSchema(DataOptions const& data) : m_status(kFailed) {
   if (InputFile(data.schema, true).kind() == InputFile::Kind::pipe) {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <vector>
 
-#include "fdrec/data_options.h"
+#include "fdrec/record_schema.h"
 #include "fdrec/schema_file.h"
 #include "fit/schema_adoption.h"
 #include "xml/document_validator.h"
@@ -12,19 +12,16 @@
 namespace fdmorph::fdrec {
 
 /// The schema of --schema, with a validator for each thread.
-class DataSchema {
+class DataSchema : public RecordSchema {
  public:
-  /// Loads the schema that the options name. Reports are printed to the standard error
-  /// stream.
   explicit DataSchema(DataOptions const& data);
 
-  /// kClean if the schema can be used; else the exit status of the command.
-  [[nodiscard]] int status() const { return m_status; }
+  /// The OpenSchema of this class.
+  [[nodiscard]] static std::unique_ptr<RecordSchema> open(DataOptions const& data);
 
-  [[nodiscard]] SchemaModel& model() { return m_file->model(); }
-
-  /// Takes namespaces and optional parts of a record from the schema.
-  void adopt(record::RecordTree& tree) { fit::adoptSchema(tree, model()); }
+  [[nodiscard]] int status() const override { return m_status; }
+  void adopt(record::RecordTree& tree) override { fit::adoptSchema(tree, m_file->model()); }
+  [[nodiscard]] std::unique_ptr<RecordValidation> validate(layout::RecordSet const& set) override;
 
   [[nodiscard]] DocumentValidator& validator(std::size_t thread) { return *m_validators[thread]; }
 

@@ -1,27 +1,28 @@
 // fdrec from-xml and fdrec from-json: documents as the records of a file.
 #include <CLI/CLI.hpp>
 #include <memory>
-#include <optional>
 
 #include "document/json_program.h"
 #include "fdrec/commands.h"
 #include "fdrec/data_options.h"
-#include "fdrec/data_schema.h"
 #include "fdrec/files.h"
 #include "fdrec/from_documents.h"
+#include "fdrec/record_schema.h"
 
 namespace fdmorph::fdrec {
 namespace {
 
 class FromCommand : public Command {
  public:
-  explicit FromCommand(document::Syntax syntax) : m_syntax(syntax) {}
+  FromCommand(document::Syntax syntax, OpenSchema openSchema)
+      : m_syntax(syntax), m_openSchema(openSchema) {}
 
   void declare(CLI::App& app) override;
   [[nodiscard]] int run(CommonOptions const& options) override;
 
  private:
   document::Syntax m_syntax;
+  OpenSchema m_openSchema;
   std::string m_copybook;
   std::string m_path;
   DataOptions m_data;
@@ -43,9 +44,9 @@ int FromCommand::run(CommonOptions const& options) {
   if (int status = refuseSharedInput(m_copybook, m_path); status != kClean) return status;
   int const shared = refuseSharedOutput(options.output, m_data.rejects);
   if (shared != kClean) return shared;
-  std::optional<DataSchema> schema;
+  std::unique_ptr<RecordSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
-    schema.emplace(m_data);
+    schema = m_openSchema(m_data);
     if (schema->status() != kClean) return schema->status();
   }
   TreeChange adopt;
@@ -68,18 +69,17 @@ int FromCommand::run(CommonOptions const& options) {
     printReadFailure(name, *why);
     return kFailed;
   }
-  return FromDocuments(input, m_data, m_syntax, name, schema ? &*schema : nullptr)
-      .run(source, options.output);
+  return FromDocuments(input, m_data, m_syntax, name, schema.get()).run(source, options.output);
 }
 
 }  // namespace
 
-std::unique_ptr<Command> makeFromXmlCommand() {
-  return std::make_unique<FromCommand>(document::Syntax::xml);
+std::unique_ptr<Command> makeFromXmlCommand(OpenSchema openSchema) {
+  return std::make_unique<FromCommand>(document::Syntax::xml, openSchema);
 }
 
-std::unique_ptr<Command> makeFromJsonCommand() {
-  return std::make_unique<FromCommand>(document::Syntax::json);
+std::unique_ptr<Command> makeFromJsonCommand(OpenSchema openSchema) {
+  return std::make_unique<FromCommand>(document::Syntax::json, openSchema);
 }
 
 }  // namespace fdmorph::fdrec

@@ -40,7 +40,7 @@ bool isAboutBytes(document::DataError const& error) {
 }  // namespace
 
 FromDocuments::FromDocuments(DataInput& input, DataOptions const& data, Syntax syntax,
-                             std::string const& name, DataSchema* schema)
+                             std::string const& name, RecordSchema* schema)
     : m_input(input),
       m_data(data),
       m_syntax(syntax),
@@ -48,7 +48,7 @@ FromDocuments::FromDocuments(DataInput& input, DataOptions const& data, Syntax s
       m_names(input.set().names(), nameMatch(data, syntax)),
       m_encoder(input.set(), m_names, makeEncodeRules(data, syntax)),
       m_form(input) {
-  if (schema != nullptr) m_validation = std::make_unique<RecordValidation>(*schema, input.set());
+  if (schema != nullptr) m_validation = schema->validate(input.set());
   // A residue may take the place of bytes that views and counters depend on. A schema
   // needs the text of each record.
   if (syntax == Syntax::xml && data.residue.empty() && schema == nullptr) {

@@ -9,7 +9,7 @@
 #include "fdrec/data_input.h"
 #include "fdrec/data_run.h"
 #include "fdrec/document_rules.h"
-#include "fdrec/record_validation.h"
+#include "fdrec/record_schema.h"
 #include "fdrec/residue_file.h"
 #include "fdrec/stored_form.h"
 #include "framing/record_writer.h"
@@ -22,7 +22,7 @@ class FromDocuments {
   /// All objects must outlive this one. `name` is that of the document in messages. The
   /// records are validated against `schema`, unless it is null.
   FromDocuments(DataInput& input, DataOptions const& data, document::Syntax syntax,
-                std::string const& name, DataSchema* schema);
+                std::string const& name, RecordSchema* schema);
 
   /// Converts all records of `source`. The result is an exit status.
   [[nodiscard]] int run(framing::InputStream& source, std::string const& output);

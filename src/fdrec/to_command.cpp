@@ -1,12 +1,11 @@
 // fdrec to-xml and fdrec to-json: the records of a file as documents.
 #include <CLI/CLI.hpp>
 #include <memory>
-#include <optional>
 
 #include "fdrec/commands.h"
 #include "fdrec/data_options.h"
-#include "fdrec/data_schema.h"
 #include "fdrec/files.h"
+#include "fdrec/record_schema.h"
 #include "fdrec/to_documents.h"
 
 namespace fdmorph::fdrec {
@@ -14,7 +13,8 @@ namespace {
 
 class ToCommand : public Command {
  public:
-  explicit ToCommand(document::Syntax syntax) : m_syntax(syntax) {}
+  ToCommand(document::Syntax syntax, OpenSchema openSchema)
+      : m_syntax(syntax), m_openSchema(openSchema) {}
 
   void declare(CLI::App& app) override;
   [[nodiscard]] int run(CommonOptions const& options) override;
@@ -23,6 +23,7 @@ class ToCommand : public Command {
   [[nodiscard]] int refuseSharedOutputs(std::string const& output) const;
 
   document::Syntax m_syntax;
+  OpenSchema m_openSchema;
   std::string m_copybook;
   std::string m_path;
   DataOptions m_data;
@@ -47,9 +48,9 @@ int ToCommand::refuseSharedOutputs(std::string const& output) const {
 int ToCommand::run(CommonOptions const& options) {
   if (int status = refuseSharedInput(m_copybook, m_path); status != kClean) return status;
   if (int status = refuseSharedOutputs(options.output); status != kClean) return status;
-  std::optional<DataSchema> schema;
+  std::unique_ptr<RecordSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
-    schema.emplace(m_data);
+    schema = m_openSchema(m_data);
     if (schema->status() != kClean) return schema->status();
   }
   TreeChange adopt;
@@ -72,18 +73,17 @@ int ToCommand::run(CommonOptions const& options) {
     printReadFailure(name, *why);
     return kFailed;
   }
-  return ToDocuments(input, m_data, *programs, name, schema ? &*schema : nullptr)
-      .run(source, options.output);
+  return ToDocuments(input, m_data, *programs, name, schema.get()).run(source, options.output);
 }
 
 }  // namespace
 
-std::unique_ptr<Command> makeToXmlCommand() {
-  return std::make_unique<ToCommand>(document::Syntax::xml);
+std::unique_ptr<Command> makeToXmlCommand(OpenSchema openSchema) {
+  return std::make_unique<ToCommand>(document::Syntax::xml, openSchema);
 }
 
-std::unique_ptr<Command> makeToJsonCommand() {
-  return std::make_unique<ToCommand>(document::Syntax::json);
+std::unique_ptr<Command> makeToJsonCommand(OpenSchema openSchema) {
+  return std::make_unique<ToCommand>(document::Syntax::json, openSchema);
 }
 
 }  // namespace fdmorph::fdrec

@@ -15,9 +15,9 @@ using framing::Batch;
 
 ToDocuments::ToDocuments(DataInput const& input, DataOptions const& data,
                          document::Programs const& programs, std::string const& name,
-                         DataSchema* schema)
+                         RecordSchema* schema)
     : m_input(input), m_data(data), m_programs(programs), m_name(name) {
-  if (schema != nullptr) m_validation = std::make_unique<RecordValidation>(*schema, input.set());
+  if (schema != nullptr) m_validation = schema->validate(input.set());
 }
 
 bool ToDocuments::isXml() const {

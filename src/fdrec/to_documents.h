@@ -8,7 +8,7 @@
 #include "document/batch_decoding.h"
 #include "fdrec/data_input.h"
 #include "fdrec/data_run.h"
-#include "fdrec/record_validation.h"
+#include "fdrec/record_schema.h"
 #include "fdrec/round_trip.h"
 #include "framing/record_writer.h"
 
@@ -26,7 +26,7 @@ class ToDocuments {
   /// All objects must outlive this one. `name` is that of the data in messages. The
   /// documents are validated against `schema`, unless it is null.
   ToDocuments(DataInput const& input, DataOptions const& data, document::Programs const& programs,
-              std::string const& name, DataSchema* schema);
+              std::string const& name, RecordSchema* schema);
 
   /// Converts all records of `source`. The result is an exit status.
   [[nodiscard]] int run(framing::InputStream& source, std::string const& output);

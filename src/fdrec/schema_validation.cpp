@@ -1,4 +1,4 @@
-#include "fdrec/record_validation.h"
+#include "fdrec/schema_validation.h"
 
 #include <algorithm>
 #include <optional>
@@ -86,7 +86,7 @@ std::vector<Instance const*> elementsOf(document::Instances const& instances) {
 
 }  // namespace
 
-document::DocumentCheck RecordValidation::checkOfBytes(std::size_t thread) {
+document::DocumentCheck SchemaValidation::checkOfBytes(std::size_t thread) {
   return [this, &validator = m_schema.validator(thread)](
              std::string_view text, document::StoredRecord stored, std::uint32_t record) {
     Layout const& layout = m_set.layouts()[record];
@@ -111,7 +111,7 @@ document::DocumentCheck RecordValidation::checkOfBytes(std::size_t thread) {
   };
 }
 
-bool RecordValidation::check(document::DocumentRecord& record) {
+bool SchemaValidation::check(document::DocumentRecord& record) {
   ValidatedDocument const result =
       m_schema.validator(0).validate(record.text, document::kMaxErrorsPerRecord);
   if (result.faults.empty()) return true;
