@@ -109,8 +109,9 @@ class ValueList {
   // The result is whether the value is a text.
   bool add(Literal const& literal) {
     // Bytes x'00' at the end are no part of a text.
-    if (literal.kind == Literal::Kind::lowValue && m_type.kind == ValueKind::text)
+    if (literal.kind == Literal::Kind::lowValue && m_type.kind == ValueKind::text) {
       return addText("");
+    }
     std::optional<std::string> text = textOf(literal, m_item, m_type);
     if (!text) return false;
     if (m_type.kind == ValueKind::number) {
