@@ -32,6 +32,12 @@ def is_instrumented(program: str) -> bool:
     return b"__asan_init" in Path(program).read_bytes()
 
 
+def skip_if_instrumented() -> None:
+    """Skips a test that takes a minute with a sanitizer, unless there is time for long ones."""
+    if is_instrumented(program_under_test()) and "FDMORPH_LONG_TESTS" not in os.environ:
+        pytest.skip("takes a minute with a sanitizer")
+
+
 def environment(**additions: str) -> dict[str, str]:
     """The environment of a run, with a locale that is the same everywhere."""
     return {**os.environ, "LC_ALL": "C.UTF-8", **additions}
