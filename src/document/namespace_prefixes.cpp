@@ -3,6 +3,12 @@
 #include <algorithm>
 
 namespace fdmorph::document {
+namespace {
+
+// Namespaces in XML 1.0, 3: it has its prefix without a declaration, and no other one.
+constexpr std::string_view kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
+
+}  // namespace
 
 using record::RecordNode;
 using record::Role;
@@ -12,7 +18,7 @@ NamespacePrefixes::NamespacePrefixes(layout::Layout const& layout)
   for (RecordNode const& node : layout.tree().nodes()) {
     bool isUsed =
         node.role == Role::attribute || (node.role == Role::element && node.namespaceUri != m_own);
-    if (!isUsed || node.namespaceUri.empty()) continue;
+    if (!isUsed || node.namespaceUri.empty() || node.namespaceUri == kXmlNamespace) continue;
     if (std::ranges::find(m_prefixed, node.namespaceUri) == m_prefixed.end()) {
       m_prefixed.push_back(node.namespaceUri);
     }
@@ -26,6 +32,7 @@ NamespacePrefixes::NamespacePrefixes(layout::Layout const& layout)
 
 std::string NamespacePrefixes::prefixOf(std::string_view namespaceUri) const {
   if (namespaceUri.empty()) return {};
+  if (namespaceUri == kXmlNamespace) return "xml:";
   auto at = std::ranges::find(m_prefixed, namespaceUri);
   return 'n' + std::to_string(at - m_prefixed.begin() + 1) + ':';
 }

@@ -2,7 +2,7 @@
 //
 // The namespace of the record is the default namespace. Each other namespace, and that
 // of the record if an attribute uses it, has a prefix n1, n2, ... in the order of first
-// use in the layout.
+// use in the layout. The namespace of XML itself has the prefix xml, undeclared.
 #pragma once
 
 #include <string>

@@ -80,6 +80,16 @@ TEST(XmlDecoding, OwnNamespaceIsTheDefaultAndOthersHavePrefixes) {
             "<n1:x>1</n1:x><y>2</y></r>");
 }
 
+// Namespaces in XML 1.0, 3: no other prefix may be bound to it.
+TEST(XmlDecoding, NamespaceOfXmlHasItsOwnPrefix) {
+  Decoded record(
+      "01 R IDENTIFIED BY 'r'."
+      " 02 L PIC X IDENTIFIED BY 'lang' IS ATTRIBUTE"
+      " NAMESPACE IS 'http://www.w3.org/XML/1998/namespace'."
+      " 02 X PIC X IDENTIFIED BY 'x' NAMESPACE IS 'urn:b'.");
+  EXPECT_EQ(record.xml("12"), "<r xmlns:n1=\"urn:b\" xml:lang=\"1\"><n1:x>2</n1:x></r>");
+}
+
 TEST(XmlDecoding, ElementInNoNamespaceEndsTheDefaultAndTheWayBackBeginsItAgain) {
   Decoded record(
       "01 R IDENTIFIED BY 'r' NAMESPACE IS 'urn:a'."
