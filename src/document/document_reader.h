@@ -10,6 +10,7 @@
 
 #include "document/data_error.h"
 #include "document/instance.h"
+#include "document/record_text.h"
 
 namespace fdmorph::document {
 
@@ -33,6 +34,7 @@ struct ReaderOptions {
   bool ignoresUnknown = false;  ///< parts whose names are not in the NameNumbers are left out
   bool keepsText = false;       ///< DocumentRecord::text is wanted
   DocumentLimits limits;
+  AbsorptionRules absorption;  ///< of long records
 };
 
 /// A record of a document. Its memory is used again for the next.
@@ -42,7 +44,7 @@ struct DocumentRecord {
   std::uint64_t number = 0;  ///< from 1
   std::uint64_t line = 0;    ///< of its start tag or value, from 1
   std::uint64_t column = 0;  ///< from 1, in bytes
-  std::string text;          ///< the record on one line without its end, in UTF-8
+  RecordText text;           ///< the record on one line without its end, in UTF-8
   bool isPredicted = false;  ///< a RecordPredictor has read it; there is nothing else to it
 };
 
@@ -57,6 +59,10 @@ class DocumentReader {
   /// Reads the next record. False if there is none: at the end of the input, after an
   /// error `xml`, and when the input has failed.
   [[nodiscard]] virtual bool next(DocumentRecord& record) = 0;
+
+  /// Begins another document: the input has its bytes from now on. What the reader has
+  /// learned about names is kept, and so is its memory.
+  virtual void restart() = 0;
 
   /// Whether the input has failed.
   [[nodiscard]] virtual bool hasFailed() const = 0;

@@ -30,16 +30,34 @@ Encoder::Encoder(layout::RecordSet const& set, NameNumbers const& names, EncodeR
   }
 }
 
+void Encoder::beginRecord() {
+  m_absorbing = layout::kNone;
+  for (RecordEncoder& each : m_encoders) each.forget();
+}
+
+std::vector<std::uint32_t> Encoder::absorb(Instances& instances,
+                                           std::vector<std::uint32_t> const& open) {
+  if (m_absorbing == layout::kNone) {
+    std::vector<std::uint32_t> const candidates = candidatesOf(instances.all[0].name);
+    if (candidates.size() != 1) return {};
+    m_absorbing = candidates.front();
+    m_errors.clear();
+  }
+  return m_encoders[m_absorbing].absorb(instances, open, m_errors);
+}
+
 bool Encoder::encode(Instances const& instances, DataErrors& errors,
                      std::span<ByteRun const> runs) {
   if (instances.all.empty() || instances.all[0].isBroken) return false;
   Instance const& root = instances.all[0];
   std::vector<std::uint32_t> const candidates = candidatesOf(root.name);
-  m_errors.clear();
+  bool const isBegun = m_absorbing != layout::kNone;  // there is one candidate
+  if (!isBegun) m_errors.clear();
+  m_absorbing = layout::kNone;
   std::vector<DataError> first;
   bool isChosen = false;
   for (std::uint32_t record : candidates) {
-    m_errors.clear();
+    if (!isBegun) m_errors.clear();
     // An error of the reader may be the reason why no rule holds.
     encodeAs(record, instances, runs, errors.empty());
     bool isTested = m_set.hasRecordRules() && m_errors.isEmpty() && errors.empty();
@@ -137,7 +155,7 @@ void Encoder::finish(std::uint32_t record, std::span<ByteRun const> runs) {
       std::memcpy(m_shifted.data() + run.offset, run.bytes.data(),
                   std::min<std::uint64_t>(run.bytes.size(), size - run.offset));
     }
-    full = layout.absentBytes();
+    layout.setAbsent(full);
     static_cast<void>(spread(layout, m_set.values(), m_shifted.data(), size, full.data()));
   }
   m_result.bytes = std::span(m_shifted).first(size);
@@ -162,7 +180,7 @@ bool Encoder::holds(layout::ViewRule const& rule) {
     if (isCut) bytes.available = written.size();
   } else {
     Layout const& layout = m_set.layouts()[rule.record];
-    m_other = layout.absentBytes();
+    layout.setAbsent(m_other);
     bytes = {m_other.data(), m_other.size()};
     if (layout.shifts()) {
       bytes.available =

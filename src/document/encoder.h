@@ -20,11 +20,15 @@ struct EncodedRecord {
 };
 
 /// For one thread. The set and the names must outlive it.
-class Encoder {
+class Encoder : public PartAbsorber {
  public:
   Encoder(layout::RecordSet const& set, NameNumbers const& names, EncodeRules const& rules);
-  Encoder(Encoder const&) = delete;
-  Encoder& operator=(Encoder const&) = delete;
+
+  void beginRecord() override;
+
+  /// Nothing if the name of the record does not say which one it is.
+  [[nodiscard]] std::vector<std::uint32_t> absorb(Instances& instances,
+                                                  std::vector<std::uint32_t> const& open) override;
 
   /// Encodes one record. `errors` are those of its reader; others are added, and then
   /// they are sorted. Bytes of `runs` take the place of those of the record before its
@@ -53,6 +57,7 @@ class Encoder {
   std::vector<unsigned char> m_shifted;
   std::vector<unsigned char> m_other;  // the record as another one
   EncodedRecord m_result;
+  std::uint32_t m_absorbing = layout::kNone;  // the record whose parts were absorbed
 };
 
 }  // namespace fdmorph::document

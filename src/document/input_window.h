@@ -13,6 +13,13 @@ class InputWindow {
   /// `capacity` in bytes, at least 1.
   InputWindow(ReadBlock read, std::size_t capacity);
 
+  /// Begins again, with an input that has not ended.
+  void restart() {
+    m_begin = m_size = 0;
+    m_offset = 0;
+    m_isAtEnd = m_hasFailed = false;
+  }
+
   /// The bytes that have been read and not consumed. Valid until readMore().
   [[nodiscard]] std::string_view bytes() const { return {m_bytes.get() + m_begin, m_size}; }
 

@@ -2,6 +2,7 @@
 // the encoder uses.
 #pragma once
 
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -31,9 +32,12 @@ struct Instance {
   bool isAttribute = false;
   bool isNil = false;           ///< xsi:nil, or null in an array: an occurrence that is absent
   bool isInArray = false;       ///< JSON: a member of an array
+  bool isString = false;        ///< JSON: in quotes
   bool isEmptyArray = false;    ///< JSON: an array without members, which stands for none
   bool isBroken = false;        ///< its reader reported an error; it and its parts have no other
   bool isDropped = false;       ///< JSON: of a member that is there twice; not among its siblings
+  bool isAbsorbed = false;      ///< it is encoded, and has no parts; see PartAbsorber
+  std::uint32_t standsFor = 1;  ///< absorbed: for itself, and for those that were taken out
   std::uint64_t textBegin = 0;  ///< in Instances::texts
   std::uint64_t textSize = 0;   ///< in bytes
   std::uint64_t line = 0;       ///< of the start tag or value, from 1
@@ -64,11 +68,80 @@ struct Instances {
     return std::string_view(texts).substr(instance.textBegin, instance.textSize);
   }
 
+  /// The new numbers of parts and unknown names after some were taken out; kNoInstance
+  /// for these.
+  struct Renumbering {
+    std::vector<std::uint32_t> parts;
+    std::vector<std::uint32_t> unknownNames;
+  };
+
+  /// Takes parts out, with all that is in them. `parts` are in order, and no child of a
+  /// part that stays is linked to them.
+  Renumbering remove(std::vector<std::uint32_t> const& parts);
+
   void clear() {
     all.clear();
     texts.clear();
     unknownNames.clear();
   }
+
+ private:
+  void removeNames(std::vector<bool> const& areRemoved, Renumbering& numbers);
+};
+
+/// Encodes parts while their record is still being read, so that a record of any length
+/// takes little memory.
+class PartAbsorber {
+ public:
+  PartAbsorber() = default;
+  PartAbsorber(PartAbsorber const&) = delete;
+  PartAbsorber& operator=(PartAbsorber const&) = delete;
+  virtual ~PartAbsorber() = default;
+
+  /// The next record begins. What was absorbed of another one is forgotten.
+  virtual void beginRecord() = 0;
+
+  /// Encodes what it can of the record in `instances`. `open` are the elements that have
+  /// not ended, each in the one before. The result are the parts that are not needed any
+  /// longer, in order, and not linked.
+  [[nodiscard]] virtual std::vector<std::uint32_t> absorb(
+      Instances& instances, std::vector<std::uint32_t> const& open) = 0;
+};
+
+/// When it is worth while to absorb parts.
+struct AbsorptionRules {
+  PartAbsorber* absorber = nullptr;              ///< null: records are kept whole
+  std::size_t parts = std::size_t{1} << 15;      ///< from so many parts on,
+  std::size_t textBytes = std::size_t{1} << 21;  ///< or so much text
+};
+
+/// Says when parts are to be absorbed.
+class AbsorptionClock {
+ public:
+  explicit AbsorptionClock(AbsorptionRules const& rules) : m_rules(rules) {}
+
+  [[nodiscard]] bool isDue(Instances const& instances) const {
+    return instances.all.size() >= m_parts || instances.texts.size() >= m_text;
+  }
+
+  /// After an absorption: what is left may not be absorbable at all.
+  void set(Instances const& instances) {
+    m_parts = std::max(m_rules.parts, 2 * instances.all.size());
+    m_text = std::max(m_rules.textBytes, 2 * instances.texts.size());
+  }
+
+  /// At the beginning of a record.
+  void reset() {
+    bool const isUsed = m_rules.absorber != nullptr;
+    m_parts = isUsed ? m_rules.parts : SIZE_MAX;
+    m_text = isUsed ? m_rules.textBytes : SIZE_MAX;
+    if (isUsed) m_rules.absorber->beginRecord();
+  }
+
+ private:
+  AbsorptionRules m_rules;
+  std::size_t m_parts = SIZE_MAX;
+  std::size_t m_text = SIZE_MAX;
 };
 
 }  // namespace fdmorph::document

@@ -7,7 +7,7 @@ namespace fdmorph::document {
 
 void JsonParts::addFault(std::size_t offset, ErrorCode code, std::string_view text,
                          Target const& target, std::uint32_t part) {
-  m_faults.push_back({offset, code, text, target, part});
+  m_faults.push_back({offset, code, text, target, part, {}});
 }
 
 void JsonParts::reportMalformed(std::size_t offset, std::string_view text) {
@@ -23,14 +23,19 @@ void JsonParts::reportFaults() {
                    [](Fault const& a, Fault const& b) { return a.offset < b.offset; });
   for (Fault const& fault : m_faults) {
     if (m_record->errors.size() == kMaxErrorsPerRecord) break;
-    bool isDropped = fault.part != kNoInstance && m_record->instances.all[fault.part].isDropped;
-    if (isDropped || isInBroken(fault.target.parent)) continue;
+    if (!fault.path && isToBeLeftOut(fault)) continue;
     m_record->errors.push_back({.code = fault.code,
                                 .text = std::string(fault.text),
-                                .path = pathOf(fault.target, fault.part),
+                                .path = fault.path ? *fault.path : pathOf(fault.target, fault.part),
                                 .line = m_record->line,
                                 .column = fault.offset + 1});
   }
+}
+
+// Whether a fault is that of a part that is dropped, or in a broken one.
+bool JsonParts::isToBeLeftOut(Fault const& fault) const {
+  bool const isDropped = fault.part != kNoInstance && m_record->instances.all[fault.part].isDropped;
+  return isDropped || isInBroken(fault.target.parent);
 }
 
 // A part that is dropped or broken has one error, and what is in it has none.
@@ -70,7 +75,7 @@ std::string JsonParts::pathOf(Target const& target, std::uint32_t part) const {
         (target.name != layout::kNone ||
          m_record->instances.unknownNames[all[i].unknownName] ==
              m_record->instances.unknownNames[target.unknownName])) {
-      ++place;
+      place += all[i].standsFor;
     }
   }
   return path + '[' + std::to_string(place) + ']';

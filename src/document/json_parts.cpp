@@ -8,28 +8,39 @@ JsonParts::JsonParts(NameNumbers const& index, ReaderOptions const& options)
     : m_index(&index),
       m_options(&options),
       m_followers(index.size(), 0),
-      m_seen(2 * index.size() + 1, 0) {}
+      m_seen(2 * index.size() + 1, 0),
+      m_absorption(options.absorption) {}
 
 bool JsonParts::read(std::string_view line, std::size_t begin, DocumentRecord& record) {
-  std::size_t malformed = findMalformedUtf8(line);
+  std::size_t const malformed = findMalformedUtf8(line);
   JsonScanner scanner(line.substr(0, malformed), begin);
+  // Texts are no longer than the line. Growing would copy them.
+  record.instances.texts.reserve(line.size());
+  readWith(scanner, record);
+  return finish(scanner, malformed);
+}
+
+void JsonParts::readWith(JsonScanner& scanner, DocumentRecord& record) {
   m_scanner = &scanner;
   m_record = &record;
   m_levels.clear();
   m_members.clear();
   m_faults.clear();
-  // Texts are no longer than the line. Growing would copy them.
-  record.instances.texts.reserve(line.size());
+  m_absorption.reset();
   static_cast<void>(scanner.peek());
   record.column = scanner.offset() + 1;
   readText();
+}
+
+// Reports what is wrong. False if the line has only parts that are ignored.
+bool JsonParts::finish(JsonScanner const& scanner, std::size_t malformed) {
   if (malformed != std::string_view::npos && scanner.offset() >= malformed) {
     reportMalformed(malformed, "malformed UTF-8");
   } else if (scanner.hasFault()) {
     reportMalformed(scanner.offset(), scanner.fault());
   } else {
     reportFaults();
-    return !record.instances.all.empty() || !record.errors.empty();
+    return !m_record->instances.all.empty() || !m_record->errors.empty();
   }
   return true;
 }
@@ -52,6 +63,7 @@ void JsonParts::readText() {
 
 // What is next in the innermost object or array: its end, or a value.
 void JsonParts::readLevel() {
+  if (m_absorption.isDue(m_record->instances)) absorbParts();
   Level& level = m_levels.back();
   bool isArray = level.kind == Level::Kind::array;
   char next = m_scanner->peek();
@@ -186,6 +198,7 @@ void JsonParts::readScalar(Target const& target) {
   std::size_t offset = m_scanner->offset();
   JsonScanner::String value;
   bool isNull = false;
+  bool const isString = m_scanner->peek() == '"';
   switch (m_scanner->peek()) {
     case '"':
       value = m_scanner->readString();
@@ -228,6 +241,7 @@ void JsonParts::readScalar(Target const& target) {
     addFault(offset, ErrorCode::character, "a surrogate stands alone", target, part);
     return;
   }
+  instance.isString = isString;
   instance.textSize = value.text.size();
   instances.texts += value.text;
 }

@@ -2,11 +2,13 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "document/document_reader.h"
+#include "document/json_line.h"
 #include "document/json_scanner.h"
 #include "document/name_numbers.h"
 
@@ -22,6 +24,9 @@ class JsonParts {
   /// Reads a line from byte `begin` on into a record, which is empty but for its number
   /// and line. False if the line has only parts that are ignored.
   [[nodiscard]] bool read(std::string_view line, std::size_t begin, DocumentRecord& record);
+
+  /// The same for a line that is not in memory as a whole.
+  [[nodiscard]] bool readLong(JsonLine& line, std::size_t begin, DocumentRecord& record);
 
  private:
   /// What a value is to become. It is no part if it is ignored.
@@ -61,8 +66,15 @@ class JsonParts {
     std::string_view text;
     Target target;
     std::uint32_t part;  // to count in an array; none if the fault is of the array
+    std::optional<std::string> path = {};  // known as long as its parts are there
   };
 
+  void readWith(JsonScanner& scanner, DocumentRecord& record);
+  [[nodiscard]] bool finish(JsonScanner const& scanner, std::size_t malformed);
+  void absorbParts();
+  [[nodiscard]] bool hasRepeatedMember() const;
+  void nameFaults();
+  void renumber(Instances::Renumbering const& numbers);
   void readText();
   void readLevel();
   void readMember();
@@ -80,6 +92,7 @@ class JsonParts {
                 std::uint32_t part = kNoInstance);
   void reportMalformed(std::size_t offset, std::string_view text);
   void reportFaults();
+  [[nodiscard]] bool isToBeLeftOut(Fault const& fault) const;
   [[nodiscard]] bool isInBroken(std::uint32_t part) const;
   [[nodiscard]] std::string pathOf(Target const& target, std::uint32_t part) const;
 
@@ -95,6 +108,7 @@ class JsonParts {
   std::vector<Level> m_levels;
   std::vector<Member> m_members;  // of the open objects
   std::vector<Fault> m_faults;
+  AbsorptionClock m_absorption;
 };
 
 }  // namespace fdmorph::document

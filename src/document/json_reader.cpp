@@ -1,11 +1,13 @@
 #include "document/json_reader.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace fdmorph::document {
 namespace {
 
 constexpr std::size_t kWindowBytes = 1U << 18U;
+constexpr std::size_t kMaxWindowBytes = 1U << 20U;  // longer lines are read in pieces
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 }  // namespace
@@ -25,51 +27,69 @@ bool JsonReader::next(DocumentRecord& record) {
     if (!line || m_window.hasFailed()) return false;
     ++m_line;
     std::size_t begin = m_line == 1 && line->text.starts_with(kByteOrderMark) ? 3 : 0;
-    if (!line->isTooLong &&
-        line->text.find_first_not_of(" \t\r", begin) == std::string_view::npos) {
+    if (!line->isLong && line->text.find_first_not_of(" \t\r", begin) == std::string_view::npos) {
       continue;
     }
     record.number = m_recordCount + 1;
     record.line = m_line;
     record.column = 1;
-    if (line->isTooLong) {
-      record.errors.push_back(
-          {.code = ErrorCode::json,
-           .text = "a line of more than " + std::to_string(m_options.limits.recordBytes) + " bytes",
-           .line = m_line,
-           .column = 1});
-    } else if (!m_parts.read(line->text, begin, record)) {
-      continue;
-    }
-    if (m_options.keepsText && !line->isTooLong) record.text = line->text;
+    bool const isRead = line->isLong ? readLong(begin, record) : readShort(*line, begin, record);
+    if (m_window.hasFailed()) return false;
+    if (!isRead) continue;
     ++m_recordCount;
     return true;
   }
 }
 
+void JsonReader::restart() {
+  m_window.restart();
+  m_lineSize = 0;
+  m_line = 0;
+  m_recordCount = 0;
+}
+
+bool JsonReader::readShort(Line line, std::size_t begin, DocumentRecord& record) {
+  if (!m_parts.read(line.text, begin, record)) return false;
+  if (m_options.keepsText) record.text += line.text;
+  return true;
+}
+
+bool JsonReader::readLong(std::size_t begin, DocumentRecord& record) {
+  std::uint64_t const most = m_options.limits.recordBytes;
+  JsonLine line(m_window, most, m_options.keepsText ? &record.text : nullptr);
+  bool const isRead = m_parts.readLong(line, begin, record);
+  line.finish();
+  if (!line.isTooLong()) return isRead;
+  record.instances.clear();
+  record.errors.clear();
+  record.text.clear();
+  record.errors.push_back({.code = ErrorCode::json,
+                           .text = "a line of more than " + std::to_string(most) + " bytes",
+                           .line = m_line,
+                           .column = 1});
+  record.column = 1;
+  return true;
+}
+
 std::optional<JsonReader::Line> JsonReader::nextLine() {
   m_window.consume(m_lineSize);
   m_lineSize = 0;
-  Line line;
+  std::size_t const most = std::min<std::uint64_t>(kMaxWindowBytes, m_options.limits.recordBytes);
   std::size_t searched = 0;
   while (true) {
     std::string_view bytes = m_window.bytes();
     std::size_t end = bytes.find('\n', searched);
     bool isWhole = end != std::string_view::npos;
-    if (!isWhole && m_window.isAtEnd() && bytes.empty() && !line.isTooLong) return std::nullopt;
+    if (!isWhole && m_window.isAtEnd() && bytes.empty()) return std::nullopt;
     if (isWhole || m_window.isAtEnd()) {
       m_lineSize = isWhole ? end + 1 : bytes.size();
-      line.text = bytes.substr(0, end);
-      return line;
+      return Line{bytes.substr(0, end)};
     }
     searched = bytes.size();
     if (!m_window.isFull()) {
       static_cast<void>(m_window.readMore());
-    } else if (!m_window.grow(m_options.limits.recordBytes)) {
-      // The rest of the line is passed over.
-      line.isTooLong = true;
-      m_window.consume(bytes.size());
-      searched = 0;
+    } else if (!m_window.grow(most)) {
+      return Line{bytes, true};
     }
   }
 }

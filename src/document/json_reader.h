@@ -19,14 +19,18 @@ class JsonReader : public DocumentReader {
   JsonReader(ReadBlock read, NameNumbers const& index, ReaderOptions options);
 
   [[nodiscard]] bool next(DocumentRecord& record) override;
+  void restart() override;
   [[nodiscard]] bool hasFailed() const override { return m_window.hasFailed(); }
   [[nodiscard]] std::uint64_t bytesRead() const override { return m_window.offset(); }
 
  private:
   struct Line {
-    std::string_view text;  ///< without LF; its beginning if it is too long
-    bool isTooLong = false;
+    std::string_view text;  ///< without LF; its beginning if it is too long for the window
+    bool isLong = false;
   };
+
+  [[nodiscard]] bool readShort(Line line, std::size_t begin, DocumentRecord& record);
+  [[nodiscard]] bool readLong(std::size_t begin, DocumentRecord& record);
 
   /// The next line, valid until the one after it. Nothing at the end of the input.
   [[nodiscard]] std::optional<Line> nextLine();

@@ -28,6 +28,9 @@ constexpr std::array<bool, 256> kIsPlain = [] {
 constexpr std::string_view kLetters = "\"\\/bfnrt";
 constexpr std::string_view kCharacters = "\"\\/\b\f\n\r\t";
 
+/// The bytes of a pair of surrogates.
+constexpr std::size_t kMaxEscape = 12;
+
 void appendUnicodeEscape(std::string& out, unsigned code) {
   constexpr std::string_view kDigits = "0123456789abcdef";
   out += "\\u";
@@ -83,12 +86,39 @@ void appendJsonEscaped(std::string& out, std::string_view text) {
 }
 
 char JsonScanner::peek() {
-  while (m_at < m_text.size()) {
-    char c = m_text[m_at];
-    if (c != ' ' && c != '\t' && c != '\r' && c != '\n') return c;
-    ++m_at;
-  }
+  do {
+    while (m_at < m_text.size()) {
+      char c = m_text[m_at];
+      if (c != ' ' && c != '\t' && c != '\r' && c != '\n') return c;
+      ++m_at;
+    }
+  } while (hasMore());
   return '\0';
+}
+
+// Drops the piece up to the next byte, and takes more of the text.
+bool JsonScanner::hasMore() {
+  if (m_source == nullptr) return false;
+  std::size_t const left = m_text.size() - m_at;
+  std::optional<std::string_view> const piece = m_source->next(m_at);
+  if (!piece) return false;
+  m_text = *piece;
+  m_before += m_at;
+  m_at = 0;
+  return m_text.size() > left;
+}
+
+// Has so many bytes in the piece, as far as the text has them.
+void JsonScanner::look(std::size_t count) {
+  while (m_text.size() - m_at < count && hasMore()) continue;
+}
+
+// Has the whole of a number in the piece.
+void JsonScanner::lookAtNumber() {
+  std::size_t size = 0;
+  do {
+    size = m_text.substr(m_at).find_first_not_of("+-.0123456789Ee");
+  } while (size == std::string_view::npos && hasMore());
 }
 
 JsonScanner::String JsonScanner::readString() {
@@ -97,15 +127,20 @@ JsonScanner::String JsonScanner::readString() {
   String string;
   while (true) {
     while (m_at < m_text.size() && kIsPlain[static_cast<unsigned char>(m_text[m_at])]) ++m_at;
-    if (m_at == m_text.size()) {
+    bool const isCut = m_at == m_text.size();
+    if (isCut && m_source == nullptr) {
       fail("the line ends in a string");
       return {};
     }
-    if (m_text[m_at] != '\\') break;
+    if (!isCut && m_text[m_at] != '\\') break;
     if (!hasEscapes) m_unescaped.clear();
     hasEscapes = true;
     m_unescaped += m_text.substr(begin, m_at - begin);
-    readEscape(string.hasLoneSurrogate);
+    if (isCut) {
+      if (!hasMore()) fail("the line ends in a string");
+    } else {
+      readEscape(string.hasLoneSurrogate);
+    }
     if (m_hasFault) return {};
     begin = m_at;
   }
@@ -123,6 +158,7 @@ JsonScanner::String JsonScanner::readString() {
 }
 
 void JsonScanner::readEscape(bool& hasLoneSurrogate) {
+  if (m_source != nullptr) look(kMaxEscape);
   ++m_at;
   std::size_t letter = m_at < m_text.size() ? kLetters.find(m_text[m_at]) : std::string_view::npos;
   if (letter != std::string_view::npos) {
@@ -176,6 +212,7 @@ bool JsonScanner::readDigits() {
 }
 
 std::string_view JsonScanner::readNumber() {
+  if (m_source != nullptr) lookAtNumber();
   std::size_t begin = m_at;
   if (isAt('-')) ++m_at;
   if (isAt('0')) {
@@ -196,6 +233,7 @@ std::string_view JsonScanner::readNumber() {
 }
 
 std::string_view JsonScanner::readLiteral(std::string_view literal) {
+  if (m_source != nullptr) look(literal.size());
   for (char c : literal) {
     if (!isAt(c)) {
       fail("not a value");

@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,22 +17,37 @@ namespace fdmorph::document {
 /// as JsonScanner reads them, are escaped too.
 void appendJsonEscaped(std::string& out, std::string_view text);
 
+/// A text that comes in pieces.
+class JsonSource {
+ public:
+  JsonSource() = default;
+  JsonSource(JsonSource const&) = delete;
+  JsonSource& operator=(JsonSource const&) = delete;
+  virtual ~JsonSource() = default;
+
+  /// The piece from byte `used` of the present one on, with more text after it if there
+  /// is any. Nothing at the end of the text, or if there is no room for more.
+  [[nodiscard]] virtual std::optional<std::string_view> next(std::size_t used) = 0;
+};
+
 /// Reads tokens of a text that is valid UTF-8, which must outlive it. After a fault
 /// nothing more is to be read.
 class JsonScanner {
  public:
   struct String {
-    std::string_view text;          ///< valid until the next string is read
+    std::string_view text;          ///< valid until anything more is read
     bool hasLoneSurrogate = false;  ///< written as the 3 bytes of UTF-8's pattern
   };
 
-  JsonScanner(std::string_view text, std::size_t begin) : m_text(text), m_at(begin) {}
+  /// `text` is the whole text, or the first piece of `source`.
+  JsonScanner(std::string_view text, std::size_t begin, JsonSource* source = nullptr)
+      : m_text(text), m_at(begin), m_source(source) {}
 
   /// Passes blanks over. The next byte, or NUL at the end.
   [[nodiscard]] char peek();
 
   /// The offset of the next byte.
-  [[nodiscard]] std::size_t offset() const { return m_at; }
+  [[nodiscard]] std::size_t offset() const { return m_before + m_at; }
 
   /// Whether only blanks are left.
   [[nodiscard]] bool isAtEnd() {
@@ -62,12 +78,17 @@ class JsonScanner {
   [[nodiscard]] bool isAtDigit() const {
     return m_at < m_text.size() && m_text[m_at] >= '0' && m_text[m_at] <= '9';
   }
+  [[nodiscard]] bool hasMore();
+  void look(std::size_t count);
+  void lookAtNumber();
   [[nodiscard]] bool readDigits();
   void readEscape(bool& hasLoneSurrogate);
   [[nodiscard]] unsigned readHexadecimal();
 
   std::string_view m_text;
   std::size_t m_at;
+  JsonSource* m_source;
+  std::size_t m_before = 0;  // bytes of the text before the piece
   std::string m_unescaped;
   std::string_view m_fault;
   bool m_hasFault = false;

@@ -50,7 +50,7 @@ PredictedReader::PredictedReader(layout::RecordSet const& set, EncodeRules const
       m_layout(set.layouts()[0]),
       m_program(std::move(program)),
       m_recordEnd(m_layout.size()) {
-  if (rules.endsWithViews && !m_layout.areas().empty()) {
+  if (rules.endsWithViews && !m_layout.areas().empty() && m_layout.isSmall()) {
     // Without rules the first view of each area is taken, whatever the bytes are.
     layout::RecordBytes const absent{m_layout.absentBytes().data(), m_layout.size()};
     m_recordEnd = endOf(set, 0, absent, layout::Extent::largest);
@@ -67,6 +67,8 @@ PredictedReader::PredictedReader(layout::RecordSet const& set, EncodeRules const
 // A prediction knows neither counts nor rules, and only tables whose counters are in
 // the document, or belong to no other table and no other occurrence.
 bool PredictedReader::isPredictable() const {
+  // A long record does not fit the buffer of its reader.
+  if (!m_layout.isSmall()) return false;
   if (m_set.hasRecordRules() || m_set.rules().hasCounts) return false;
   for (std::uint32_t i = 0; i < m_layout.areas().size(); ++i) {
     layout::Area const& area = m_layout.areas()[i];
@@ -156,7 +158,7 @@ RecordPredictor::Outcome PredictedReader::read(std::string_view bytes) {
   m_at = bytes.data();
   m_end = m_at + bytes.size();
   m_failure = Outcome::Kind::declined;
-  m_full = m_layout.absentBytes();
+  m_layout.setAbsent(m_full);
   if (!run(0, m_steps.size(), m_full.data())) return {m_failure};
   m_record = std::span(m_full).first(m_recordEnd);
   if (m_layout.shifts()) {

@@ -68,6 +68,9 @@ class QualifiedNames {
     return lookUpAttribute(spelling);
   }
 
+  /// The number of spellings.
+  [[nodiscard]] std::size_t size() const { return m_spellings.size(); }
+
   /// Whether there are more names than the limits allow.
   [[nodiscard]] bool areTooMany() const { return m_areTooMany; }
 

@@ -29,15 +29,10 @@ RecordEncoder::RecordEncoder(layout::RecordSet const& set, std::uint32_t record,
       m_counts(m_layout.countSize()),
       m_counters(m_layout) {}
 
-void RecordEncoder::encode(Instances const& instances, std::span<ByteRun const> runs,
-                           EncodeErrors& errors) {
-  m_in = &instances;
-  m_runs = runs;
-  m_errors = &errors;
-  m_bytes = m_layout.absentBytes();
+void RecordEncoder::begin() {
+  m_layout.setAbsent(m_bytes);
   std::ranges::fill(m_counts, static_cast<unsigned char>(0));
   m_counters.clear();
-  m_nextSame.resize(instances.all.size());
   m_uses.clear();
   m_taken.clear();
   m_pool.clear();
@@ -46,6 +41,18 @@ void RecordEncoder::encode(Instances const& instances, std::span<ByteRun const> 
   m_undecided.clear();
   m_openCounts.assign(m_layout.areas().size(), 0);
   m_viewErrors.clear();
+  m_absorbedEnd = 0;
+  m_isBegun = true;
+}
+
+void RecordEncoder::encode(Instances const& instances, std::span<ByteRun const> runs,
+                           EncodeErrors& errors) {
+  if (!m_isBegun) begin();
+  m_isBegun = false;
+  m_in = &instances;
+  m_runs = runs;
+  m_errors = &errors;
+  m_nextSame.resize(instances.all.size());
   constexpr std::uint64_t kMaxAttempts = 1000;
   m_attemptsLeft = kMaxAttempts + 8 * instances.all.size();
   if (instances.all.empty() || instances.all[0].isNil) return;
@@ -145,12 +152,14 @@ void RecordEncoder::matchChildren(Frame& frame) {
     if (child.isNil && (m_rules.isJson ? !child.isInArray : !isArray)) continue;
     if (child.isEmptyArray && isArray) continue;
     m_nextSame[i] = kNoInstance;
-    if (use.count++ == 0) {
+    if (use.count == 0) {
       use.first = i;
     } else {
       m_nextSame[use.last] = i;
     }
     use.last = i;
+    use.count += child.standsFor;
+    if (child.isAbsorbed) use.absorbed += child.standsFor;
   }
 }
 
@@ -194,6 +203,7 @@ void RecordEncoder::encodeName(Frame const& frame, std::uint32_t number, bool is
   std::size_t const checks = m_tableChecks.size();
   std::uint32_t child = use.first;
   std::uint64_t left = use.count;
+  std::uint64_t absorbed = use.absorbed;
   std::uint32_t last = kNone;
   std::size_t lastCheck = m_tableChecks.size();
   for (std::uint32_t i = name.slots.begin; i < name.slots.end; ++i) {
@@ -210,7 +220,10 @@ void RecordEncoder::encodeName(Frame const& frame, std::uint32_t number, bool is
       std::uint32_t at = count == 0 ? frame.instance : child;
       addTableCheck(last, count, true, at);
     }
-    child = encodeSlot(frame, last, child, count);
+    std::uint64_t const done = std::min(absorbed, count);
+    if (done != 0) child = m_nextSame[child];  // it stands for them
+    child = encodeSlot(frame, last, child, done, count);
+    absorbed -= done;
     left -= count;
   }
   if (isTentative) {
@@ -249,17 +262,18 @@ bool RecordEncoder::checkArray(PlannedPart const& part, NameUse const& use) {
   return false;
 }
 
-// Encodes the occurrences of a part, and returns the child after them.
+// Encodes the occurrences of a part from `begin` on, and returns the child after them.
 std::uint32_t RecordEncoder::encodeSlot(Frame const& frame, std::uint32_t number,
-                                        std::uint32_t child, std::uint64_t count) {
+                                        std::uint32_t child, std::uint64_t begin,
+                                        std::uint64_t end) {
   Node const& node = m_layout[number];
-  for (std::uint64_t k = 0; k < count; ++k) {
+  for (std::uint64_t k = begin; k < end; ++k) {
     if (node.repeats) m_occurrence.at[node.depth] = k;
     if (!m_in->all[child].isNil) encodeOne(number, child, frame.base + k * node.size);
     child = m_nextSame[child];
   }
   if (node.repeats) m_occurrence.at[node.depth] = 0;
-  if (node.count != kNone) writeCount(number, count);
+  if (node.count != kNone) writeCount(number, end);
   return child;
 }
 
@@ -279,7 +293,8 @@ bool RecordEncoder::encodeText(std::uint32_t number, std::uint32_t instanceNumbe
   Instance const& instance = m_in->all[instanceNumber];
   std::string_view text = m_in->textOf(instance);
   unsigned char* bytes = m_bytes.data() + node.offset + base;
-  auto syntax = m_rules.isJson ? values::NumberSyntax::exponent : values::NumberSyntax::decimal;
+  auto syntax = m_rules.isJson && !instance.isString ? values::NumberSyntax::exponent
+                                                     : values::NumberSyntax::decimal;
   values::EncodeResult result = m_set.values().encode(node.format, text, bytes, syntax);
   bool hasFailed = result.error != values::ValueError::none;
   if (hasFailed) {

@@ -12,6 +12,7 @@
 // that the order of the document does not matter.
 #pragma once
 
+#include <optional>
 #include <span>
 
 #include "document/counter_states.h"
@@ -23,7 +24,7 @@ namespace fdmorph::document {
 
 struct EncodeRules {
   bool ignoresUnknown = false;  ///< elements and attributes without an item
-  bool isJson = false;          ///< shapes are checked, and numbers may have exponents
+  bool isJson = false;          ///< shapes are checked, numbers without quotes may have exponents
   bool endsWithViews = false;   ///< a record is written up to the end of its views
   bool isFilledUp = true;       ///< a record is written as long as the longest one
 };
@@ -46,6 +47,15 @@ class RecordEncoder {
   /// their place.
   void encode(Instances const& instances, std::span<ByteRun const> runs, EncodeErrors& errors);
 
+  /// Forgets what was absorbed of a record.
+  void forget() { m_isBegun = false; }
+
+  /// Encodes parts of a record that is still being read, see PartAbsorber. The next call
+  /// of encode() is for the same record.
+  [[nodiscard]] std::vector<std::uint32_t> absorb(Instances& instances,
+                                                  std::vector<std::uint32_t> const& open,
+                                                  EncodeErrors& errors);
+
   /// Adds the errors of areas whose view is not the one that the rules choose for the
   /// record, of which `available` bytes are written.
   void checkViews(std::uint64_t available, EncodeErrors& errors);
@@ -63,6 +73,7 @@ class RecordEncoder {
     std::uint32_t first = kNoInstance;
     std::uint32_t last = kNoInstance;
     std::uint64_t count = 0;
+    std::uint64_t absorbed = 0;          ///< of these, encoded already
     std::uint32_t area = layout::kNone;  ///< the area that encodes them, if it was undecided
     bool hasFailed = false;              ///< they are not looked at further
   };
@@ -108,6 +119,26 @@ class RecordEncoder {
     last,     ///< all, and those for which no view can be taken fail
   };
 
+  /// An element whose parts are absorbed while it is read.
+  struct OpenElement {
+    std::uint32_t node;
+    std::uint64_t base;  ///< as in Frame
+  };
+
+  /// An occurrence of a name.
+  struct SlotPlace {
+    std::uint32_t node;
+    std::uint64_t index;  ///< in the slot
+  };
+
+  /// The children of one name that were absorbed.
+  struct NameProgress {
+    std::uint64_t count = 0;
+    std::uint32_t last = kNoInstance;  ///< that stands for others
+    bool isBeyond = false;             ///< it has no place in the record
+    bool isBlocked = false;            ///< no more can be absorbed
+  };
+
   /// What is undone if a view is not the one.
   struct Mark {
     std::size_t errors;
@@ -124,7 +155,26 @@ class RecordEncoder {
   static constexpr std::uint32_t kFailed = layout::kNone - 1;
   static constexpr std::uint32_t kOpen = layout::kNone - 2;
 
+  // Absorption: record_absorption.cpp
+  void findAbsorbable();
+  static void dropText(Instances& instances, Instance& part);
+  std::optional<OpenElement> absorbChildren(Instances& instances, OpenElement element,
+                                            std::uint32_t number, std::uint32_t open,
+                                            std::vector<std::uint32_t>& removed);
+  bool absorbChild(Instances& instances, OpenElement element, std::uint32_t number,
+                   std::vector<NameProgress>& names, std::uint32_t& guess,
+                   std::vector<std::uint32_t>& removed);
+  void absorbOne(OpenElement element, SlotPlace place, std::uint32_t number);
+  void settleTables(std::size_t first, std::uint32_t item);
+  [[nodiscard]] std::uint32_t nameOf(OpenElement element, Instance const& child,
+                                     std::uint32_t guess) const;
+  [[nodiscard]] bool isAbsorbable(OpenElement element, std::uint32_t name,
+                                  Instance const& child) const;
+  [[nodiscard]] std::optional<SlotPlace> slotOf(OpenElement element, std::uint32_t name,
+                                                std::uint64_t count) const;
+
   // Elements: record_encoder.cpp
+  void begin();
   void encodeOne(std::uint32_t node, std::uint32_t number, std::uint64_t base);
   void encodeElement(std::uint32_t node, std::uint32_t number, std::uint64_t base);
   bool checkShape(std::uint32_t node, Instance const& instance);
@@ -134,7 +184,7 @@ class RecordEncoder {
   void encodeName(Frame const& frame, std::uint32_t name, bool isTentative);
   bool checkArray(PlannedPart const& part, NameUse const& use);
   std::uint32_t encodeSlot(Frame const& frame, std::uint32_t node, std::uint32_t child,
-                           std::uint64_t count);
+                           std::uint64_t begin, std::uint64_t end);
   void encodeTexts(Frame const& frame, Range texts);
   bool encodeText(std::uint32_t node, std::uint32_t number, std::uint64_t base);
   void finishItems(Frame const& frame, bool hasViews, bool hasOthers);
@@ -221,6 +271,9 @@ class RecordEncoder {
   unsigned m_attempts = 0;  // that are under way, one in the other
   std::uint64_t m_attemptsLeft = 0;
   bool m_hasTextFailed = false;
+  bool m_isBegun = false;            // parts of the record were absorbed
+  std::uint64_t m_absorbedEnd = 0;   // see endOfTexts
+  std::vector<bool> m_isAbsorbable;  // by name in the plan
 };
 
 }  // namespace fdmorph::document

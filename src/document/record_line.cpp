@@ -5,7 +5,8 @@
 namespace fdmorph::document {
 namespace {
 
-void appendEscaped(std::string& out, std::string_view text, bool isAttribute) {
+template <typename Text>
+void appendEscaped(Text& out, std::string_view text, bool isAttribute) {
   for (char c : text) {
     switch (c) {
       case '&':
@@ -43,7 +44,8 @@ void appendEscaped(std::string& out, std::string_view text, bool isAttribute) {
   }
 }
 
-void appendAttribute(std::string& out, std::string_view name, std::string_view value) {
+template <typename Text>
+void appendAttribute(Text& out, std::string_view name, std::string_view value) {
   out += ' ';
   out += name;
   out += "=\"";
@@ -53,7 +55,7 @@ void appendAttribute(std::string& out, std::string_view name, std::string_view v
 
 }  // namespace
 
-void RecordLine::begin(std::string& out, NamespaceScopes const& scopes, std::size_t outerDepth) {
+void RecordLine::begin(RecordText& out, NamespaceScopes const& scopes, std::size_t outerDepth) {
   m_out = &out;
   m_scopes = &scopes;
   m_outerDepth = outerDepth;
@@ -73,7 +75,7 @@ void RecordLine::startTag(std::string_view name, char const* const* attributes) 
   closeTag();
   *m_out += '<';
   *m_out += name;
-  if (m_declarationsAt == 0) m_declarationsAt = m_out->size();
+  if (m_declarationsAt == 0) m_declarationsAt = m_out->memory().size();
   for (; *attributes != nullptr; attributes += 2) {
     appendAttribute(*m_out, attributes[0], attributes[1]);
   }

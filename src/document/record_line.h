@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "document/namespace_scopes.h"
+#include "document/record_text.h"
 
 namespace fdmorph::document {
 
@@ -17,7 +18,7 @@ class RecordLine {
  public:
   /// Writes to `out` from now on. `outerDepth` is the depth of the scopes around the
   /// record.
-  void begin(std::string& out, NamespaceScopes const& scopes, std::size_t outerDepth);
+  void begin(RecordText& out, NamespaceScopes const& scopes, std::size_t outerDepth);
 
   /// A start tag. `attributes` are names and values, up to a null pointer. `prefixes`
   /// are those of the tag and of its attributes, looked up after its declarations.
@@ -26,13 +27,18 @@ class RecordLine {
   void endTag(std::string_view name);
   void text(std::string_view text);
 
+  /// Has a long text moved to a file. To be called between tags.
+  void spill() {
+    if (m_out->memory().size() > RecordText::kLong) m_out->spill(m_declarationsAt);
+  }
+
   /// After the end tag of the record.
   void finish();
 
  private:
   void closeTag();
 
-  std::string* m_out = nullptr;
+  RecordText* m_out = nullptr;
   NamespaceScopes const* m_scopes = nullptr;
   std::size_t m_outerDepth = 0;
   std::size_t m_declarationsAt = 0;  // after the name of the record

@@ -52,7 +52,7 @@ bool RecordPreparation::holds(layout::ViewRule const& rule, StoredRecord const& 
   Layout const& tested = m_set.layouts()[rule.record];
   layout::RecordBytes bytes{data.data(), data.size()};
   if (tested.shifts()) {
-    m_full = tested.absentBytes();
+    tested.setAbsent(m_full);
     bytes = {m_full.data(),
              layout::spread(tested, m_values, data.data(), data.size(), m_full.data()).available};
   }
@@ -115,7 +115,7 @@ bool RecordPreparation::lookAtShort(StoredRecord stored) {
     m_result.bytes.bytes = filledUp(stored.bytes, *m_layout).data();
     return true;
   }
-  m_full = m_layout->absentBytes();
+  m_layout->setAbsent(m_full);
   std::ranges::copy(stored.bytes, m_full.begin());
   m_result.bytes = {m_full.data(), stored.bytes.size()};
   if (m_lengths.padsShort) return true;
@@ -128,7 +128,7 @@ bool RecordPreparation::lookAtShort(StoredRecord stored) {
 }
 
 bool RecordPreparation::lookAtShifted(StoredRecord stored) {
-  m_full = m_layout->absentBytes();
+  m_layout->setAbsent(m_full);
   std::span<unsigned char const> data = filledUp(stored.bytes, *m_layout);
   layout::SpreadRecord spread =
       layout::spread(*m_layout, m_values, data.data(), data.size(), m_full.data());

@@ -327,7 +327,7 @@ void RecordEncoder::checkArea(AreaCheck const& check, std::uint32_t number, std:
 }
 
 std::uint64_t RecordEncoder::endOfTexts() const {
-  std::uint64_t end = 0;
+  std::uint64_t end = m_absorbedEnd;
   for (AreaCheck const& check : m_areaChecks) {
     if (!m_plan.areas[check.area].hasRules) end = std::max(end, check.end);
   }

@@ -29,8 +29,8 @@ XmlHandlers::XmlHandlers(NameNumbers const& index, LineIndex& lines, ReaderOptio
     : m_lines(&lines),
       m_options(&options),
       m_isRecord(index.size(), 0),
-      m_names(index, m_scopes,
-              {options.limits.names + 4 * index.size(), options.limits.nameBytes}) {
+      m_names(index, m_scopes, {options.limits.names + 4 * index.size(), options.limits.nameBytes}),
+      m_absorption(options.absorption) {
   for (std::uint32_t record : options.records) m_isRecord[record] = 1;
 }
 
@@ -48,6 +48,17 @@ void XmlHandlers::attach(XML_Parser parser, bool isWrapped) {
     XML_SetXmlDeclHandler(parser, onDeclaration);
     XML_SetDefaultHandler(parser, onOther);  // until the root
   }
+}
+
+void XmlHandlers::restart() {
+  while (isInNamespaces()) m_scopes.leave();
+  m_open.clear();
+  m_shift = 0;
+  m_recordCount = 0;
+  m_recordDepth = 0;
+  m_failure.reset();
+  m_encoding.clear();
+  m_hasDeclaration = m_isInRecord = m_isRecordDone = false;
 }
 
 void XMLCALL XmlHandlers::onStart(void* self, char const* name, char const** attributes) {
@@ -191,6 +202,7 @@ void XmlHandlers::beginRecord(QualifiedNames::Spelling const& spelling, bool isK
   m_place = m_lines->at(m_recordOffset);
   countRecord(m_place);
   m_texts.begin(m_record->instances);
+  m_absorption.reset();
   if (m_options->keepsText) {
     m_recordLine.begin(m_record->text, m_scopes, m_scopes.depth() - (declares ? 1 : 0));
   }
@@ -288,13 +300,41 @@ void XmlHandlers::endTag(char const* name) {
   m_open.pop_back();
   if (open.declares) m_scopes.leave();
   if (!m_isInRecord) return;
-  if (m_options->keepsText) m_recordLine.endTag(name);
+  if (m_options->keepsText) {
+    m_recordLine.endTag(name);
+    if (m_options->absorption.absorber != nullptr) m_recordLine.spill();
+  }
   if (open.pieces != 0) m_texts.join(open.part, open.pieces);
-  if (m_open.size() != m_recordDepth) return;
+  if (m_open.size() != m_recordDepth) {
+    if (m_absorption.isDue(m_record->instances)) absorbParts();
+    return;
+  }
   if (m_options->keepsText) m_recordLine.finish();
   m_isInRecord = false;
   m_isRecordDone = true;
   XML_StopParser(m_parser, m_open.empty() ? XML_FALSE : XML_TRUE);
+}
+
+void XmlHandlers::absorbParts() {
+  Instances& instances = m_record->instances;
+  if (instances.all.empty()) return;
+  std::vector<std::uint32_t> open;
+  for (std::size_t i = m_recordDepth; i < m_open.size(); ++i) {
+    if (m_open[i].part == kNoInstance) break;
+    open.push_back(m_open[i].part);
+  }
+  // The pieces of inner elements stand behind those of outer ones.
+  for (std::size_t i = m_open.size(); i-- > m_recordDepth;) {
+    if (m_open[i].pieces != 0) m_texts.join(m_open[i].part, m_open[i].pieces);
+    m_open[i].pieces = 0;
+  }
+  std::vector<std::uint32_t> const removed =
+      m_options->absorption.absorber->absorb(instances, open);
+  Instances::Renumbering const numbers = instances.remove(removed);
+  for (Open& each : m_open) {
+    if (each.part != kNoInstance) each.part = numbers.parts[each.part];
+  }
+  m_absorption.set(instances);
 }
 
 void XmlHandlers::text(std::string_view text) {

@@ -38,6 +38,11 @@ class XmlHandlers {
   /// is not in the document, and no other text than elements may be in it.
   void attach(XML_Parser parser, bool isWrapped);
 
+  /// Begins another document, with the names that are known. Not if they are many, since
+  /// their number is limited.
+  void restart();
+  [[nodiscard]] bool canRestart() const { return m_names.size() <= kManyNames; }
+
   /// What the parser's offsets are less than those of the input.
   void setShift(std::int64_t shift) { m_shift = shift; }
 
@@ -73,6 +78,8 @@ class XmlHandlers {
   }
 
  private:
+  static constexpr std::size_t kManyNames = 10'000;
+
   struct Open {
     std::uint32_t part;        // kNoInstance: it is left out
     std::uint32_t pieces = 0;  // of its text, see PartTexts
@@ -101,6 +108,7 @@ class XmlHandlers {
   void failName(QualifiedNames::Spelling const& spelling);
   void failLimit();
   [[nodiscard]] std::uint32_t addPart(std::uint32_t name, std::uint32_t parent);
+  void absorbParts();
   void nameUnknown(std::uint32_t part, char const* mark, std::string_view local);
 
   LineIndex* m_lines;
@@ -109,6 +117,7 @@ class XmlHandlers {
   NamespaceScopes m_scopes;
   QualifiedNames m_names;
   PartTexts m_texts;
+  AbsorptionClock m_absorption;
   RecordLine m_recordLine;
   XML_Parser m_parser = nullptr;
   std::int64_t m_shift = 0;

@@ -55,7 +55,8 @@ void XmlReader::FreeParser::operator()(XML_ParserStruct* parser) const {
 
 XmlReader::XmlReader(ReadBlock read, NameNumbers const& index, ReaderOptions options,
                      RecordPredictor* predictor)
-    : m_options(std::move(options)),
+    : m_index(index),
+      m_options(std::move(options)),
       m_predictor(predictor),
       m_window(std::move(read), kWindowBytes),
       m_parser(XML_ParserCreate(nullptr)),
@@ -69,17 +70,29 @@ bool XmlReader::next(DocumentRecord& record) {
   record.text.clear();
   record.isPredicted = false;
   m_handlers->setRecord(record);
-  while (!m_hasEnded) {
+  while (!m_state.hasEnded) {
     Step result = step(record);
     if (result == Step::record) return true;
-    if (result == Step::end) m_hasEnded = true;
+    if (result == Step::end) m_state.hasEnded = true;
   }
   return false;
 }
 
+void XmlReader::restart() {
+  m_state = {};
+  m_window.restart();
+  m_lines = {};
+  XML_ParserReset(m_parser.get(), nullptr);
+  if (m_handlers->canRestart()) {
+    m_handlers->restart();
+  } else {
+    m_handlers = std::make_unique<XmlHandlers>(m_index, m_lines, m_options);
+  }
+}
+
 bool XmlReader::readMore() {
   std::string_view bytes = m_window.readMore();
-  if (m_hasBegun) m_lines.add(bytes);
+  if (m_state.hasBegun) m_lines.add(bytes);
   return !bytes.empty();
 }
 
@@ -87,39 +100,39 @@ bool XmlReader::readMore() {
 void XmlReader::begin() {
   while (m_window.bytes().size() < 4 && readMore()) {
   }
-  m_hasBegun = true;
-  m_unit = unitOf(m_window.bytes());
-  m_lines.setUnit(m_unit);
+  m_state.hasBegun = true;
+  m_state.unit = unitOf(m_window.bytes());
+  m_lines.setUnit(m_state.unit);
   m_lines.add(m_window.bytes());
   m_handlers->attach(m_parser.get(), false);
 }
 
 // The rest of the input goes into an element of ours, in the encoding of the document.
 void XmlReader::beginWrapped() {
-  m_isWrapped = true;
-  m_isRootDone = false;
-  m_pending = 0;
-  std::string encoding = m_unit == LineIndex::Unit::utf16Big      ? "UTF-16BE"
-                         : m_unit == LineIndex::Unit::utf16Little ? "UTF-16LE"
-                         : m_handlers->encoding().empty()         ? "UTF-8"
-                                                                  : m_handlers->encoding();
+  m_state.isWrapped = true;
+  m_state.isRootDone = false;
+  m_state.pending = 0;
+  std::string encoding = m_state.unit == LineIndex::Unit::utf16Big      ? "UTF-16BE"
+                         : m_state.unit == LineIndex::Unit::utf16Little ? "UTF-16LE"
+                         : m_handlers->encoding().empty()               ? "UTF-8"
+                                                                        : m_handlers->encoding();
   XML_ParserReset(m_parser.get(), encoding.c_str());
   m_handlers->attach(m_parser.get(), true);
-  std::string wrapper = spelledIn(m_unit, "<_>");
-  m_shift =
+  std::string wrapper = spelledIn(m_state.unit, "<_>");
+  m_state.shift =
       static_cast<std::int64_t>(m_window.offset()) - static_cast<std::int64_t>(wrapper.size());
-  m_handlers->setShift(m_shift);
+  m_handlers->setShift(m_state.shift);
   XML_Parse(m_parser.get(), wrapper.data(), static_cast<int>(wrapper.size()), XML_FALSE);
 }
 
 XmlReader::Step XmlReader::step(DocumentRecord& record) {
-  if (!m_hasBegun) begin();
-  if (m_isSuspended) {
-    m_isSuspended = false;
+  if (!m_state.hasBegun) begin();
+  if (m_state.isSuspended) {
+    m_state.isSuspended = false;
     return afterParsing(XML_ResumeParser(m_parser.get()), record);
   }
-  if (m_isFinal) return Step::end;
-  if (m_isRootDone) beginWrapped();
+  if (m_state.isFinal) return Step::end;
+  if (m_state.isRootDone) beginWrapped();
   if (m_window.bytes().empty() && !readMore()) return finish(record);
   if (canPredict()) return predict(record);
   return feed(record);
@@ -127,12 +140,12 @@ XmlReader::Step XmlReader::step(DocumentRecord& record) {
 
 XmlReader::Step XmlReader::feed(DocumentRecord& record) {
   std::size_t size = sliceSize();
-  if (m_pause != 0) --m_pause;
+  if (m_state.pause != 0) --m_state.pause;
   std::uint64_t begin = m_window.offset();
   int status =
       XML_Parse(m_parser.get(), m_window.bytes().data(), static_cast<int>(size), XML_FALSE);
   if (m_handlers->isRecordDone() && m_handlers->depth() == 0) {
-    m_isRootDone = true;
+    m_state.isRootDone = true;
     size = m_handlers->offset() +
            static_cast<std::size_t>(XML_GetCurrentByteCount(m_parser.get())) - begin;
   }
@@ -142,7 +155,7 @@ XmlReader::Step XmlReader::feed(DocumentRecord& record) {
 
 XmlReader::Step XmlReader::finish(DocumentRecord& record) {
   if (m_window.hasFailed()) return Step::end;
-  m_isFinal = true;
+  m_state.isFinal = true;
   return afterParsing(XML_Parse(m_parser.get(), "", 0, XML_TRUE), record);
 }
 
@@ -150,13 +163,13 @@ XmlReader::Step XmlReader::afterParsing(int status, DocumentRecord& record) {
   if (m_handlers->failure()) {
     return fail(m_handlers->failure()->text, m_handlers->failure()->offset, record);
   }
-  m_isSuspended = status == XML_STATUS_SUSPENDED;
+  m_state.isSuspended = status == XML_STATUS_SUSPENDED;
   if (m_handlers->isRecordDone()) return Step::record;
   if (status == XML_STATUS_ERROR) {
     XML_Error error = XML_GetErrorCode(m_parser.get());
-    bool isOutside = m_handlers->depth() == (m_isWrapped ? 1 : 0);
-    if (m_isFinal && error == XML_ERROR_NO_ELEMENTS && isOutside &&
-        (m_isWrapped || !m_handlers->hasDeclaration())) {
+    bool isOutside = m_handlers->depth() == (m_state.isWrapped ? 1 : 0);
+    if (m_state.isFinal && error == XML_ERROR_NO_ELEMENTS && isOutside &&
+        (m_state.isWrapped || !m_handlers->hasDeclaration())) {
       return Step::end;
     }
     return fail(error == XML_ERROR_NO_ELEMENTS && !isOutside ? "an element is not closed"
@@ -164,8 +177,8 @@ XmlReader::Step XmlReader::afterParsing(int status, DocumentRecord& record) {
                 m_handlers->offset(), record);
   }
   std::uint64_t offset = m_handlers->offset();
-  m_pending = m_window.offset() - std::min(offset, m_window.offset());
-  if (m_pending > m_options.limits.markupBytes) {
+  m_state.pending = m_window.offset() - std::min(offset, m_window.offset());
+  if (m_state.pending > m_options.limits.markupBytes) {
     return fail("a tag, comment or processing instruction of more than " +
                     std::to_string(m_options.limits.markupBytes) + " bytes",
                 offset, record);
@@ -188,15 +201,15 @@ XmlReader::Step XmlReader::fail(std::string text, std::uint64_t offset, Document
                            .text = std::move(text),
                            .line = place.line,
                            .column = place.column});
-  m_hasEnded = true;
+  m_state.hasEnded = true;
   return Step::record;
 }
 
 bool XmlReader::canPredict() const {
-  return m_predictor != nullptr && m_pause == 0 && m_pending == 0 && m_handlers->depth() == 1 &&
-         !m_handlers->isInRecord() && !m_handlers->isInNamespaces() &&
-         m_unit == LineIndex::Unit::byte && isUtf8Name(m_handlers->encoding()) &&
-         m_declinedAt != m_window.offset();
+  return m_predictor != nullptr && m_state.pause == 0 && m_state.pending == 0 &&
+         m_handlers->depth() == 1 && !m_handlers->isInRecord() && !m_handlers->isInNamespaces() &&
+         m_state.unit == LineIndex::Unit::byte && isUtf8Name(m_handlers->encoding()) &&
+         m_state.declinedAt != m_window.offset();
 }
 
 // The parser is in the root and has no bytes left.
@@ -204,8 +217,8 @@ XmlReader::Step XmlReader::predict(DocumentRecord& record) {
   std::string_view bytes = m_window.bytes();
   std::size_t blanks = std::min(bytes.find_first_not_of(" \t\r\n"), bytes.size());
   m_window.consume(blanks);
-  m_shift += static_cast<std::int64_t>(blanks);
-  m_handlers->setShift(m_shift);
+  m_state.shift += static_cast<std::int64_t>(blanks);
+  m_handlers->setShift(m_state.shift);
   bytes = m_window.bytes();
   if (bytes.empty()) return Step::more;
   if (bytes.size() == 1 && bytes[0] == '<' && readMore()) return Step::more;
@@ -215,20 +228,20 @@ XmlReader::Step XmlReader::predict(DocumentRecord& record) {
   using Kind = RecordPredictor::Outcome::Kind;
   if (outcome.kind == Kind::incomplete && !m_window.isFull() && readMore()) return Step::more;
   if (outcome.kind != Kind::taken) {
-    m_declinedAt = m_window.offset();
-    if (++m_declined >= kMaxDeclined) {
-      m_declined = 0;
-      m_pause = m_nextPause;
-      m_nextPause = std::min(m_nextPause * 2, kMaxPause);
+    m_state.declinedAt = m_window.offset();
+    if (++m_state.declined >= kMaxDeclined) {
+      m_state.declined = 0;
+      m_state.pause = m_state.nextPause;
+      m_state.nextPause = std::min(m_state.nextPause * 2, kMaxPause);
     }
     return feed(record);
   }
   m_handlers->countRecord(m_lines.at(m_window.offset()));
   m_window.consume(outcome.size);
-  m_shift += static_cast<std::int64_t>(outcome.size);
-  m_handlers->setShift(m_shift);
-  m_declined = 0;
-  m_nextPause = 1;
+  m_state.shift += static_cast<std::int64_t>(outcome.size);
+  m_handlers->setShift(m_state.shift);
+  m_state.declined = 0;
+  m_state.nextPause = 1;
   record.isPredicted = true;
   return Step::record;
 }
@@ -236,8 +249,10 @@ XmlReader::Step XmlReader::predict(DocumentRecord& record) {
 // With a predictor, the parser gets no byte after the end of a record.
 std::size_t XmlReader::sliceSize() const {
   std::string_view bytes = m_window.bytes();
-  std::size_t most = m_pending > kSliceBytes ? bytes.size() : std::min(bytes.size(), kSliceBytes);
-  if (m_predictor == nullptr || m_pause != 0 || m_unit != LineIndex::Unit::byte) return most;
+  std::size_t most =
+      m_state.pending > kSliceBytes ? bytes.size() : std::min(bytes.size(), kSliceBytes);
+  if (m_predictor == nullptr || m_state.pause != 0 || m_state.unit != LineIndex::Unit::byte)
+    return most;
   std::string end = ">";
   if (m_handlers->isInRecord()) {
     end = "</" + m_handlers->recordName() + ">";

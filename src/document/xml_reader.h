@@ -31,6 +31,7 @@ class XmlReader : public DocumentReader {
   ~XmlReader() override;
 
   [[nodiscard]] bool next(DocumentRecord& record) override;
+  void restart() override;
   [[nodiscard]] bool hasFailed() const override { return m_window.hasFailed(); }
   [[nodiscard]] std::uint64_t bytesRead() const override { return m_window.offset(); }
 
@@ -52,25 +53,31 @@ class XmlReader : public DocumentReader {
   void begin();
   void beginWrapped();
 
+  /// What is so at the beginning of a document.
+  struct State {
+    LineIndex::Unit unit = LineIndex::Unit::byte;
+    std::int64_t shift = 0;                 // see XmlHandlers::setShift
+    std::uint64_t pending = 0;              // bytes that the parser keeps
+    std::uint64_t declinedAt = UINT64_MAX;  // offset of the record that goes to the parser
+    std::size_t declined = 0;               // records, one after another
+    std::size_t pause = 0;                  // slices that go to the parser unasked
+    std::size_t nextPause = 1;
+    bool hasBegun = false;
+    bool isWrapped = false;
+    bool isRootDone = false;  // it was a record
+    bool isSuspended = false;
+    bool isFinal = false;  // the parser knows that there is no more
+    bool hasEnded = false;
+  };
+
+  NameNumbers const& m_index;
   ReaderOptions m_options;
   RecordPredictor* m_predictor;
   InputWindow m_window;
   LineIndex m_lines;
   std::unique_ptr<XML_ParserStruct, FreeParser> m_parser;
   std::unique_ptr<XmlHandlers> m_handlers;
-  LineIndex::Unit m_unit = LineIndex::Unit::byte;
-  std::int64_t m_shift = 0;                 // see XmlHandlers::setShift
-  std::uint64_t m_pending = 0;              // bytes that the parser keeps
-  std::uint64_t m_declinedAt = UINT64_MAX;  // offset of the record that goes to the parser
-  std::size_t m_declined = 0;               // records, one after another
-  std::size_t m_pause = 0;                  // slices that go to the parser unasked
-  std::size_t m_nextPause = 1;
-  bool m_hasBegun = false;
-  bool m_isWrapped = false;
-  bool m_isRootDone = false;  // it was a record
-  bool m_isSuspended = false;
-  bool m_isFinal = false;  // the parser knows that there is no more
-  bool m_hasEnded = false;
+  State m_state;
 };
 
 }  // namespace fdmorph::document

@@ -60,6 +60,11 @@ FromDocuments::FromDocuments(DataInput& input, DataOptions const& data, Syntax s
 std::unique_ptr<document::DocumentReader> FromDocuments::makeReader(framing::InputStream& source) {
   document::ReaderOptions options = makeReaderOptions(m_input.set(), m_names, m_data);
   options.keepsText = !m_data.rejects.empty() || m_validation != nullptr;
+  // What is left of a record is not enough to find the places of what a validator says,
+  // or to encode it a second time, see runsOfData.
+  bool const isEncodedTwice = !m_data.residue.empty() && m_input.set().rules().hasCounts;
+  bool const isNeededWhole = m_validation != nullptr || isEncodedTwice;
+  if (!isNeededWhole) options.absorption.absorber = &m_encoder;
   auto read = [&source](std::span<char> buffer) -> std::optional<std::size_t> {
     std::size_t size = source.read(buffer.data(), buffer.size());
     if (source.failure()) return std::nullopt;
@@ -109,14 +114,16 @@ void FromDocuments::convert(document::DocumentReader& reader) {
   while (reader.next(record)) {
     bool isSkipped = record.number <= framing.skip && !endsTheRun(record);
     if (isSkipped) continue;
-    if (framing.limit && record.number > framing.skip + *framing.limit) return;
+    // A record that is not skipped has a number above framing.skip, unless the run ends.
+    std::uint64_t const ordinal = record.number - std::min(record.number, framing.skip);
+    if (framing.limit && ordinal > *framing.limit) return;
     m_counts->addRecords(1);
     if (!take(record) || m_output.failure()) {
       m_endsEarly = true;
       return;
     }
     if (m_progress) m_progress->update(reader.bytesRead(), m_counts->records());
-    if (framing.limit && record.number == framing.skip + *framing.limit) return;
+    if (framing.limit && ordinal == *framing.limit) return;
   }
 }
 
@@ -180,8 +187,8 @@ bool FromDocuments::fail(DocumentRecord const& record) {
   for (document::DataError const& error : record.errors) {
     lines += document::documentErrorLine(m_name, record.number, error);
   }
-  if (!m_data.rejects.empty() && !record.text.empty()) {
-    m_rejects.write(record.text);
+  if (!m_data.rejects.empty() && !record.text.isEmpty()) {
+    record.text.write([this](std::string_view text) { m_rejects.write(text); });
     m_rejects.write("\n");
   }
   return m_counts->addFailed(lines) && !endsTheRun(record);

@@ -113,7 +113,7 @@ document::DocumentCheck SchemaValidation::checkOfBytes(std::size_t thread) {
 
 bool SchemaValidation::check(document::DocumentRecord& record) {
   ValidatedDocument const result =
-      m_schema.validator(0).validate(record.text, document::kMaxErrorsPerRecord);
+      m_schema.validator(0).validate(record.text.memory(), document::kMaxErrorsPerRecord);
   if (result.faults.empty()) return true;
   // Parts that were left out have no places.
   std::vector<Instance const*> const elements = elementsOf(record.instances);

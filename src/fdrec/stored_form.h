@@ -17,7 +17,8 @@ class StoredForm {
   explicit StoredForm(DataInput const& input) : m_input(input) {}
 
   /// The data of a record without a descriptor or line end. `residue` takes the place of
-  /// what the document gave. Valid until the next call.
+  /// what the document gave. Valid until the next call, and as
+  /// long as the bytes of `record` are.
   [[nodiscard]] std::string_view assemble(document::EncodedRecord const& record,
                                           document::Residue const& residue = {});
 

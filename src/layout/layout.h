@@ -15,6 +15,7 @@
 #include <string>
 #include <vector>
 
+#include "layout/absent_image.h"
 #include "layout/names.h"
 #include "record/count_record.h"
 #include "record/record_tree.h"
@@ -117,8 +118,22 @@ class Layout {
   /// The length of the count record in bytes; 0 without one.
   [[nodiscard]] std::uint64_t countSize() const { return m_countSize; }
 
-  /// What reading puts where the document has nothing: a record of all occurrences.
+  /// Makes `bytes` what reading puts where the document has nothing: a record of all
+  /// occurrences.
+  void setAbsent(std::vector<unsigned char>& bytes) const {
+    if (isSmall()) {
+      bytes = m_absent;
+    } else {
+      bytes.resize(size());
+      m_absentImage.write(bytes.data());
+    }
+  }
+
+  /// The same bytes, of a record that isSmall().
   [[nodiscard]] std::vector<unsigned char> const& absentBytes() const { return m_absent; }
+
+  /// Whether a few copies of the record do not matter for the memory.
+  [[nodiscard]] bool isSmall() const { return size() <= kSmallRecord; }
 
   /// Whether tables take only what their counters say, and there are such tables.
   [[nodiscard]] bool shifts() const { return m_shifts; }
@@ -129,12 +144,15 @@ class Layout {
  private:
   friend class LayoutBuilder;
 
+  static constexpr std::uint64_t kSmallRecord = std::uint64_t{1} << 20;  // bytes
+
   record::RecordTree const* m_tree;
   std::vector<Node> m_nodes;
   std::vector<Counter> m_counters;
   std::vector<Area> m_areas;
   std::vector<CountPlace> m_counts;
-  std::vector<unsigned char> m_absent;
+  std::vector<unsigned char> m_absent;  // of a small record
+  AbsentImage m_absentImage;            // of another one
   std::uint64_t m_countSize = 0;
   bool m_shifts = false;
   bool m_variesInSize = false;

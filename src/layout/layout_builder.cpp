@@ -55,8 +55,15 @@ void LayoutBuilder::build() {
     checkCountedSlots();
   }
   if (m_diagnostics.hasErrors()) return;
-  m_layout.m_absent.assign(m_layout.size(), 0);
-  fillAbsent(0, m_layout.m_absent.data());
+  AbsentImage image;
+  image.fill(0, m_layout.size(), 0);
+  fillAbsent(0, 0, image);
+  if (m_layout.isSmall()) {
+    m_layout.m_absent.assign(m_layout.size(), 0);
+    image.write(m_layout.m_absent.data());
+  } else {
+    m_layout.m_absentImage = std::move(image);
+  }
 }
 
 void LayoutBuilder::report(std::uint32_t node, std::string text) {
@@ -266,19 +273,20 @@ void LayoutBuilder::checkCountedSlots() {
 
 // The bytes of one absent occurrence of an item. The recursion is bounded by the number
 // of levels.
-void LayoutBuilder::fillAbsent(std::uint32_t node, unsigned char* bytes) {
+void LayoutBuilder::fillAbsent(std::uint32_t node, std::uint64_t offset, AbsentImage& image) {
   DataItem const& item = *m_layout.item(node).item;
-  bool const isText = item.isGroup() && values::hasInitialValue(item);
-  if (item.isGroup() && !isText) {
-    fillItems(node, bytes);
-  } else {
-    values::writeAbsent(m_literals, item, m_layout.m_nodes[node].format, bytes);
+  if (item.isGroup() && !values::hasInitialValue(item)) {
+    fillItems(node, offset, image);
+    return;
   }
-  if (isText && !m_counterOf.empty()) {
-    setCounters(node, bytes);
-  } else {
-    setCounter(node, bytes);
+  std::vector<unsigned char> bytes(m_layout.m_nodes[node].size);
+  values::writeAbsent(m_literals, item, m_layout.m_nodes[node].format, bytes.data());
+  if (!item.isGroup()) {
+    setCounter(node, bytes.data());
+  } else if (!m_counterOf.empty()) {
+    setCounters(node, bytes.data());
   }
+  image.put(offset, bytes);
 }
 
 // The counters in a group that has a value of its own.
@@ -312,25 +320,23 @@ void LayoutBuilder::setCounter(std::uint32_t node, unsigned char* bytes) {
   values::writeAbsent(m_literals, item, format, bytes);
 }
 
-void LayoutBuilder::fillItems(std::uint32_t group, unsigned char* bytes) {
+void LayoutBuilder::fillItems(std::uint32_t group, std::uint64_t offset, AbsentImage& image) {
   std::vector<Node> const& nodes = m_layout.m_nodes;
   for (std::uint32_t i = group + 1; i < m_layout.item(group).end; i = m_layout.item(i).end) {
     if (!isStored(*m_layout.item(i).item)) continue;
     Node const& node = nodes[i];
-    unsigned char* begin = bytes + (node.offset - nodes[group].offset);
+    std::uint64_t const begin = offset + (node.offset - nodes[group].offset);
     if (node.area != kNone) {
       Area const& area = m_layout.m_areas[node.area];
       if (area.views.front() != i) continue;
       // The first view has its slack bytes; what it does not cover is blank.
       std::uint64_t const covered = std::min(node.extent(), area.size);
-      std::memset(begin, 0, covered);
-      std::memset(begin + covered, m_rules.conventions.codePage->blank(), area.size - covered);
+      image.fill(begin, covered, 0);
+      image.fill(begin + covered, area.size - covered, m_rules.conventions.codePage->blank());
     }
     if (node.most == 0 || node.size == 0) continue;
-    fillAbsent(i, begin);
-    for (std::uint64_t k = 1; k < node.most; ++k) {
-      std::memcpy(begin + k * node.size, begin, node.size);
-    }
+    fillAbsent(i, begin, image);
+    image.repeat(begin, node.size, node.most);
   }
 }
 

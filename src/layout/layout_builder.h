@@ -34,10 +34,10 @@ class LayoutBuilder {
   void checkShifting();
   void placeCounts();
   void checkCountedSlots();
-  void fillAbsent(std::uint32_t node, unsigned char* bytes);
+  void fillAbsent(std::uint32_t node, std::uint64_t offset, AbsentImage& image);
   void setCounters(std::uint32_t group, unsigned char* bytes);
   void setCounter(std::uint32_t node, unsigned char* bytes);
-  void fillItems(std::uint32_t group, unsigned char* bytes);
+  void fillItems(std::uint32_t group, std::uint64_t offset, AbsentImage& image);
   [[nodiscard]] bool isInArea(std::uint32_t node) const;
   void report(std::uint32_t node, std::string text);
 

@@ -37,7 +37,7 @@ struct SpreadRecord {
 };
 
 /// Spreads a shifted record to its largest form. `full` has the bytes of
-/// Layout::absentBytes, which stay where data is missing or a table has no occurrence.
+/// Layout::setAbsent, which stay where data is missing or a table has no occurrence.
 [[nodiscard]] SpreadRecord spread(Layout const& layout, values::Values const& values,
                                   unsigned char const* record, std::uint64_t size,
                                   unsigned char* full);

@@ -121,6 +121,7 @@ class DocumentText {
     } else if (m_text[m_at] == '"') {
       ++m_at;
       instance.shape = Shape::scalar;
+      instance.isString = true;
       setText(add(instance, name), take("\""));
       ++m_at;
     } else {

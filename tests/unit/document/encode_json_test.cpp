@@ -21,6 +21,13 @@ TEST(EncodeJson, HasNumbersWithExponents) {
   EXPECT_EQ(Encoding(kOrder, json()).run(R"({"N":1.5e1})"), "   +0150     ");
 }
 
+// A string is a text as in XML, and there numbers have no exponent.
+TEST(EncodeJson, HasNoExponentsInStrings) {
+  Encoding encoding(kOrder, json());
+  EXPECT_EQ(encoding.run(R"({"N":"1.5"})"), "   +0015     ");
+  EXPECT_EQ(encoding.run(R"({"N":"1.5e1"})"), "6 R/N [number]");
+}
+
 TEST(EncodeJson, HasNullForWhatIsAbsent) {
   Encoding encoding(kOrder, json());
   EXPECT_EQ(encoding.run(R"({"A":null,"G":null,"L":["p",null,"r"]})"), "   +0000  p r");

@@ -114,7 +114,7 @@ struct DocumentFixture {
     while (reader.next(record)) {
       out += record.isPredicted ? std::to_string(record.number) + " predicted\n"
                                 : shownRecord(record, index);
-      texts.push_back(record.text);
+      texts.push_back(record.text.memory());
     }
     return out;
   }
