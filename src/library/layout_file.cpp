@@ -60,6 +60,7 @@ std::string LayoutFile::parse(std::string_view options) {
 
 void LayoutFile::open(std::string const& copybook) {
   m_input.emplace(copybook, m_common, m_data);
+  if (m_input->hasCopybook()) m_sources = &m_input->diagnostics().sources();
   if (m_input->hasLayout() && !m_input->diagnostics().hasErrors()) {
     use(Syntax::xml, Counts::none)
         .conversion.emplace(m_input->set(), m_data, Syntax::xml, m_input->diagnostics());

@@ -46,6 +46,9 @@ class LayoutFile {
   /// The copybook and how its records are stored, without counts.
   [[nodiscard]] fdrec::DataInput const& input() const { return *m_input; }
 
+  /// The sources of the copybook.
+  [[nodiscard]] compiler::Sources const& sources() const { return *m_sources; }
+
   /// The length of the longest count record in bytes; 0 if no item has COUNT IN. Then
   /// counts do not matter.
   [[nodiscard]] std::uint64_t maxCountSize() const {
@@ -74,6 +77,7 @@ class LayoutFile {
   fdrec::DataOptions m_data;
   Fault m_fault;
   std::optional<fdrec::DataInput> m_input;
+  compiler::Sources const* m_sources = nullptr;
   std::unique_ptr<layout::RecordSet> m_counted;  // with count records
   Use m_uses[2][2];
 };

@@ -66,25 +66,60 @@ Output Worker::toDocument(Syntax syntax, document::StoredRecord record) {
   return output;
 }
 
+// All that reads documents, and can be used again.
+void Worker::addReader(Tools& tools, Conversion const& conversion) {
+  tools.encoder.emplace(conversion.set(), conversion.names(), conversion.encodeRules());
+  if (conversion.syntax() == Syntax::xml) {
+    // It has no errors that the conversion does not have.
+    compiler::Diagnostics diagnostics(m_file.sources());
+    tools.predictor = document::PredictedReader::make(
+        conversion.set(), conversion.encodeRules().endsWithViews, diagnostics);
+  }
+  document::ReaderOptions options = conversion.readerOptions();
+  options.absorption.absorber = &*tools.encoder;
+  auto read = [this](std::span<char> buffer) -> std::optional<std::size_t> {
+    std::size_t const size = std::min(buffer.size(), m_input.size());
+    if (size != 0) std::memcpy(buffer.data(), m_input.data(), size);
+    m_input.remove_prefix(size);
+    return size;
+  };
+  tools.reader = fdrec::makeDocumentReader(conversion.syntax(), read, conversion.names(), options,
+                                           tools.predictor.get());
+}
+
+// Whether the document is a record as it is written, and nothing else.
+bool Worker::predict(Tools& tools, std::string_view document) const {
+  if (tools.predictor == nullptr) return false;
+  if (document.starts_with(kDeclaration)) document.remove_prefix(kDeclaration.size());
+  if (!document.starts_with('<')) return false;
+  document::RecordPredictor::Outcome const outcome = tools.predictor->read(document);
+  return outcome.kind == document::RecordPredictor::Outcome::Kind::taken &&
+         document.find_first_not_of(" \t\r\n", outcome.size) == std::string_view::npos;
+}
+
 Output Worker::toRecord(Syntax syntax, std::string_view document, Counts counts) {
   if (Fault const& fault = m_file.fault(syntax, counts); fault.status != 0) return {fault};
   Conversion const& conversion = m_file.conversion(syntax, counts);
-  std::optional<document::Encoder>& encoder = tools(syntax, counts).encoder;
-  if (!encoder) encoder.emplace(conversion.set(), conversion.names(), conversion.encodeRules());
-  auto read = [&document](std::span<char> buffer) -> std::optional<std::size_t> {
-    std::size_t size = std::min(buffer.size(), document.size());
-    if (size != 0) std::memcpy(buffer.data(), document.data(), size);
-    document.remove_prefix(size);
-    return size;
-  };
-  auto reader =
-      fdrec::makeDocumentReader(syntax, read, conversion.names(), conversion.readerOptions());
-  if (!reader->next(m_record)) return failed("error: expected one record, found none [single]");
-  bool isEncoded =
-      !m_record.instances.all.empty() && encoder->encode(m_record.instances, m_record.errors);
-  if (!isEncoded || !m_record.errors.empty()) return failedDocument(m_record.errors);
-  if (reader->next(m_record)) return failedAfterRecord(m_record);
-  return {{}, m_form.assemble(encoder->result()), encoder->result().counts};
+  Tools& tools = this->tools(syntax, counts);
+  if (tools.reader == nullptr) addReader(tools, conversion);
+  if (predict(tools, document)) {
+    return {{}, m_form.assemble({0, tools.predictor->record(), {}}), {}};
+  }
+  m_input = document;
+  tools.reader->restart();
+  if (!tools.reader->next(m_record)) {
+    return failed("error: expected one record, found none [single]");
+  }
+  bool const isPredicted = m_record.isPredicted;
+  if (!isPredicted) {
+    bool const isEncoded = !m_record.instances.all.empty() &&
+                           tools.encoder->encode(m_record.instances, m_record.errors);
+    if (!isEncoded || !m_record.errors.empty()) return failedDocument(m_record.errors);
+  }
+  if (tools.reader->next(m_record)) return failedAfterRecord(m_record);
+  document::EncodedRecord record = tools.encoder->result();
+  if (isPredicted) record = {0, tools.predictor->record(), {}};
+  return {{}, m_form.assemble(record), record.counts};
 }
 
 std::unique_ptr<Worker> WorkerPool::take() {

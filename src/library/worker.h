@@ -10,6 +10,7 @@
 
 #include "document/decoder.h"
 #include "document/encoder.h"
+#include "document/predicted_reader.h"
 #include "fdrec/stored_form.h"
 #include "library/layout_file.h"
 
@@ -39,7 +40,12 @@ class Worker {
   struct Tools {
     std::optional<document::Decoder> decoder;
     std::optional<document::Encoder> encoder;
+    std::unique_ptr<document::PredictedReader> predictor;  ///< null if there is no prediction
+    std::unique_ptr<document::DocumentReader> reader;
   };
+
+  void addReader(Tools& tools, Conversion const& conversion);
+  [[nodiscard]] bool predict(Tools& tools, std::string_view document) const;
 
   [[nodiscard]] Tools& tools(document::Syntax syntax, Counts counts) {
     return m_tools[syntax == document::Syntax::json][counts == Counts::given];
@@ -48,6 +54,7 @@ class Worker {
   LayoutFile const& m_file;
   fdrec::StoredForm m_form;
   Tools m_tools[2][2];
+  std::string_view m_input;  // the rest of the document at hand
   document::TextBuffer m_text;
   document::DataErrors m_errors;
   document::DocumentRecord m_record;
