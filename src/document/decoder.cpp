@@ -78,7 +78,7 @@ void Decoder::run(std::uint32_t begin, std::uint32_t end) {
         runJson(operation);
         break;
       case Operation::Kind::mark:
-        m_marks.push_back(m_out - m_buffer->begin());
+        m_marks.push_back(m_buffer->offsetOf(m_out));
         break;
       case Operation::Kind::close:
         runClose(operation);
@@ -162,7 +162,7 @@ void Decoder::runJson(Operation const& operation) {
 }
 
 void Decoder::runClose(Operation const& operation) {
-  bool isEmpty = m_out - m_buffer->begin() == m_marks.back();
+  bool isEmpty = m_buffer->offsetOf(m_out) == m_marks.back();
   m_marks.pop_back();
   if (isEmpty) {
     m_out[-1] = '/';
@@ -253,8 +253,7 @@ bool Decoder::isOmitted(std::uint32_t node) {
 // their lower bound: where their counter is in the item as well, its bytes say so.
 bool Decoder::isAbsent(std::uint32_t node, std::uint64_t offset) {
   Node const& item = (*m_layout)[node];
-  if (std::memcmp(m_bytes.bytes + offset, m_layout->absentBytes().data() + item.offset,
-                  item.size) != 0) {
+  if (std::memcmp(m_bytes.bytes + offset, absentBytes() + item.offset, item.size) != 0) {
     return false;
   }
   if (!item.hasCounter) return true;
@@ -267,6 +266,14 @@ bool Decoder::isAbsent(std::uint32_t node, std::uint64_t offset) {
     if (value.fault || value.count != (*m_layout)[i].least) return false;
   }
   return true;
+}
+
+// Those of the whole record.
+unsigned char const* Decoder::absentBytes() {
+  if (m_layout->isSmall()) return m_layout->absentBytes().data();
+  if (m_absentOf != m_layout) m_layout->setAbsent(m_absent);
+  m_absentOf = m_layout;
+  return m_absent.data();
 }
 
 void Decoder::runArea(std::uint32_t at) {

@@ -40,6 +40,7 @@ class Decoder {
   [[nodiscard]] bool isOmitted(std::uint32_t node);
   [[nodiscard]] bool isAbsent(std::uint32_t node, std::uint64_t offset);
   [[nodiscard]] bool testsWrongNumber(std::uint32_t area) const;
+  [[nodiscard]] unsigned char const* absentBytes();
   void writeMarkup(std::uint32_t begin, std::uint32_t size) {
     std::memcpy(m_out, m_program->markup.data() + begin, size);
     m_out += size;
@@ -69,9 +70,11 @@ class Decoder {
   unsigned char const* m_base = nullptr;  // the record, moved by the occurrences of tables
   TextBuffer* m_buffer = nullptr;
   char* m_out = nullptr;
-  std::vector<std::ptrdiff_t> m_marks;
+  std::vector<std::uint64_t> m_marks;  // where elements begin that may be empty
   DataErrors* m_errors = nullptr;
   bool m_hasFailed = false;
+  std::vector<unsigned char> m_absent;         // of a large layout,
+  layout::Layout const* m_absentOf = nullptr;  // which is this one
 };
 
 }  // namespace fdmorph::document

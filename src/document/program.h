@@ -62,6 +62,9 @@ struct Program {
   std::string markup;
 };
 
+/// The bytes of markup in a document with all occurrences of all parts, of all views.
+[[nodiscard]] double markupBytes(Program const& program, layout::Layout const& layout);
+
 /// The program of a record of the set. Errors of the layout are reported.
 [[nodiscard]] Program makeProgram(layout::RecordSet const& set, std::uint32_t record,
                                   OutputRules const& rules, compiler::Diagnostics& diagnostics);

@@ -18,10 +18,13 @@ RoundTrip::RoundTrip(DataInput const& input, DataOptions const& data, document::
       m_names(input.set().names(), nameMatch(data, syntax)),
       m_options(makeReaderOptions(input.set(), m_names, data)),
       m_encoder(input.set(), m_names, makeEncodeRules(data, syntax)),
-      m_form(input) {}
+      m_form(input) {
+  m_options.absorption.absorber = &m_encoder;
+}
 
 std::vector<TrippedRecord> RoundTrip::run(framing::Batch const& batch,
-                                          document::BatchText const& text) {
+                                          document::BatchText const& text,
+                                          document::Decoder& decoder) {
   std::string_view rest = text.text.text();
   auto read = [&rest](std::span<char> buffer) -> std::optional<std::size_t> {
     std::size_t size = std::min(buffer.size(), rest.size());
@@ -32,21 +35,45 @@ std::vector<TrippedRecord> RoundTrip::run(framing::Batch const& batch,
   auto reader = makeDocumentReader(m_syntax, read, m_names, m_options);
   std::vector<TrippedRecord> results;
   document::DocumentRecord record;
-  auto failed = text.failed.begin();
+  std::size_t failed = 0;
+  auto leftOut = text.leftOut.begin();
   for (std::size_t frame = 0; frame < batch.frames.size(); ++frame) {
-    if (failed != text.failed.end() && failed->frame == frame) {
+    bool const isLeftOut = leftOut != text.leftOut.end() && leftOut->frame == frame;
+    bool const isLong = isLeftOut && leftOut->isLong;
+    if (isLeftOut) ++leftOut;
+    if (isLeftOut && !isLong) {
       ++failed;
       continue;
     }
     TrippedRecord result;
     result.frame = frame;
-    result.ordinal = frame - static_cast<std::size_t>(failed - text.failed.begin());
-    if (!reader->next(record)) break;
+    result.ordinal = frame - failed;
+    bool const isRead =
+        isLong ? readLong(document::storedRecord(batch, batch.frames[frame]), decoder, record)
+               : reader->next(record);
+    if (!isRead) break;
     compare(batch.data(batch.frames[frame]), record, result);
     bool isSame = result.residue.isEmpty() && result.error.empty();
     if (!isSame) results.push_back(std::move(result));
   }
   return results;
+}
+
+// A document that is too long for the memory goes through a file.
+bool RoundTrip::readLong(document::StoredRecord stored, document::Decoder& decoder,
+                         document::DocumentRecord& record) {
+  document::RecordText text;
+  document::writeLong(decoder, stored, [&text](std::string_view piece) {
+    text += piece;
+    if (text.memory().size() > document::RecordText::kLong) text.spill(0);
+  });
+  std::uint64_t offset = 0;
+  auto read = [&text, &offset](std::span<char> buffer) -> std::optional<std::size_t> {
+    std::size_t const size = text.read(offset, buffer);
+    offset += size;
+    return size;
+  };
+  return makeDocumentReader(m_syntax, read, m_names, m_options)->next(record);
 }
 
 void RoundTrip::compare(std::string_view stored, document::DocumentRecord& record,

@@ -28,11 +28,15 @@ class RoundTrip {
   RoundTrip(DataInput const& input, DataOptions const& data, document::Syntax syntax);
 
   /// The records of a batch whose documents give other bytes. The residue of a record
-  /// that cannot be read back is the whole record.
+  /// that cannot be read back is the whole record. `decoder` makes the documents that are
+  /// too long to be kept.
   [[nodiscard]] std::vector<TrippedRecord> run(framing::Batch const& batch,
-                                               document::BatchText const& text);
+                                               document::BatchText const& text,
+                                               document::Decoder& decoder);
 
  private:
+  [[nodiscard]] bool readLong(document::StoredRecord stored, document::Decoder& decoder,
+                              document::DocumentRecord& record);
   void compare(std::string_view stored, document::DocumentRecord& record, TrippedRecord& result);
 
   DataOptions const& m_data;

@@ -36,7 +36,9 @@ class ToDocuments {
   [[nodiscard]] bool take(framing::Batch const& batch, ConvertedBatch const& converted);
   [[nodiscard]] bool takeRecords(framing::Batch const& batch, document::BatchText const& text);
   void takeResidues(ConvertedBatch const& converted);
-  [[nodiscard]] bool takeFailed(framing::Batch const& batch, document::FailedRecord const& failed);
+  [[nodiscard]] bool takeLeftOut(framing::Batch const& batch,
+                                 document::LeftOutRecord const& record);
+  void writeLong(framing::Batch const& batch, framing::Frame const& frame);
   void takeFirst(framing::Batch const& batch, document::BatchText const& text);
   void reportNone();
   void writeStart();
@@ -50,6 +52,7 @@ class ToDocuments {
   std::string const& m_name;
   std::vector<std::unique_ptr<document::Decoder>> m_decoders;  // one for each thread
   std::vector<std::unique_ptr<RoundTrip>> m_trips;             // the same, with --residue
+  std::unique_ptr<document::Decoder> m_longDecoder;            // see writeLong
   framing::OutputStream m_output;
   framing::OutputStream m_rejects;
   framing::OutputStream m_residue;

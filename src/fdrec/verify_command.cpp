@@ -81,9 +81,12 @@ int VerifyCommand::run(CommonOptions const& options) {
 
 void VerifyCommand::verify(DataInput const& input, document::Programs const& programs,
                            framing::InputStream& source, framing::PartRange const& part) {
+  // A thread may have some copies of a record.
+  bool const isLong = input.framing().maxRecordLength > framing::RecordReader::kBatchBytes;
+  std::size_t const threads = isLong ? 1 : m_data.framing.threads();
   std::vector<std::unique_ptr<document::Decoder>> decoders;
   std::vector<std::unique_ptr<RoundTrip>> trips;
-  for (std::size_t i = 0; i < m_data.framing.threads(); ++i) {
+  for (std::size_t i = 0; i < threads; ++i) {
     decoders.push_back(std::make_unique<document::Decoder>(programs, input.lengths()));
     trips.push_back(std::make_unique<RoundTrip>(input, m_data, document::Syntax::xml));
   }
@@ -92,11 +95,11 @@ void VerifyCommand::verify(DataInput const& input, document::Programs const& pro
   steps.read = [&reader](Batch& batch) { return reader.next(batch); };
   steps.work = [&](std::size_t thread, Batch& batch, CheckedBatch& checked) {
     checked.text.clear();
-    document::decodeBatch(*decoders[thread], batch, checked.text);
-    checked.different = trips[thread]->run(batch, checked.text);
+    document::decodeBatch(*decoders[thread], batch, checked.text, document::LongDocuments::leftOut);
+    checked.different = trips[thread]->run(batch, checked.text, *decoders[thread]);
   };
   steps.take = [this](Batch& batch, CheckedBatch& checked) { return take(batch, checked); };
-  framing::OrderedWorkers<Batch, CheckedBatch>::run(m_data.framing.threads(), steps);
+  framing::OrderedWorkers<Batch, CheckedBatch>::run(threads, steps);
 }
 
 bool VerifyCommand::take(Batch const& batch, CheckedBatch const& checked) {
@@ -109,8 +112,9 @@ bool VerifyCommand::take(Batch const& batch, CheckedBatch const& checked) {
     }
     m_counts->addRecords(before + end - m_counts->records());
   };
-  for (document::FailedRecord const& failed : checked.text.failed) {
+  for (document::LeftOutRecord const& failed : checked.text.leftOut) {
     printUpTo(failed.frame + 1);
+    if (failed.isLong) continue;
     framing::Frame const& frame = batch.frames[failed.frame];
     std::string lines;
     for (document::DataError const& error : failed.errors) {

@@ -7,6 +7,7 @@ namespace {
 
 constexpr char kLineFeed = '\n';
 constexpr char kReturn = '\r';
+constexpr std::size_t kLineStep = std::size_t{256} << 10;  // bytes
 
 std::uint64_t sumOrMax(std::uint64_t left, std::uint64_t right) {
   return left > UINT64_MAX - right ? UINT64_MAX : left + right;
@@ -173,8 +174,9 @@ void FrameScanner::scanLines(Scan& scan) {
       return;
     } else {
       m_searched = rest.size();
-      scan.result.needed =
-          static_cast<std::size_t>(std::min<std::uint64_t>(m_lineLimit + 1, 2 * rest.size()));
+      // A quarter more: what follows the line is in memory as well.
+      std::uint64_t const more = rest.size() + rest.size() / 4 + kLineStep;
+      scan.result.needed = static_cast<std::size_t>(std::min(m_lineLimit + 1, more));
       return;
     }
     m_searched = 0;

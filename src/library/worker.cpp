@@ -72,8 +72,8 @@ void Worker::addReader(Tools& tools, Conversion const& conversion) {
   if (conversion.syntax() == Syntax::xml) {
     // It has no errors that the conversion does not have.
     compiler::Diagnostics diagnostics(m_file.sources());
-    tools.predictor = document::PredictedReader::make(
-        conversion.set(), conversion.encodeRules().endsWithViews, diagnostics);
+    tools.predictor =
+        document::PredictedReader::make(conversion.set(), conversion.encodeRules(), diagnostics);
   }
   document::ReaderOptions options = conversion.readerOptions();
   options.absorption.absorber = &*tools.encoder;
