@@ -198,8 +198,9 @@ void JsonParts::readScalar(Target const& target) {
   std::size_t offset = m_scanner->offset();
   JsonScanner::String value;
   bool isNull = false;
-  bool const isString = m_scanner->peek() == '"';
-  switch (m_scanner->peek()) {
+  char const first = m_scanner->peek();
+  bool const isString = first == '"';
+  switch (first) {
     case '"':
       value = m_scanner->readString();
       break;

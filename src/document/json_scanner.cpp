@@ -85,7 +85,7 @@ void appendJsonEscaped(std::string& out, std::string_view text) {
   }
 }
 
-char JsonScanner::peek() {
+char JsonScanner::passBlanks() {
   do {
     while (m_at < m_text.size()) {
       char c = m_text[m_at];

@@ -44,7 +44,10 @@ class JsonScanner {
       : m_text(text), m_at(begin), m_source(source) {}
 
   /// Passes blanks over. The next byte, or NUL at the end.
-  [[nodiscard]] char peek();
+  [[nodiscard]] char peek() {
+    bool const isThere = m_at < m_text.size() && m_text[m_at] > ' ';
+    return isThere ? m_text[m_at] : passBlanks();
+  }
 
   /// The offset of the next byte.
   [[nodiscard]] std::size_t offset() const { return m_before + m_at; }
@@ -78,6 +81,7 @@ class JsonScanner {
   [[nodiscard]] bool isAtDigit() const {
     return m_at < m_text.size() && m_text[m_at] >= '0' && m_text[m_at] <= '9';
   }
+  [[nodiscard]] char passBlanks();
   [[nodiscard]] bool hasMore();
   void look(std::size_t count);
   void lookAtNumber();

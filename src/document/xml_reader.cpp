@@ -251,8 +251,8 @@ std::size_t XmlReader::sliceSize() const {
   std::string_view bytes = m_window.bytes();
   std::size_t most =
       m_state.pending > kSliceBytes ? bytes.size() : std::min(bytes.size(), kSliceBytes);
-  if (m_predictor == nullptr || m_state.pause != 0 || m_state.unit != LineIndex::Unit::byte)
-    return most;
+  bool const isWhole = m_state.pause != 0 || m_state.unit != LineIndex::Unit::byte;
+  if (m_predictor == nullptr || isWhole) return most;
   std::string end = ">";
   if (m_handlers->isInRecord()) {
     end = "</" + m_handlers->recordName() + ">";

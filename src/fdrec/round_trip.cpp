@@ -13,8 +13,7 @@ std::span<unsigned char const> bytesOf(std::string_view text) {
 }  // namespace
 
 RoundTrip::RoundTrip(DataInput const& input, DataOptions const& data, document::Syntax syntax)
-    : m_data(data),
-      m_syntax(syntax),
+    : m_syntax(syntax),
       m_names(input.set().names(), nameMatch(data, syntax)),
       m_options(makeReaderOptions(input.set(), m_names, data)),
       m_encoder(input.set(), m_names, makeEncodeRules(data, syntax)),

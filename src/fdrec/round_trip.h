@@ -39,7 +39,6 @@ class RoundTrip {
                               document::DocumentRecord& record);
   void compare(std::string_view stored, document::DocumentRecord& record, TrippedRecord& result);
 
-  DataOptions const& m_data;
   document::Syntax m_syntax;
   document::NameNumbers m_names;
   document::ReaderOptions m_options;

@@ -114,8 +114,8 @@ void ToDocuments::convert(framing::InputStream& source, framing::PartRange const
     document::DocumentCheck check;
     if (m_validation) check = m_validation->checkOfBytes(thread);
     document::decodeBatch(*m_decoders[thread], batch, converted.text, longDocuments, check);
-    if (!m_trips.empty())
-      converted.residues = m_trips[thread]->run(batch, converted.text, *m_decoders[thread]);
+    if (m_trips.empty()) return;
+    converted.residues = m_trips[thread]->run(batch, converted.text, *m_decoders[thread]);
   };
   steps.take = [this](Batch& batch, ConvertedBatch& converted) { return take(batch, converted); };
   framing::OrderedWorkers<Batch, ConvertedBatch>::run(shares.threads, steps);
