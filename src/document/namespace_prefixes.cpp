@@ -2,13 +2,9 @@
 
 #include <algorithm>
 
+#include "document/namespace_scopes.h"
+
 namespace fdmorph::document {
-namespace {
-
-// Namespaces in XML 1.0, 3: it has its prefix without a declaration, and no other one.
-constexpr std::string_view kXmlNamespace = "http://www.w3.org/XML/1998/namespace";
-
-}  // namespace
 
 using record::RecordNode;
 using record::Role;
@@ -18,6 +14,7 @@ NamespacePrefixes::NamespacePrefixes(layout::Layout const& layout)
   for (RecordNode const& node : layout.tree().nodes()) {
     bool isUsed =
         node.role == Role::attribute || (node.role == Role::element && node.namespaceUri != m_own);
+    // Namespaces in XML 1.0, 3: that of XML has its prefix without a declaration.
     if (!isUsed || node.namespaceUri.empty() || node.namespaceUri == kXmlNamespace) continue;
     if (std::ranges::find(m_prefixed, node.namespaceUri) == m_prefixed.end()) {
       m_prefixed.push_back(node.namespaceUri);
