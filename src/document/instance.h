@@ -15,6 +15,11 @@ inline constexpr std::uint32_t kNoInstance = UINT32_MAX;
 /// The name of the member "#text" of a JSON object, which is a part like any other.
 inline constexpr std::uint32_t kTextMember = UINT32_MAX - 1;
 
+/// Whether there is nothing but blanks between the elements of XML.
+[[nodiscard]] inline bool isBlank(std::string_view text) {
+  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
+}
+
 /// An element, an attribute, or a value of JSON.
 struct Instance {
   enum class Shape : std::uint8_t {

@@ -14,14 +14,6 @@ namespace fdmorph::document {
 using layout::kNone;
 using layout::Node;
 
-namespace {
-
-bool isBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
-}  // namespace
-
 std::vector<std::uint32_t> RecordEncoder::absorb(Instances& instances,
                                                  std::vector<std::uint32_t> const& open,
                                                  EncodeErrors& errors) {

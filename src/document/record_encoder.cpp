@@ -12,10 +12,6 @@ using layout::kNone;
 using layout::Node;
 using record::Role;
 
-bool isBlank(std::string_view text) {
-  return text.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
 }  // namespace
 
 RecordEncoder::RecordEncoder(layout::RecordSet const& set, std::uint32_t record,

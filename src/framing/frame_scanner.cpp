@@ -7,7 +7,7 @@ namespace {
 
 constexpr char kLineFeed = '\n';
 constexpr char kReturn = '\r';
-constexpr std::size_t kLineStep = std::size_t{256} << 10;  // bytes
+constexpr std::size_t kLineGrowth = std::size_t{256} << 10;  // bytes
 
 std::uint64_t sumOrMax(std::uint64_t left, std::uint64_t right) {
   return left > UINT64_MAX - right ? UINT64_MAX : left + right;
@@ -175,7 +175,7 @@ void FrameScanner::scanLines(Scan& scan) {
     } else {
       m_searched = rest.size();
       // A quarter more: what follows the line is in memory as well.
-      std::uint64_t const more = rest.size() + rest.size() / 4 + kLineStep;
+      std::uint64_t const more = rest.size() + rest.size() / 4 + kLineGrowth;
       scan.result.needed = static_cast<std::size_t>(std::min(m_lineLimit + 1, more));
       return;
     }
