@@ -37,14 +37,14 @@ XmlHandlers::XmlHandlers(NameNumbers const& index, LineIndex& lines, ReaderOptio
 void XmlHandlers::attach(XML_Parser parser, bool isWrapped) {
   m_parser = parser;
   m_isWrapped = isWrapped;
+  m_isInCdata = false;
   m_open.clear();
   XML_SetUserData(parser, this);
   XML_SetElementHandler(parser, onStart, onEnd);
   XML_SetCharacterDataHandler(parser, onText);
+  XML_SetCdataSectionHandler(parser, onCdata, onCdataEnd);
   XML_SetUnknownEncodingHandler(parser, onEncoding, nullptr);
-  if (isWrapped) {
-    XML_SetStartCdataSectionHandler(parser, onCdata);
-  } else {
+  if (!isWrapped) {
     XML_SetXmlDeclHandler(parser, onDeclaration);
     XML_SetDefaultHandler(parser, onOther);  // until the root
   }
@@ -75,7 +75,14 @@ void XMLCALL XmlHandlers::onText(void* self, char const* text, int size) {
 
 void XMLCALL XmlHandlers::onCdata(void* self) {
   auto& handlers = *static_cast<XmlHandlers*>(self);
-  if (handlers.m_open.size() == 1) handlers.fail("text outside of a record");
+  handlers.m_isInCdata = true;
+  if (handlers.m_isWrapped && handlers.m_open.size() == 1) {
+    handlers.fail("text outside of a record");
+  }
+}
+
+void XMLCALL XmlHandlers::onCdataEnd(void* self) {
+  static_cast<XmlHandlers*>(self)->m_isInCdata = false;
 }
 
 void XMLCALL XmlHandlers::onDeclaration(void* self, char const*, char const* encoding, int) {

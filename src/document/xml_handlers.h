@@ -58,6 +58,8 @@ class XmlHandlers {
 
   /// The number of open elements.
   [[nodiscard]] std::size_t depth() const { return m_open.size(); }
+  /// Whether what comes next is text, whatever it looks like.
+  [[nodiscard]] bool isInCdata() const { return m_isInCdata; }
   [[nodiscard]] bool isInNamespaces() const { return m_scopes.depth() != 0; }
   [[nodiscard]] bool hasDeclaration() const { return m_hasDeclaration; }
 
@@ -90,6 +92,7 @@ class XmlHandlers {
   static void XMLCALL onEnd(void* self, char const* name);
   static void XMLCALL onText(void* self, char const* text, int size);
   static void XMLCALL onCdata(void* self);
+  static void XMLCALL onCdataEnd(void* self);
   static void XMLCALL onDeclaration(void* self, char const* version, char const* encoding, int);
   static int XMLCALL onEncoding(void*, char const* name, XML_Encoding* encoding);
   static void XMLCALL onOther(void* self, char const* text, int size);
@@ -134,6 +137,7 @@ class XmlHandlers {
   std::string m_encoding;
   bool m_hasDeclaration = false;
   bool m_isWrapped = false;
+  bool m_isInCdata = false;
   bool m_isInRecord = false;
   bool m_isRecordDone = false;
 };

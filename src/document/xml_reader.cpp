@@ -208,8 +208,8 @@ XmlReader::Step XmlReader::fail(std::string text, std::uint64_t offset, Document
 bool XmlReader::canPredict() const {
   return m_predictor != nullptr && m_state.pause == 0 && m_state.pending == 0 &&
          m_handlers->depth() == 1 && !m_handlers->isInRecord() && !m_handlers->isInNamespaces() &&
-         m_state.unit == LineIndex::Unit::byte && isUtf8Name(m_handlers->encoding()) &&
-         m_state.declinedAt != m_window.offset();
+         !m_handlers->isInCdata() && m_state.unit == LineIndex::Unit::byte &&
+         isUtf8Name(m_handlers->encoding()) && m_state.declinedAt != m_window.offset();
 }
 
 // The parser is in the root and has no bytes left.

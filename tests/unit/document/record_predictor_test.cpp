@@ -72,6 +72,17 @@ TEST_F(RecordPredictorTest, LeavesTheOthersToTheParser) {
   }
 }
 
+// Text in a wrapper is ignored, also where it is spelled as a record.
+TEST_F(RecordPredictorTest, IsNotAskedInCdata) {
+  for (std::size_t size : kBlockSizes) {
+    fixture.blockSize = size;
+    EXPECT_EQ(fixture.readXml("<l><![CDATA[>\n<A><B>\n</B></A>\n]]>\n<A><B>\n</B></A></l>"),
+              "1 predicted\n");
+    EXPECT_EQ(fixture.readXml("<l><![CDATA[>\n<A><B>\n</B></A>\n</l>"),
+              "1 [4:5 xml unclosed CDATA section]\n");
+  }
+}
+
 TEST_F(RecordPredictorTest, TakesRecordsAfterTheFirst) {
   for (std::size_t size : kBlockSizes) {
     fixture.blockSize = size;
