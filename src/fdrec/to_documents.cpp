@@ -30,7 +30,7 @@ Shares sharesOf(framing::FramingRules const& framing, document::Programs const& 
   constexpr std::size_t kMaxBatches = 6;
   constexpr std::size_t kMost = framing::RecordReader::kBatchBytes;
   constexpr std::size_t kLeast = 4096;
-  // Batches of one record each, which nobody knows the length of.
+  // A batch is one record then, of any length.
   if (framing.maxRecordLength > kMost) threads = 1;
   double ratio = kMaxRatio;
   for (std::size_t i = 0; i < programs.set().layouts().size(); ++i) {

@@ -42,8 +42,13 @@ bool isOnData(std::span<char* const> arguments) {
 }
 
 int runWholeProgram(char** arguments) {
+  // Never a path relative to the current folder, which may be anybody's.
   std::error_code error;
   std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+  if (error) {
+    printError("cannot read '/proc/self/exe': " + error.message(), "file");
+    return kFailed;
+  }
   program = (program.parent_path() / FDREC_ALL).lexically_normal();
   execv(program.c_str(), arguments);
   std::string const why = std::error_code(errno, std::generic_category()).message();
