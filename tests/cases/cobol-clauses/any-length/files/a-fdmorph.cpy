@@ -1,0 +1,1 @@
+        01 NAME pic X identified by "NAME".

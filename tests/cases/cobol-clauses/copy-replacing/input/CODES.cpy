@@ -1,0 +1,1 @@
+           05  COUNTRY             PIC X(2).

@@ -1,0 +1,1 @@
+           05  :P:-NAME            WIDE.

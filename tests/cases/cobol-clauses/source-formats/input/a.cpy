@@ -1,0 +1,3 @@
+       >>SOURCE FORMAT IS FREE
+01 REC.
+02 A PIC X. *> a comment
