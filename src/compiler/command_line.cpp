@@ -91,6 +91,7 @@ class Reader {
     } else if (auto wrong = applyDirectiveFile(*content, m_result.directives)) {
       m_result.error = "invalid parameter in directive " + *wrong + " in " + name;
     }
+    m_result.directives.files.push_back(name);
   }
 
   std::vector<std::string> const& m_arguments;
@@ -128,6 +129,8 @@ char const* helpText() {
          "  REDEFINES(NAME NAME)   these items in place of those that they redefine\n"
          "  RENAME-FILLER(ON)      call FILLER items FILLER-1, FILLER-2, ...\n"
          "  LIST(FILE)             write a listing of the items; - is the standard output\n"
+         "  DEPFILE(FILE)          write to FILE a rule for make with all files read\n"
+         "  DEPTARGET(NAME)        a target of that rule; default: the dictionary\n"
          "  DIALECT(D)             sizes of binary items; D is GNUCOBOL or IBM\n"
          "  SOURCEFORMAT(F)        F is FIXED, VARIABLE or FREE\n"
          "  TABS(N)                columns between tab stops\n"

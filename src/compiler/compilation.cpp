@@ -4,10 +4,12 @@
 #include <cstdio>
 #include <cstdlib>
 #include <new>
+#include <unordered_set>
 
 #include "compiler/dictionary_writer.h"
 #include "compiler/listing.h"
 #include "frontend/compiled_source.h"
+#include "text/depfile.h"
 #include "text/file_replacement.h"
 
 namespace fdmorph::compiler {
@@ -47,6 +49,24 @@ std::string describeData(DataDivision const& data, Directives const& directives,
   return buildDictionary(data, content, directives.order, diagnostics);
 }
 
+// A rule for make with the source, its copy members and the directive files.
+std::string describeFiles(CompiledSource const& source, std::string const& path,
+                          Directives const& directives) {
+  std::vector<std::string> files;
+  std::unordered_set<std::string> known;
+  auto add = [&](std::string const& name) {
+    if (name != kStandardInput && known.insert(name).second) files.push_back(name);
+  };
+  Sources const& sources = source.sources();
+  for (std::uint32_t text = 1; text <= sources.textCount(); ++text) {
+    add(sources.fileOf(text)->name);
+  }
+  for (std::string const& each : directives.files) add(each);
+  std::vector<std::string> targets = directives.depTargets;
+  if (targets.empty()) targets.push_back(dictionaryPath(path));
+  return writeDepfile(targets, files);
+}
+
 // Returns false if the text could not be written.
 bool print(std::FILE* stream, std::string const& text) {
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
@@ -71,7 +91,10 @@ DiagnosticStyle styleOf(CommandLine const& line) {
 std::string const* outputInPlaceOfSource(CommandLine const& line, std::string const& target) {
   if (line.sourcePath == kStandardInput) return nullptr;
   if (line.directives.writesDictionary && target == line.sourcePath) return &target;
-  return line.directives.listing == line.sourcePath ? &line.directives.listing : nullptr;
+  for (std::string const* each : {&line.directives.listing, &line.directives.depfile}) {
+    if (*each == line.sourcePath) return each;
+  }
+  return nullptr;
 }
 
 }  // namespace
@@ -95,6 +118,9 @@ CompilationResult compileSource(std::string const& path, Directives const& direc
   }
   if (!directives.listing.empty() && !diagnostics.hasErrors()) {
     result.listing = listItems(source.data(), source.sources());
+  }
+  if (!directives.depfile.empty() && !diagnostics.hasErrors()) {
+    result.depfile = describeFiles(source, path, directives);
   }
   result.diagnostics = printDiagnostics(diagnostics, style);
   result.summary = printSummary(diagnostics);
@@ -135,6 +161,7 @@ int compilerMain(std::vector<std::string> const& arguments) {
   if (!line.printsJson) print(stderr, result.summary);
   bool isWritten = true;
   if (!result.listing.empty()) isWritten &= write(line.directives.listing, result.listing);
+  if (!result.depfile.empty()) isWritten &= write(line.directives.depfile, result.depfile);
   if (!result.dictionary.empty()) isWritten &= write(target, result.dictionary);
   return isWritten ? result.status : kStatusError;
 }

@@ -22,6 +22,7 @@ struct CompilationResult {
   std::string summary;     ///< the numbers of errors and warnings; empty if there are none
   std::string dictionary;  ///< empty if none was requested or there were errors
   std::string listing;     ///< the same
+  std::string depfile;     ///< the same
 };
 
 /// Compiles a source without writing files. `name` is the name of the source in

@@ -157,6 +157,16 @@ bool setListing(std::string_view parameter, Directives& directives) {
   return !parameter.empty();
 }
 
+bool setDepfile(std::string_view parameter, Directives& directives) {
+  directives.depfile = parameter;
+  return !parameter.empty();
+}
+
+bool addDepTarget(std::string_view parameter, Directives& directives) {
+  directives.depTargets.emplace_back(parameter);
+  return !parameter.empty();
+}
+
 // zbc makes neither object code nor debugging information.
 bool ignore(std::string_view, Directives&) {
   return true;
@@ -182,6 +192,8 @@ constexpr std::array kDirectives{
     Entry{"COPYPATH", setCopyPath},
     Entry{"COPYEXT", setCopyExtensions},
     Entry{"COPYMISSING", setCopyMissing},
+    Entry{"DEPFILE", setDepfile},
+    Entry{"DEPTARGET", addDepTarget},
     Entry{"DBGI", ignore},
     Entry{"NODBGI", ignore},
     Entry{"OBJ", ignore},

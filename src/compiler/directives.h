@@ -16,7 +16,11 @@ struct Directives : SourceOptions {
   bool writesDictionary = false;
   DictionaryOrder order = DictionaryOrder::workingStorageFirst;
   DictionaryChoice choice;
-  std::string listing;  ///< the path of the listing; empty if there is none
+  std::string listing;                  ///< the path of the listing; empty if there is none
+  std::string depfile;                  ///< the path of a rule for make; empty if there is none
+  std::vector<std::string> depTargets;  ///< its targets; the dictionary if empty
+
+  std::vector<std::string> files;  ///< the directive files
 
   std::vector<std::string> unknown;              ///< each once, in upper case
   std::unordered_set<std::string> unknownNames;  ///< the same

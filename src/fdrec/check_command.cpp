@@ -50,7 +50,8 @@ class CheckCommand : public Command {
 
   int run(CommonOptions const& options) override {
     if (int status = checkOutputs(options); status != kClean) return status;
-    std::unique_ptr<FileResolver> resolver = makeResolver(m_schemaFiles);
+    std::unique_ptr<FileResolver> resolver =
+        makeResolver(m_schemaFiles, m_schema, options.readFiles);
     if (resolver == nullptr) return kFailed;
     SchemaFile schema(m_schema, std::move(resolver));
     if (schema.status() == kFailed) return kFailed;

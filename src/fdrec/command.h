@@ -1,8 +1,10 @@
 // The commands of fdrec, and the options that they share.
 #pragma once
 
+#include <memory>
 #include <string>
 
+#include "fdrec/read_files.h"
 #include "frontend/compiled_source.h"
 #include "record/record_choice.h"
 #include "record/record_tree.h"
@@ -30,7 +32,11 @@ struct CommonOptions {
   record::NamingRules naming;
   std::string encoding;              ///< of the data; empty: that of the dialect
   std::string output;                ///< empty or "-": the standard output
+  std::string depfile;               ///< a rule for make goes there; empty: none
   bool hasWarningsAsErrors = false;  ///< warnings count for the exit status
+
+  /// What is read is added here. Copies of the options share it.
+  std::shared_ptr<ReadFiles> readFiles = std::make_shared<ReadFiles>();
 
   /// The character set of the data.
   [[nodiscard]] std::string effectiveEncoding() const;

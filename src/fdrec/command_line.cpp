@@ -12,6 +12,7 @@
 #include "fdrec/commands.h"
 #include "fdrec/common_options.h"
 #include "fdrec/files.h"
+#include "text/depfile.h"
 #include "text/early_end.h"
 #include "text/pending_files.h"
 #include "text/stack_guard.h"
@@ -57,6 +58,32 @@ void putCommandFirst(CLI::App const& app, std::vector<std::string>& words) {
     }
     if (takesNextWord(app, word)) ++at;
   }
+}
+
+// Writes the rule of --depfile. The result is an exit status.
+int writeRule(CommonOptions const& options) {
+  for (std::string const& each : options.readFiles->paths()) {
+    if (int status = refuseOutputOver(options.depfile, each); status != kClean) return status;
+  }
+  std::vector<std::string> const targets{options.output};
+  return writeOutput(options.depfile, writeDepfile(targets, options.readFiles->paths()));
+}
+
+// Refuses --depfile without an output that the rule could name, or over another file.
+int checkDepfile(CommonOptions const& options) {
+  if (options.depfile.empty()) return kClean;
+  if (options.output.empty() || options.output == "-") {
+    printError("--depfile takes an output file; -o names it", "usage");
+    return kUsageError;
+  }
+  return refuseSharedOutput(options.output, options.depfile);
+}
+
+int runCommand(Command& command, CommonOptions const& options) {
+  if (int status = checkDepfile(options); status != kClean) return status;
+  int const status = command.run(options);
+  bool const hasRule = status == kClean && !options.depfile.empty();
+  return hasRule ? writeRule(options) : status;
 }
 
 [[noreturn]] void end(char const* line) {
@@ -114,7 +141,7 @@ int runProgram(int count, char** arguments, std::vector<CommandRow> const& rows)
     printError(error.what(), "usage");
     return kUsageError;
   }
-  return chosen->run(common);
+  return runCommand(*chosen, common);
 }
 
 }  // namespace fdmorph::fdrec

@@ -14,6 +14,8 @@ std::vector<CommandRow> allCommands() {
       {"plain", "write a copybook that any COBOL compiler accepts", makePlainCommand},
       {"check", "check that every valid document of a schema fits a record", makeCheckCommand},
       {"copybook", "write a record for an element of a schema", makeCopybookCommand},
+      {"deps", "write a rule for make with the files that a schema or source consists of",
+       makeDepsCommand},
   };
   std::vector<CommandRow> onData = dataCommands(DataSchema::open);
   std::move(onData.begin(), onData.end(), std::back_inserter(commands));

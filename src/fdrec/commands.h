@@ -20,6 +20,7 @@ struct CommandRow {
 // The commands, each from a source of its own.
 [[nodiscard]] std::unique_ptr<Command> makeCheckCommand();
 [[nodiscard]] std::unique_ptr<Command> makeCopybookCommand();
+[[nodiscard]] std::unique_ptr<Command> makeDepsCommand();
 [[nodiscard]] std::unique_ptr<Command> makeIndexCommand();
 [[nodiscard]] std::unique_ptr<Command> makeShowCommand();
 [[nodiscard]] std::unique_ptr<Command> makePlainCommand();

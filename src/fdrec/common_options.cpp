@@ -29,6 +29,9 @@ class CommonDeclaration {
     add("--namespace", m_options.naming.namespaceUri, "URI",
         "namespace of a record without XML clauses");
     add("-o,--output", m_options.output, "FILE", "write to FILE; default: the standard output");
+    add("--depfile", m_options.depfile, "FILE",
+        "write to FILE a rule for make: the output depends on\n"
+        "all files that were read");
     m_app
         .add_flag("--werror", m_options.hasWarningsAsErrors,
                   "exit with status 1 after warnings as well")

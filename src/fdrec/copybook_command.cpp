@@ -108,7 +108,7 @@ int CopybookCommand::run(CommonOptions const& options) {
     return kUsageError;
   }
   if (int status = refuseOutputOver(options.output, m_schema); status != kClean) return status;
-  std::unique_ptr<FileResolver> resolver = makeResolver(m_files);
+  std::unique_ptr<FileResolver> resolver = makeResolver(m_files, m_schema, options.readFiles);
   if (resolver == nullptr) return kFailed;
   return runOn(*resolver, parsed.overrides, options);
 }
@@ -117,7 +117,7 @@ int CopybookCommand::runOn(FileResolver& resolver, PartOverrides const& override
                            CommonOptions const& options) {
   AssembledSchema const files(m_schema, resolver);
   if (files.status() != kClean) return files.status();
-  SchemaFile schema(m_schema, makeResolver(m_files));
+  SchemaFile schema(m_schema, makeResolver(m_files, m_schema, options.readFiles));
   if (schema.status() != kClean) return schema.status();
   SchemaRecord const made = makeSchemaRecord(files.document(), m_request);
   if (made.text.empty()) return kErrors;

@@ -14,6 +14,10 @@ using compiler::Severity;
 
 CopybookFile::CopybookFile(std::string const& path, CommonOptions const& options, CopybookUse use)
     : m_options(options), m_source(path, options.source, m_disk) {
+  compiler::Sources const& sources = m_source.sources();
+  for (std::uint32_t text = 1; text <= sources.textCount(); ++text) {
+    options.readFiles->add(sources.fileOf(text)->path);
+  }
   if (diagnostics().hasErrors()) return;
   std::vector<compiler::DataItem const*> records = record::chooseRecords(m_source, options.choice);
   if (diagnostics().hasErrors()) return;

@@ -14,10 +14,11 @@ namespace fdmorph::fdrec {
 /// The schema of --schema, with a validator for each thread.
 class DataSchema : public RecordSchema {
  public:
-  explicit DataSchema(DataOptions const& data);
+  DataSchema(DataOptions const& data, std::shared_ptr<ReadFiles> const& read);
 
   /// The OpenSchema of this class.
-  [[nodiscard]] static std::unique_ptr<RecordSchema> open(DataOptions const& data);
+  [[nodiscard]] static std::unique_ptr<RecordSchema> open(DataOptions const& data,
+                                                          std::shared_ptr<ReadFiles> const& read);
 
   [[nodiscard]] int status() const override { return m_status; }
   void adopt(record::RecordTree& tree) override { fit::adoptSchema(tree, m_file->model()); }

@@ -46,7 +46,7 @@ int FromCommand::run(CommonOptions const& options) {
   if (shared != kClean) return shared;
   std::unique_ptr<RecordSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
-    schema = m_openSchema(m_data);
+    schema = m_openSchema(m_data, options.readFiles);
     if (schema->status() != kClean) return schema->status();
   }
   TreeChange adopt;

@@ -48,7 +48,9 @@ class RecordSchema {
       layout::RecordSet const& set) = 0;
 };
 
-/// Loads the schema that the options name. Reports are printed to the standard error stream.
-using OpenSchema = std::unique_ptr<RecordSchema> (*)(DataOptions const& data);
+/// Loads the schema that the options name, and adds its files to `read`. Reports are
+/// printed to the standard error stream.
+using OpenSchema = std::unique_ptr<RecordSchema> (*)(DataOptions const& data,
+                                                     std::shared_ptr<ReadFiles> const& read);
 
 }  // namespace fdmorph::fdrec

@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "fdrec/read_files.h"
 #include "xml/location_resolver.h"
 #include "xml/xml_events.h"
 
@@ -25,8 +26,12 @@ struct SchemaOptions {
   void declare(CLI::App& app);
 };
 
-/// A resolver by the options; null if a catalog cannot be used, which is reported.
-[[nodiscard]] std::unique_ptr<FileResolver> makeResolver(SchemaOptions const& options);
+/// A resolver by the options for the files of the schema `path`; null if a catalog cannot
+/// be used, which is reported. The schema, the catalogs and each file that the resolver
+/// finds are added to `read`.
+[[nodiscard]] std::unique_ptr<FileResolver> makeResolver(SchemaOptions const& options,
+                                                         std::string const& path,
+                                                         std::shared_ptr<ReadFiles> read);
 
 /// Prints "FILE:LINE:COLUMN: error: TEXT [code]" to the standard error stream, without
 /// the place as far as the fault has none.

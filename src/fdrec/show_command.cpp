@@ -6,6 +6,7 @@
 #include "fdrec/copybook_file.h"
 #include "fdrec/files.h"
 #include "fdrec/schema_file.h"
+#include "fdrec/schema_options.h"
 #include "fdrec/schema_view.h"
 #include "show/json_output.h"
 #include "show/page.h"
@@ -31,7 +32,7 @@ class ShowCommand : public Command {
     std::optional<SchemaFile> schema;
     if (!m_schema.empty()) {
       if (int status = refuseOutputOver(options.output, m_schema); status != kClean) return status;
-      schema.emplace(m_schema, std::make_unique<FileResolver>());
+      schema.emplace(m_schema, makeResolver({}, m_schema, options.readFiles));
       if (schema->status() == kFailed) return kFailed;
     }
     CopybookFile copybook(m_copybook, options);

@@ -50,7 +50,7 @@ int ToCommand::run(CommonOptions const& options) {
   if (int status = refuseSharedOutputs(options.output); status != kClean) return status;
   std::unique_ptr<RecordSchema> schema;
   if (m_syntax == document::Syntax::xml && !m_data.schema.empty()) {
-    schema = m_openSchema(m_data);
+    schema = m_openSchema(m_data, options.readFiles);
     if (schema->status() != kClean) return schema->status();
   }
   TreeChange adopt;

@@ -19,8 +19,8 @@ namespace fdmorph::fdrec {
 namespace {
 
 // Commands that are not on data, and the requests for help, which shows all.
-constexpr std::array<std::string_view, 7> kOthers{"show",   "plain", "check",    "copybook",
-                                                  "--help", "-h",    "--version"};
+constexpr std::array<std::string_view, 8> kOthers{"show", "plain",  "check", "copybook",
+                                                  "deps", "--help", "-h",    "--version"};
 
 bool isOther(std::string_view argument) {
   return std::ranges::find(kOthers, argument) != kOthers.end() || argument.starts_with("--schema");

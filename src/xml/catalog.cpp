@@ -189,6 +189,14 @@ std::optional<std::string> Catalog::findUri(std::string_view uri) {
   return wanted.result;
 }
 
+std::vector<std::string> Catalog::files() const {
+  std::vector<std::string> paths;
+  for (auto const& [path, file] : m_files) {
+    if (!file->fault) paths.push_back(path);
+  }
+  return paths;
+}
+
 Catalog::File const& Catalog::at(std::string const& path) {
   std::unique_ptr<File>& file = m_files[path];
   if (file == nullptr) {

@@ -36,6 +36,12 @@ class Catalog {
   /// The URI for a URI.
   [[nodiscard]] std::optional<std::string> findUri(std::string_view uri);
 
+  /// The number of files that searches have come to so far.
+  [[nodiscard]] std::size_t fileCount() const { return m_files.size(); }
+
+  /// The paths of those that could be read.
+  [[nodiscard]] std::vector<std::string> files() const;
+
  private:
   struct File;
   enum class Kind { external, uri };

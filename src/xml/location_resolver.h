@@ -42,6 +42,8 @@ class FileResolver : public LocationResolver {
 
   [[nodiscard]] std::optional<std::string> resolve(LocationReference const& reference) override;
 
+  [[nodiscard]] Catalog const& catalog() const { return m_catalog; }
+
  private:
   std::optional<std::string> find(LocationReference const& reference);
   std::optional<std::string> findInFolders(std::string const& location) const;

@@ -1,0 +1,3 @@
+       01  A.
+           COPY OUTER.
+           COPY INNER REPLACING B BY C.

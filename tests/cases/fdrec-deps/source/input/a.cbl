@@ -1,0 +1,6 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. A.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       01  A.
+           COPY B.

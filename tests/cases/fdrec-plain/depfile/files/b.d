@@ -1,0 +1,7 @@
+b.cpy: \
+  a.cpy \
+  B.cpy
+
+a.cpy:
+
+B.cpy:
