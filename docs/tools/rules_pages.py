@@ -29,6 +29,7 @@ from rule_tables import elements_table, entries_table, types_table
 TOOLS = Path(__file__).resolve().parent
 ROOT = TOOLS.parent.parent
 CASES = ROOT / "tests" / "cases"
+BAR = "\\|"  # in a table
 MAX_LINES = 36  # of a file that is shown as a whole
 LANGUAGES = {".xsd": "xml", ".xml": "xml", ".map": "xml", ".cpy": "cobol", ".cbl": "cobol"}
 TITLES = {"schema": "XML Schema to COBOL", "cobol": "COBOL to XML Schema"}
@@ -38,8 +39,12 @@ INTRODUCTION = {
     "rules": """\
 What `fdmorph` makes of each construct of a schema and of each clause of a data description.
 Each sentence is the rule of a test that runs with every change; the examples are its input and
-its expected output. `fdrec copybook` and `fdrec schema` follow other rules, see their manual
-pages.
+its expected output. Where there is a message, its first one is shown. `fdrec copybook` and
+`fdrec schema` follow other rules, see their manual pages.
+
+A *head element* is a global element that becomes a record. A *value item* holds the text of an
+element that has attributes or condition names, too. A construct that *leaves no trace* is
+accepted without a message and changes nothing. What is *refused* or *left out* has no item.
 """,
     "schema": """\
 The examples of [what becomes of what](rules.md#xml-schema-to-cobol), from schema to record. The
@@ -130,15 +135,19 @@ def file_block(rule: Rule, path: Path, kind: str) -> list[str]:
     return ["", f"```{language} file={name}", *shown_lines(rule, path), "```"]
 
 
-def messages(rule: Rule) -> list[str]:
+def message_lines(rule: Rule) -> list[str]:
     """What the run says about the input, without its summary."""
     path = rule.folder / "stderr"
     lines = path.read_text(encoding="utf-8").splitlines() if path.exists() else []
     lines = [line.replace("@DIR@/", "") for line in lines]
     ends = ("Successfully converted", "0 error(s)", "1 error(s)", "zbc: ")
     kept = [line.rstrip() for line in lines if line and not line.startswith(ends)]
-    kept = [line for line in kept if " error(s), " not in line]
-    return ["", "Messages:", "", "```text", *kept, "```"] if kept else []
+    return [line for line in kept if " error(s), " not in line]
+
+
+def messages(rule: Rule) -> list[str]:
+    lines = message_lines(rule)
+    return ["", "Messages:", "", "```text", *lines, "```"] if lines else []
 
 
 def command(rule: Rule) -> str:
@@ -172,8 +181,10 @@ def overview_table(topic: Topic) -> list[str]:
     lines = ["", f"### {topic.title}", "", "| Construct | What becomes of it |", "| --- | --- |"]
     for rule in topic.rules:
         link = f"rules-{topic.page}.md#{slug(rule.title.replace('`', ''))}"
-        sentence = rule.sentence().replace("|", "\\|")
-        lines.append(f"| [{rule.title}]({link}) | {sentence} |")
+        text = rule.sentence()
+        if found := message_lines(rule):
+            text += f" `{found[0]}`"
+        lines.append(f"| [{rule.title}]({link}) | {text.replace('|', BAR)} |")
     return lines
 
 
