@@ -11,14 +11,18 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <optional>
 #include <string_view>
+#include <system_error>
+#include <vector>
 
 #include "driver/process_setup.h"
 #include "text/console.h"
 #include "text/early_end.h"
 #include "text/letter_case.h"
 #include "text/pending_files.h"
+#include "text/program_place.h"
 
 namespace fdmorph {
 namespace {
@@ -35,15 +39,24 @@ constexpr int kEndPause = 10;            // milliseconds
 std::atomic<pid_t> runningCompiler = 0;
 static_assert(std::atomic<pid_t>::is_always_lock_free);
 
+// Whether a search of the path ended without a program that may be run.
+bool isNotFound(int error) {
+  return error == ENOENT || error == ENOTDIR || error == EACCES;
+}
+
 // Returns only if the compiler cannot be started.
 void replaceProcess(std::string const& compileFile, std::string const& directives) {
-  if (directives.empty()) {
-    execlp(kCompiler, kCompiler, "-C", "dbgi", "noobj", "-C", kDictionaryDirective,
-           compileFile.c_str(), nullptr);
-  } else {
-    execlp(kCompiler, kCompiler, "-C", "dbgi", "noobj", directives.c_str(), "-C",
-           kDictionaryDirective, compileFile.c_str(), nullptr);
-  }
+  std::vector<std::string> words{kCompiler, "-C", "dbgi", "noobj"};
+  if (!directives.empty()) words.push_back(directives);
+  words.insert(words.end(), {"-C", kDictionaryDirective, compileFile});
+  std::vector<char*> arguments;
+  for (std::string& word : words) arguments.push_back(word.data());
+  arguments.push_back(nullptr);
+  execvp(kCompiler, arguments.data());
+  if (!isNotFound(errno)) return;
+  std::error_code error;
+  std::filesystem::path const bundled = pathFromProgram(BUNDLED_COMPILER, error);
+  if (!error) execv(bundled.c_str(), arguments.data());
 }
 
 // Copies what the compiler prints to the log.

@@ -14,8 +14,9 @@ enum class CompileOutcome {
 };
 
 /// Runs the compiler `zbc` on `compileFile` with the directives that make it
-/// write its data dictionary, and waits for it. `directiveFile` may be empty;
-/// both names are in double quotes if they hold a blank. The compiler's messages call the
+/// write its data dictionary, and waits for it. It is the one on the path, or if
+/// the path has none, the bundled one at its place relative to this program. `directiveFile` may be
+/// empty; both names are in double quotes if they hold a blank. The compiler's messages call the
 /// source `sourceName`.
 ///
 /// The child has no exit of its own: if the compiler cannot be started, or was

@@ -14,6 +14,7 @@
 #include "fdrec/commands.h"
 #include "fdrec/files.h"
 #include "source/diagnostics.h"
+#include "text/program_place.h"
 
 namespace fdmorph::fdrec {
 namespace {
@@ -42,14 +43,12 @@ bool isOnData(std::span<char* const> arguments) {
 }
 
 int runWholeProgram(char** arguments) {
-  // Never a path relative to the current folder, which may be anybody's.
   std::error_code error;
-  std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+  std::filesystem::path const program = pathFromProgram(FDREC_ALL, error);
   if (error) {
     printError("cannot read '/proc/self/exe': " + error.message(), "file");
     return kFailed;
   }
-  program = (program.parent_path() / FDREC_ALL).lexically_normal();
   execv(program.c_str(), arguments);
   std::string const why = std::error_code(errno, std::generic_category()).message();
   printError("cannot run " + compiler::quoted(program.string()) + ": " + why, "file");
