@@ -1,10 +1,14 @@
 #include "cobol/DMCOBOLGenerator.h"
 
+#include <string>
+#include <string_view>
+
 #include "cobol/record_output.h"
 #include "cobol/recursion.h"
 #include "cobol/schema_walker.h"
 #include "text/console.h"
 #include "text/output_file.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 namespace {
@@ -20,18 +24,27 @@ bool ProcessSchemaElement(CDMXMLElement const* element) {
   return false;
 }
 
+/// A head element and its place among the others, for who waits for its record.
+struct HeadStep {
+  CDMXMLElement* element;
+  std::string part;  // " (2 of 5)"
+
+  std::string_view name() const { return findAttrByName(element, "name").value_or(""); }
+};
+
 // Builds and writes the record of a head element. True if it was written.
-bool convertHeadElement(CDMXMLElement* element, RecordOutput::Options const& options,
+bool convertHeadElement(HeadStep const& head, RecordOutput::Options const& options,
                         SchemaWalker& walker, std::ostream& stream) {
   bool isWritten = false;
   try {
-    CDMCOBOLRecordItem* record = walker.buildRecord(element);
+    statusLine.beginStep("converting", head.name(), StepUnit::items, head.part);
+    CDMCOBOLRecordItem* record = walker.buildRecord(head.element);
+    statusLine.beginStep("writing", head.name(), StepUnit::items, head.part);
     RecordOutput output(options, walker.builder().store().texts(), stream);
     isWritten = output.OutputCOBOLItem(record);
     if (isWritten) endLine(stream);
   } catch (RecordTooLarge const&) {
-    err(Shown::always) << "Error : Record of " << findAttrByName(element, "name").value_or("")
-                       << " exceeds "
+    err(Shown::always) << "Error : Record of " << head.name() << " exceeds "
                        << static_cast<long long>(walker.builder().store().limits().items)
                        << " items" << endLine;
   }
@@ -84,7 +97,10 @@ void CDMCOBOLGenerator::convertSchema(RecordOutput::Options const& options,
   if (heads.all.empty()) return;
   SchemaWalker walker(m_namespaces, m_components, m_substitutions, m_limits);
   long long converted = 0;
-  for (CDMXMLElement* head : heads.all) {
+  std::size_t number = 0;
+  std::string const all = std::to_string(heads.all.size());
+  for (CDMXMLElement* element : heads.all) {
+    HeadStep const head{element, " (" + std::to_string(++number) + " of " + all + ")"};
     if (convertHeadElement(head, options, walker, stream)) ++converted;
   }
   err() << endLine << "Successfully converted " << converted << " of "

@@ -4,11 +4,13 @@
 
 #include "cobol/builtin_types.h"
 #include "text/console.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 
 CDMCOBOLRecordItem* RecordStore::create() {
   count(m_made, 1, m_limits.items);
+  statusLine.count(StepUnit::items);
   CDMCOBOLRecordItem* item = nullptr;
   if (m_released.empty()) {
     item = m_items.create();

@@ -6,6 +6,7 @@
 
 #include "cobol/facets.h"
 #include "text/console.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 namespace {
@@ -118,6 +119,7 @@ void UniqueNames::repeatWarnings(unsigned limit) const {
 
 bool RecordOutput::OutputCOBOLItem(CDMCOBOLRecordItem* item) {
   if (item == nullptr) return false;
+  statusLine.count(StepUnit::items);
   if (!item->IsValidCOBOLItem()) {
     if (m_options.uniqueNames) m_uniqueNames.noteUnwritten(*item);
     return false;

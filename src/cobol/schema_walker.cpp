@@ -1,6 +1,7 @@
 #include "cobol/schema_walker.h"
 
 #include "text/console.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 namespace {
@@ -49,6 +50,7 @@ ItemsAbove SchemaWalker::itemsFrom(CDMCOBOLRecordItem const* item) {
 
 Visit SchemaWalker::getCOBOLFromSchema(CDMXMLElement* element, WalkPosition at) {
   if (element == nullptr) return {nullptr, at.current};
+  statusLine.poll();
   Conversion const conversion = dispatch(element, at);
   if (conversion.item == nullptr) return {nullptr, m_builder.prune(element, conversion.current)};
   if (conversion.nextElement != nullptr) return followNextElement(conversion, at);

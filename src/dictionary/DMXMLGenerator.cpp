@@ -5,6 +5,7 @@
 
 #include "dictionary/dictionary_writer.h"
 #include "text/console.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 namespace {
@@ -78,7 +79,9 @@ bool CDMXMLGenerator::GenerateFile(std::string const& dataDictFilename,
   OutputNames names{"", mappingFilename, schemaFilename, cobolFilename};
   OutputFormat const* format = formatOf(type);
   OutputFile file;
-  openOutput(file, format == nullptr ? names.console : names.*(format->name));
+  std::string const& name = format == nullptr ? names.console : names.*(format->name);
+  openOutput(file, name);
+  statusLine.beginStep("writing", name, StepUnit::items);
   target->setTarget(file.stream());
   writeOutput(type, file.stream(), dataDictFilename, namePrefix, countInClauses);
   target->restoreTarget();

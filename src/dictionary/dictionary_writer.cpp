@@ -1,5 +1,7 @@
 #include "dictionary/dictionary_writer.h"
 
+#include "text/status_line.h"
+
 namespace fdmorph {
 namespace {
 
@@ -8,6 +10,7 @@ using enum DATADICT_ELEMENT_TYPE;
 Visit enterElement(CDMXMLElement const& element, DATADICT_ELEMENT_TYPE kind, unsigned depth,
                    DictionaryWriter& writer) {
   if (kind == DD_PROGRAM || isDataItem(kind) || isConditionValue(kind)) {
+    statusLine.count(StepUnit::items);
     return writer.enter(element, depth);
   }
   return isContainer(kind) || isCondition(kind) ? Visit::descend(depth) : Visit::skip();

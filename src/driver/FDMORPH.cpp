@@ -7,6 +7,7 @@
 #include "driver/process_setup.h"
 #include "text/console.h"
 #include "text/early_end.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 namespace {
@@ -24,6 +25,7 @@ int run(int argc, char** argv) {
     return stopRun();
   }
   if (!console.quietMode) DisplayHeader();
+  startStatusLine();
   switch (settings.run) {
     case Run::cobolToSchema:
       return runCobolToSchema(settings);
@@ -47,6 +49,7 @@ int main(int argc, char** argv) {
   fdmorph::guardEnd();
   try {
     int status = fdmorph::run(argc, argv);
+    fdmorph::statusLine.end();
     return fdmorph::flushConsole() || status != fdmorph::kStatusOk ? status : fdmorph::kStatusError;
   } catch (std::bad_alloc const&) {  // of a size that no memory has
     fdmorph::endWithoutMemory();

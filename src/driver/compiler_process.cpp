@@ -23,6 +23,7 @@
 #include "text/letter_case.h"
 #include "text/pending_files.h"
 #include "text/program_place.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 namespace {
@@ -128,6 +129,7 @@ CompileOutcome runCompiler(std::string const& compileFile, std::string const& di
   // Both processes would write what is still in the buffers.
   std::cout.flush();
   std::cerr.flush();
+  StatusLine::Suspension const suspension(statusLine);
   pid_t child = startChild();
   if (child < 0) return CompileOutcome::notCreated;
   if (child == 0) {
@@ -139,6 +141,7 @@ CompileOutcome runCompiler(std::string const& compileFile, std::string const& di
     }
   }
   std::optional<int> status = waitForChild(child);
+  statusLine.noteText(false);  // nobody knows what the compiler has written
   if (!status) return CompileOutcome::notReturned;
   bool hasFailed = WIFEXITED(*status) && WEXITSTATUS(*status) > 0;
   return hasFailed ? CompileOutcome::failed : CompileOutcome::compiled;

@@ -1,6 +1,7 @@
 #include "driver/file_helpers.h"
 
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <cstdio>
@@ -16,6 +17,7 @@
 #include "driver/settings.h"
 #include "text/console.h"
 #include "text/multibyte.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 namespace {
@@ -26,7 +28,11 @@ constexpr std::size_t kMaxAnswerLength = 1023;  // bytes of a line that are kept
 std::optional<std::string> readAnswer() {
   std::string answer;
   for (int c = std::cin.get(); c != std::char_traits<char>::eof(); c = std::cin.get()) {
-    if (c == '\n') return answer;
+    if (c == '\n') {
+      // A terminal shows it as well, after the question.
+      if (isatty(STDIN_FILENO) == 1) statusLine.noteText(true);
+      return answer;
+    }
     if (answer.size() < kMaxAnswerLength) answer += static_cast<char>(c);
   }
   if (answer.empty()) return std::nullopt;

@@ -9,6 +9,7 @@
 #include <thread>
 
 #include "text/console.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 namespace {
@@ -31,6 +32,7 @@ Attempt lockSoon(int folder) {
   auto const end = std::chrono::steady_clock::now() + kPatience;
   Attempt attempt = lock(folder, LOCK_EX | LOCK_NB);
   while (attempt == Attempt::taken && std::chrono::steady_clock::now() < end) {
+    statusLine.poll();
     std::this_thread::sleep_for(kPause);
     attempt = lock(folder, LOCK_EX | LOCK_NB);
   }
@@ -41,8 +43,10 @@ Attempt lockSoon(int folder) {
 
 FolderLock::FolderLock(std::string const& folder)
     : m_folder(open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC)) {
+  std::string const shown = folder.empty() ? "./" : folder;
+  statusLine.beginStep("waiting for another run in", shown, StepUnit::none);
   if (m_folder < 0 || lockSoon(m_folder) != Attempt::taken) return;
-  out() << "Waiting for another run in " << (folder.empty() ? "./" : folder) << endLine;
+  out() << "Waiting for another run in " << shown << endLine;
   lock(m_folder, LOCK_EX);
 }
 

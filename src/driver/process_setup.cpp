@@ -5,6 +5,7 @@
 
 #include <csignal>
 #include <initializer_list>
+#include <optional>
 
 #include "driver/compiler_process.h"
 #include "driver/settings.h"
@@ -12,6 +13,8 @@
 #include "text/early_end.h"
 #include "text/pending_files.h"
 #include "text/stack_guard.h"
+#include "text/status_line.h"
+#include "text/terminal.h"
 
 namespace fdmorph {
 namespace {
@@ -25,6 +28,7 @@ constexpr char kInterrupted[] = "Error : Interrupted by a signal\n";
 // without memory.
 
 void report(char const* line) {
+  statusLine.hide();
   writeLastLine(console.logDescriptor >= 0 ? console.logDescriptor : STDERR_FILENO, line);
 }
 
@@ -69,6 +73,14 @@ void restoreSignals() {
 void guardEnd() {
   endWithoutMemory([] { report(kOutOfMemory); });
   endOnSignals(onSignal);
+}
+
+void startStatusLine() {
+  if (console.quietMode || console.logMode) return;
+  std::optional<StatusLine::Terminal> const terminal = terminalOfErrors();
+  if (!terminal) return;
+  statusLine.start(*terminal);
+  hideStatusLineOnSignals();
 }
 
 void guardStack() {

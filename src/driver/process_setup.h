@@ -26,4 +26,8 @@ void guardStack();
 /// then are removed.
 void guardEnd();
 
+/// Starts the line that shows on a terminal what the run is at, unless the run is quiet
+/// or has a log.
+void startStatusLine();
+
 }  // namespace fdmorph

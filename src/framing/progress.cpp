@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <utility>
 
+#include "text/terminal.h"
+
 namespace fdmorph::framing {
 namespace {
 
@@ -16,7 +18,6 @@ using std::chrono::seconds;
 constexpr Progress::Duration kFirst = seconds(1);
 constexpr Progress::Duration kOnTerminal = milliseconds(200);
 constexpr Progress::Duration kElsewhere = seconds(1);
-constexpr char kClearLine[] = "\r\x1b[K";
 
 constexpr double kMegabyte = 1e6;
 constexpr double kGigabyte = 1e9;

@@ -11,6 +11,8 @@
 #include <cstring>
 #include <utility>
 
+#include "text/terminal.h"
+
 namespace fdmorph {
 namespace {
 
@@ -113,7 +115,9 @@ FileReplacement::Start FileReplacement::begin(std::string const& name) {
 
 FileReplacement::Start FileReplacement::openDirectly(std::string const& name) {
   m_file = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, kMode);
-  return m_file < 0 ? Start::refused : Start::opened;
+  if (m_file < 0) return Start::refused;
+  if (isatty(m_file) == 1 || isPipe(m_file)) m_suspension.emplace(statusLine);
+  return Start::opened;
 }
 
 FileReplacement::Start FileReplacement::openBeside(mode_t mode) {
@@ -158,6 +162,7 @@ bool FileReplacement::commit() {
 }
 
 bool FileReplacement::close() {
+  m_suspension.reset();
   int file = std::exchange(m_file, -1);
   return file >= 0 && ::close(file) == 0;
 }

@@ -8,6 +8,7 @@
 #include <string_view>
 
 #include "text/pending_files.h"
+#include "text/status_line.h"
 
 namespace fdmorph {
 
@@ -55,8 +56,9 @@ class FileReplacement {
   bool copyOver() const;
 
   int m_file = -1;
-  std::string m_target;                 // the file itself, not a link to it
-  std::optional<PendingFile> m_beside;  // none: written directly
+  std::string m_target;                                // the file itself, not a link to it
+  std::optional<PendingFile> m_beside;                 // none: written directly
+  std::optional<StatusLine::Suspension> m_suspension;  // the text may reach a terminal
 };
 
 /// The folder of a path with its slash; empty for the current one.

@@ -1,5 +1,7 @@
 #include "text/terminal_filter.h"
 
+#include "text/status_line.h"
+
 namespace fdmorph {
 namespace {
 
@@ -11,6 +13,13 @@ constexpr wchar_t kFirstAboveControls = 0xA0;
 bool isControl(wchar_t character) {
   if (character == L'\n' || character == L'\t') return false;
   return character < kFirstPrintable || (character >= kDelete && character < kFirstAboveControls);
+}
+
+// Clears the status line for `text`. The target may also hold text of before, which a
+// call without text writes.
+void makeRoom(std::string_view text) {
+  statusLine.hide();
+  if (!text.empty()) statusLine.noteText(text.back() == '\n');
 }
 
 }  // namespace
@@ -25,6 +34,7 @@ std::streamsize TerminalFilter::xsputn(char const* text, std::streamsize size) {
   m_filtered.clear();
   filter({text, static_cast<std::size_t>(size)});
   auto wanted = static_cast<std::streamsize>(m_filtered.size());
+  makeRoom(m_filtered);
   return m_target.sputn(m_filtered.data(), wanted) == wanted ? size : 0;
 }
 
@@ -32,6 +42,7 @@ int TerminalFilter::sync() {
   m_filtered.clear();
   endCharacter();
   auto wanted = static_cast<std::streamsize>(m_filtered.size());
+  makeRoom(m_filtered);
   bool isWritten = m_target.sputn(m_filtered.data(), wanted) == wanted;
   return m_target.pubsync() == 0 && isWritten ? 0 : -1;
 }

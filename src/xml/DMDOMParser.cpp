@@ -11,6 +11,7 @@
 #include <xercesc/validators/schema/SchemaValidator.hpp>
 
 #include "text/console.h"
+#include "text/status_line.h"
 #include "xml/DMDOMErrorHandler.h"
 #include "xml/input_sources.h"
 #include "xml/network.h"
@@ -224,8 +225,10 @@ bool CDMDOMParser::ParseFile(std::string const& fileName, FILE_TYPE type, bool v
   prepareFiles();
   if (type == FILE_TYPE::XML_SCHEMA) {
     announceSchema(fileName);
+    statusLine.beginStep("checking", fileName, StepUnit::files);
     if (!m_library->loadSchemaGrammar(fileName)) return false;
   } else {
+    statusLine.beginStep("reading", fileName, StepUnit::bytes);
     XercesDOMParser& parser = m_library->parser();
     parser.setDoSchema(validate);
     parser.setValidationScheme(validate ? XercesDOMParser::Val_Always : XercesDOMParser::Val_Never);
@@ -236,6 +239,7 @@ bool CDMDOMParser::ParseFile(std::string const& fileName, FILE_TYPE type, bool v
 
 void CDMDOMParser::CheckDocument(std::string const& fileName, bool validate) {
   prepareFiles();
+  statusLine.beginStep("checking", fileName, StepUnit::bytes);
   m_library->check(fileName, validate);
 }
 

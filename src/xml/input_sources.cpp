@@ -10,6 +10,7 @@
 #include <xercesc/util/XMLExceptMsgs.hpp>
 #include <xercesc/util/XMLResourceIdentifier.hpp>
 
+#include "text/status_line.h"
 #include "xml/DMDOMErrorHandler.h"
 #include "xml/locations.h"
 #include "xml/schema_check.h"
@@ -43,6 +44,7 @@ class Stream : public xerces::BinInputStream {
     if (limit != nullptr && m_position > 0) limit->check();
     XMLSize_t count = readNext(target, size);
     m_position += count;
+    statusLine.count(StepUnit::bytes, count);
     if (limit != nullptr && m_role == SourceRole::entity) limit->countText(count);
     return count;
   }
@@ -142,6 +144,7 @@ class FileSource : public Source {
   // Does not return if the file is refused.
   void beginSchema() const {
     owner().files().references().addRead(m_file->name());
+    statusLine.count(StepUnit::files);
     if (m_file->isAdmitted()) return;
     if (needsCheck(*m_file)) {
       FileSource copy(m_file, location(), SourceRole::document, owner());
@@ -166,6 +169,7 @@ class LibrarySource : public Source {
     countExpansion();
     if (role() == SourceRole::schema) {
       owner().files().references().addRead(owner().nameOf(getSystemId()));
+      statusLine.count(StepUnit::files);
     }
     LibraryStream stream(open());
     if (stream == nullptr) return nullptr;

@@ -3,6 +3,8 @@
 #include <iostream>
 #include <xercesc/dom/DOMNamedNodeMap.hpp>
 
+#include "text/status_line.h"
+
 namespace fdmorph {
 
 using xerces::DOMNode;
@@ -43,6 +45,7 @@ void TreeBuilder::getXMLElement(DOMNode const& node, CDMXMLElement* parent) {
 }
 
 void TreeBuilder::copyElement(DOMNode const& node, CDMXMLElement* parent) {
+  statusLine.poll();
   CDMXMLElement* element = m_store.newElement();
   element->setParent(parent);
   element->setFormatter(m_formatter);
