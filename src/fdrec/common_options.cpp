@@ -19,10 +19,9 @@ class CommonDeclaration {
   void declare() {
     declareSource();
     compiler::SourceOptions& source = m_options.source;
-    add("--dialect", source.dialect, "DIALECT",
-        "sizes and byte orders of this compiler: ibm or\n"
-        "gnucobol; default: ibm")
-        ->transform(oneOf<Dialect>({{"ibm", Dialect::ibm}, {"gnucobol", Dialect::gnuCobol}}));
+    addWord<Dialect>("--dialect", source.dialect,
+                     {{"ibm", Dialect::ibm}, {"gnucobol", Dialect::gnuCobol}},
+                     "sizes and byte orders of this compiler; default: ibm");
     add("--encoding", m_options.encoding, "NAME",
         "character set of the data; default: cp037 with ibm\n"
         "(cp1047 differs in brackets), utf-8 with gnucobol");
@@ -44,20 +43,19 @@ class CommonDeclaration {
     addList("--record", m_options.choice.names, "NAME",
             "use this record of level 01 or 77 (repeatable);\n"
             "default: the first one, or all of its file");
-    add("--section", m_options.choice.section, "SECTION",
-        "where records are: auto, file, working-storage,\n"
-        "linkage or local-storage; default: auto, the first\n"
-        "of these that has a record")
-        ->transform(oneOf<RecordSection>({{"auto", RecordSection::automatic},
-                                          {"file", RecordSection::file},
-                                          {"working-storage", RecordSection::workingStorage},
-                                          {"linkage", RecordSection::linkage},
-                                          {"local-storage", RecordSection::localStorage}}));
-    add("--source-format", source.reading.format, "FORMAT",
-        "format of the source: fixed, variable or free;\n"
-        "default: fixed")
-        ->transform(oneOf<Format>(
-            {{"fixed", Format::fixed}, {"variable", Format::variable}, {"free", Format::free}}));
+    addWord<RecordSection>("--section", m_options.choice.section,
+                           {{"auto", RecordSection::automatic},
+                            {"file", RecordSection::file},
+                            {"working-storage", RecordSection::workingStorage},
+                            {"linkage", RecordSection::linkage},
+                            {"local-storage", RecordSection::localStorage}},
+                           "where records are; default: auto, the first of file,\n"
+                           "working-storage, linkage and local-storage that has\n"
+                           "a record");
+    addWord<Format>(
+        "--source-format", source.reading.format,
+        {{"fixed", Format::fixed}, {"variable", Format::variable}, {"free", Format::free}},
+        "format of the source; default: fixed");
     addList("--copy-path", source.copying.folders, "DIR",
             "search copy members here as well (repeatable)")
         ->delimiter(':');
@@ -69,6 +67,12 @@ class CommonDeclaration {
   template <typename Value>
   CLI::Option* add(char const* name, Value& value, char const* type, char const* text) {
     return m_app.add_option(name, value, text)->option_text(type)->group(kCommonOptionsGroup);
+  }
+
+  template <typename Value>
+  void addWord(char const* name, Value& value, std::map<std::string, Value> const& words,
+               char const* text) {
+    takeWord(add(name, value, "", text), words);
   }
 
   // An option that may be repeated.

@@ -73,9 +73,7 @@ void addList(CLI::App& app, char const* name, std::vector<std::string>& values, 
 }
 
 void CopybookCommand::declare(CLI::App& app) {
-  app.add_option("schema", m_schema, "the main file of the schema")
-      ->option_text("SCHEMA")
-      ->required();
+  app.add_option("SCHEMA", m_schema, "XML Schema, the main file")->required()->option_text(" ");
   app.add_option("--root", m_request.root, "global element of the record, or {NAMESPACE}NAME")
       ->option_text("NAME");
   addList(app, "--skip", m_request.skipped, "PATH", "leave these parts out");

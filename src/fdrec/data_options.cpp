@@ -45,8 +45,7 @@ class Declaration {
   template <typename Field, typename Value>
   void addChoice(char const* name, Field& field, std::map<std::string, Value> const& words,
                  char const* text) {
-    std::string names;
-    for (auto const& [word, value] : words) names += (names.empty() ? "" : "|") + word;
+    std::string const names = joinedWords(words);
     m_app
         .add_option_function<std::string>(
             name,

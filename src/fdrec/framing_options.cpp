@@ -46,19 +46,18 @@ std::string hexText(std::string_view bytes) {
 }  // namespace
 
 void FramingOptions::declarePlaces(CLI::App& app) {
-  add(app, "--format", m_rules.format, "FORMAT",
-      "how records stand in the file: fixed, rdw, bdw,\n"
-      "gnucobol-variable or lines; default: fixed")
-      ->transform(oneOf<Format>({{"fixed", Format::fixed},
-                                 {"rdw", Format::rdw},
-                                 {"bdw", Format::bdw},
-                                 {"gnucobol-variable", Format::gnucobolVariable},
-                                 {"lines", Format::lines}}));
+  takeWord<Format>(
+      add(app, "--format", m_rules.format, "", "how records stand in the file; default: fixed"),
+      {{"fixed", Format::fixed},
+       {"rdw", Format::rdw},
+       {"bdw", Format::bdw},
+       {"gnucobol-variable", Format::gnucobolVariable},
+       {"lines", Format::lines}});
   addNumber(app, "--length", m_length, "bytes of a record in a fixed file, if longer");
-  add(app, "--rdw", m_rdw, "FORM",
-      "form of descriptors: exclusive (they do not count\n"
-      "themselves) or little (little-endian); repeatable")
-      ->transform(oneOf<RdwForm>({{"exclusive", RdwForm::exclusive}, {"little", RdwForm::little}}))
+  takeWord<RdwForm>(add(app, "--rdw", m_rdw, "",
+                        "form of descriptors: they do not count themselves,\n"
+                        "or are little-endian (repeatable)"),
+                    {{"exclusive", RdwForm::exclusive}, {"little", RdwForm::little}})
       ->expected(1)
       ->take_all()
       ->allow_extra_args(false)

@@ -30,13 +30,13 @@ class FromCommand : public Command {
 
 void FromCommand::declare(CLI::App& app) {
   bool isXml = m_syntax == document::Syntax::xml;
-  app.add_option("copybook", m_copybook, "the copybook or program with the records")
-      ->option_text("COPYBOOK")
-      ->required();
-  app.add_option("document", m_path,
-                 isXml ? "the document; default: the standard input"
-                       : "the JSON lines; default: the standard input")
-      ->option_text(isXml ? "DOCUMENT" : "LINES");
+  app.add_option("COPYBOOK", m_copybook, "copybook or program; - is the standard input")
+      ->required()
+      ->option_text(" ");
+  app.add_option(isXml ? "DOCUMENT" : "LINES", m_path,
+                 isXml ? "XML document; default: the standard input"
+                       : "JSON lines; default: the standard input")
+      ->option_text(" ");
   m_data.declare(app);
 }
 

@@ -7,22 +7,27 @@
 
 namespace fdmorph::fdrec {
 
-/// One of a set of names, in any case, for an option that is an enumeration.
+/// The words of an option, as the help and messages have them.
 template <typename Value>
-CLI::Validator oneOf(std::map<std::string, Value> const& values) {
-  return CLI::Validator(
-      [values](std::string& text) -> std::string {
-        auto found = values.find(CLI::detail::to_lower(text));
-        if (found == values.end()) {
-          std::string names;
-          for (auto const& [name, value] : values) names += (names.empty() ? "" : "|") + name;
-          return "expected " + names + ", found '" + text + "'";
-        }
-        // As the library reads an enumeration.
-        text = std::to_string(static_cast<int>(found->second));
-        return {};
-      },
-      "");
+std::string joinedWords(std::map<std::string, Value> const& values) {
+  std::string names;
+  for (auto const& [name, value] : values) names += (names.empty() ? "" : "|") + name;
+  return names;
+}
+
+/// Makes an option that is an enumeration take one of a set of words, in any case, which
+/// the help shows.
+template <typename Value>
+CLI::Option* takeWord(CLI::Option* option, std::map<std::string, Value> const& values) {
+  std::string const names = joinedWords(values);
+  auto check = [values, names](std::string& text) -> std::string {
+    auto found = values.find(CLI::detail::to_lower(text));
+    if (found == values.end()) return "expected " + names + ", found '" + text + "'";
+    // As the library reads an enumeration.
+    text = std::to_string(static_cast<int>(found->second));
+    return {};
+  };
+  return option->transform(CLI::Validator(check, ""))->option_text(names);
 }
 
 /// A number in decimal digits. The library takes others, too: 010 as 8.

@@ -43,10 +43,10 @@ class VerifyCommand : public Command {
 };
 
 void VerifyCommand::declare(CLI::App& app) {
-  app.add_option("copybook", m_copybook, "the copybook or program with the records")
-      ->option_text("COPYBOOK")
-      ->required();
-  app.add_option("data", m_path, "the records; default: the standard input")->option_text("DATA");
+  app.add_option("COPYBOOK", m_copybook, "copybook or program; - is the standard input")
+      ->required()
+      ->option_text(" ");
+  app.add_option("DATA", m_path, "file of records; default: the standard input")->option_text(" ");
   m_data.declare(app);
 }
 
