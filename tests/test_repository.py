@@ -112,6 +112,25 @@ def test_each_limit_has_a_value_a_line_and_a_test_that_exists() -> None:
         assert set(named) <= files, cells
 
 
+def test_the_version_is_in_one_place() -> None:
+    """project() has it. The newest release of the changelog has the same, and what is
+    configured takes it from there."""
+    project = (ROOT / "CMakeLists.txt").read_text(encoding="utf-8")
+    version = re.search(r"^project\(fdmorph VERSION (\S+) ", project, re.MULTILINE)
+    changelog = (ROOT / "CHANGELOG.md").read_text(encoding="utf-8")
+    releases = re.findall(r"^## \[(\d[^]]*)\] - \d{4}-\d\d-\d\d$", changelog, re.MULTILINE)
+    assert version is not None
+    assert releases[0] == version[1]
+    pages = tracked("man/*.in")
+    assert pages
+    others = [
+        path
+        for path in pages
+        if not re.search(r"^\.TH .*@PROJECT_VERSION@", path.read_text(), re.M)
+    ]
+    assert names(others) == []
+
+
 @pytest.mark.skipif(shutil.which("clang-tidy") is None, reason="clang-tidy is not installed")
 @pytest.mark.parametrize(
     ("declaration", "finding"),

@@ -49,7 +49,8 @@ def run(*command: object, cwd: Path, **options: object) -> subprocess.CompletedP
 def fixture_prefix(tmp_path_factory: pytest.TempPathFactory) -> Path:
     """Where the library is installed."""
     prefix = tmp_path_factory.mktemp("prefix")
-    run("cmake", "--install", BUILD, "--component", "library", "--prefix", prefix, cwd=prefix)
+    for component in ("library", "development"):
+        run("cmake", "--install", BUILD, "--component", component, "--prefix", prefix, cwd=prefix)
     return prefix
 
 

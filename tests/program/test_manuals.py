@@ -264,11 +264,12 @@ def fixture_environment(tmp_path_factory: pytest.TempPathFactory) -> dict[str, s
     """The programs on the path, and the library as it is installed."""
     prefix = tmp_path_factory.mktemp("prefix")
     build = os.environ["BUILD_FOLDER"]
-    subprocess.run(
-        ["cmake", "--install", build, "--component", "library", "--prefix", prefix],
-        check=True,
-        capture_output=True,
-    )
+    for component in ("library", "development"):
+        subprocess.run(
+            ["cmake", "--install", build, "--component", component, "--prefix", prefix],
+            check=True,
+            capture_output=True,
+        )
     library = next(iter(prefix.rglob("libfdrec.so"))).parent
     programs = ("FDMORPH", "ZBC", "FDREC")
     folders = [str(Path(harness.program_under_test(name)).parent) for name in programs]
