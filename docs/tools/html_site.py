@@ -138,6 +138,8 @@ def menu(current: str, pages: dict[str, Page]) -> str:
 
 def write_site(folder: Path) -> None:
     folder.mkdir(parents=True, exist_ok=True)
+    for old in folder.glob("*.html"):
+        old.unlink()
     pages = site_pages()
     for name, page in pages.items():
         text = TEMPLATE.format(
