@@ -51,6 +51,7 @@ void replaceProcess(std::string const& compileFile, std::string const& directive
   if (!directives.empty()) words.push_back(directives);
   words.insert(words.end(), {"-C", kDictionaryDirective, compileFile});
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   execvp(kCompiler, arguments.data());

@@ -98,7 +98,8 @@ std::string fittedText(std::string_view text, unsigned columns) {
 
 void StatusLine::start(Terminal const& terminal) {
   m_terminal = terminal;
-  m_next = terminal.now() + kFirst;
+  m_start = terminal.now();
+  m_next = m_start + kFirst;
   m_isAtLineBegin = true;
   m_isStarted = true;
 }
@@ -132,7 +133,7 @@ void StatusLine::drawIfDue() {
   // A signal handler that runs before the line is drawn clears nothing, and one that runs
   // after that has to know.
   m_isShown = true;
-  m_terminal.write("\r" + text(columns - 1) + kClearToEnd);
+  m_terminal.write("\r" + text(columns - 1, now) + kClearToEnd);
   m_isShown = true;
 }
 
@@ -142,9 +143,11 @@ void StatusLine::hide() {
   m_isShown = false;
 }
 
-std::string StatusLine::text(unsigned columns) const {
+std::string StatusLine::text(unsigned columns, Duration now) const {
+  auto const seconds = std::chrono::duration_cast<std::chrono::seconds>(now - m_start);
   std::string const head = "fdmorph: " + m_action + " ";
-  std::string const tail = m_part + countText(m_unit, m_number);
+  std::string const tail =
+      m_part + countText(m_unit, m_number) + ", " + std::to_string(seconds.count()) + " s";
   unsigned const around = columnsOf(head) + columnsOf(tail);
   if (around + kLeastName > columns) return fittedText(head + m_name + tail, columns);
   return head + fittedText(m_name, columns - around) + tail;

@@ -15,6 +15,7 @@
 #include "xml/DMDOMErrorHandler.h"
 #include "xml/input_sources.h"
 #include "xml/network.h"
+#include "xml/polling_memory.h"
 #include "xml/transcoding.h"
 #include "xml/tree_building.h"
 
@@ -186,7 +187,9 @@ void CDMDOMParser::Library::check(std::string const& fileName, bool validate) {
 
 void CDMDOMParser::InitializePlatform() {
   try {
-    XMLPlatformUtils::Initialize();
+    static PollingMemory memory;  // in use up to the last Terminate
+    XMLPlatformUtils::Initialize(XMLUni::fgXercescDefaultLocale, nullptr, nullptr,
+                                 statusLine.isStarted() ? &memory : nullptr);
     installExpansionCounter();
     installNetworkRules();
   } catch (XMLException const& e) {

@@ -81,13 +81,13 @@ TEST_F(StatusLineTest, ShowsTheStepFromTheSecondSecondOn) {
   m_line.beginStep("checking", "a.xsd", StepUnit::files);
   clockTime += milliseconds(1000);
   m_line.poll();
-  EXPECT_EQ(drawn, shown("fdmorph: checking a.xsd"));
+  EXPECT_EQ(drawn, shown("fdmorph: checking a.xsd, 1 s"));
 }
 
 TEST_F(StatusLineTest, ShowsAStepThatBeginsLater) {
   startAndWait();
   m_line.beginStep("converting", "Order", StepUnit::items, " (2 of 5)");
-  EXPECT_EQ(drawn, shown("fdmorph: converting Order (2 of 5)"));
+  EXPECT_EQ(drawn, shown("fdmorph: converting Order (2 of 5), 1 s"));
 }
 
 TEST_F(StatusLineTest, IsDrawnFiveTimesASecond) {
@@ -100,7 +100,7 @@ TEST_F(StatusLineTest, IsDrawnFiveTimesASecond) {
   EXPECT_EQ(drawn, "");
   clockTime += milliseconds(1);
   m_line.count(StepUnit::items);
-  EXPECT_EQ(drawn, shown("fdmorph: converting Order, 42 items"));
+  EXPECT_EQ(drawn, shown("fdmorph: converting Order, 42 items, 1 s"));
 }
 
 TEST_F(StatusLineTest, CountsTheUnitOfTheStepOnly) {
@@ -111,10 +111,10 @@ TEST_F(StatusLineTest, CountsTheUnitOfTheStepOnly) {
   takeDrawn();
   clockTime += milliseconds(200);
   m_line.poll();
-  EXPECT_EQ(takeDrawn(), shown("fdmorph: checking a.xsd, 1 file"));
+  EXPECT_EQ(takeDrawn(), shown("fdmorph: checking a.xsd, 1 file, 1 s"));
   clockTime += milliseconds(200);
   m_line.count(StepUnit::files, 2);
-  EXPECT_EQ(takeDrawn(), shown("fdmorph: checking a.xsd, 3 files"));
+  EXPECT_EQ(takeDrawn(), shown("fdmorph: checking a.xsd, 3 files, 1 s"));
 }
 
 TEST_F(StatusLineTest, CountsEachStepAnew) {
@@ -124,7 +124,25 @@ TEST_F(StatusLineTest, CountsEachStepAnew) {
   takeDrawn();
   clockTime += milliseconds(200);
   m_line.beginStep("converting", "B", StepUnit::items);
-  EXPECT_EQ(drawn, shown("fdmorph: converting B"));
+  EXPECT_EQ(drawn, shown("fdmorph: converting B, 1 s"));
+}
+
+TEST_F(StatusLineTest, ShowsTheSecondsOfTheRun) {
+  start();
+  clockTime += milliseconds(61'900);
+  m_line.beginStep("checking", "a.xsd", StepUnit::files);
+  EXPECT_EQ(drawn, shown("fdmorph: checking a.xsd, 61 s"));
+}
+
+TEST_F(StatusLineTest, LooksAtTheClockRarelyIfAsked) {
+  startAndWait();
+  m_line.beginStep("checking", "a.xsd", StepUnit::files);
+  takeDrawn();
+  clockTime += milliseconds(1000);
+  for (int i = 0; i < 255; ++i) m_line.pollRarely();
+  EXPECT_EQ(drawn, "");
+  m_line.pollRarely();
+  EXPECT_EQ(drawn, shown("fdmorph: checking a.xsd, 2 s"));
 }
 
 TEST_F(StatusLineTest, ShowsBytesInMillions) {
@@ -133,7 +151,7 @@ TEST_F(StatusLineTest, ShowsBytesInMillions) {
   takeDrawn();
   clockTime += milliseconds(200);
   m_line.count(StepUnit::bytes, 12'340'000);
-  EXPECT_EQ(drawn, shown("fdmorph: reading a.xml, 12.3 MB"));
+  EXPECT_EQ(drawn, shown("fdmorph: reading a.xml, 12.3 MB, 1 s"));
 }
 
 TEST_F(StatusLineTest, IsClearedOnce) {
@@ -165,7 +183,7 @@ TEST_F(StatusLineTest, IsNotDrawnAfterATextWithoutAnEnd) {
   EXPECT_EQ(takeDrawn(), "");
   m_line.noteText(true);
   m_line.poll();
-  EXPECT_EQ(drawn, shown("fdmorph: reading a.xml"));
+  EXPECT_EQ(drawn, shown("fdmorph: reading a.xml, 1 s"));
 }
 
 TEST_F(StatusLineTest, IsNotDrawnWhileItIsSuspended) {
@@ -180,7 +198,7 @@ TEST_F(StatusLineTest, IsNotDrawnWhileItIsSuspended) {
     EXPECT_EQ(takeDrawn(), "");
   }
   m_line.poll();
-  EXPECT_EQ(drawn, shown("fdmorph: reading a.xml"));
+  EXPECT_EQ(drawn, shown("fdmorph: reading a.xml, 6 s"));
 }
 
 TEST_F(StatusLineTest, IsClearedInTheBackground) {
@@ -194,7 +212,7 @@ TEST_F(StatusLineTest, IsClearedInTheBackground) {
 }
 
 TEST_F(StatusLineTest, LeavesTheLastColumnFree) {
-  std::string const whole = "fdmorph: converting PurchaseOne (1 of 2)";
+  std::string const whole = "fdmorph: converting PurchaseOne (1 of 2), 1 s";
   startAndWait();
   terminalColumns = static_cast<unsigned>(whole.size()) + 1;
   m_line.beginStep("converting", "PurchaseOne", StepUnit::items, " (1 of 2)");
@@ -202,7 +220,7 @@ TEST_F(StatusLineTest, LeavesTheLastColumnFree) {
   terminalColumns = static_cast<unsigned>(whole.size());
   clockTime += milliseconds(200);
   m_line.poll();
-  EXPECT_EQ(drawn, shown("fdmorph: converting Purchas... (1 of 2)"));
+  EXPECT_EQ(drawn, shown("fdmorph: converting Purchas... (1 of 2), 1 s"));
 }
 
 TEST_F(StatusLineTest, IsCutAsAWholeIfThereIsNoRoomForTheName) {
@@ -234,7 +252,7 @@ TEST_F(StatusLineTest, IsClearedBeforeTextOfAStreamOnATerminal) {
   EXPECT_EQ(takeDrawn(), "");
   stream << '\n';
   statusLine.poll();
-  EXPECT_EQ(takeDrawn(), shown("fdmorph: reading a.xml"));
+  EXPECT_EQ(takeDrawn(), shown("fdmorph: reading a.xml, 1 s"));
   stream.flush();  // may write what the target holds
   EXPECT_EQ(takeDrawn(), kCleared);
   statusLine.end();
