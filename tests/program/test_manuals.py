@@ -342,7 +342,9 @@ def test_the_rule_for_make_tells_warnings_from_errors(
     elements = "".join(f'<xs:element name="{name}" type="xs:int"/>' for name in "ab")
     (tmp_path / "warned.xsd").write_text(schema.format(elements), encoding="utf-8")
     (tmp_path / "wrong.xsd").write_text(schema.format("<xs:element/>"), encoding="utf-8")
-    for target, status in (("warned.cpy", 0), ("wrong.cpy", 2)):
+    include = '<xs:include schemaLocation="none.xsd"/>'  # a warning that ends the run
+    (tmp_path / "ended.xsd").write_text(schema.format(include), encoding="utf-8")
+    for target, status in (("warned.cpy", 0), ("wrong.cpy", 2), ("ended.cpy", 2)):
         result = subprocess.run(
             ["make", target], cwd=tmp_path, env=environment, capture_output=True, check=False
         )
