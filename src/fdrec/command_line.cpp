@@ -116,7 +116,7 @@ int runProgram(int count, char** arguments, std::vector<CommandRow> const& rows)
   CommonOptions common;
   app.formatter(std::make_shared<CommandFormatter>());
   app.get_formatter()->column_width(kHelpColumn);
-  app.set_version_flag("--version", "fdrec " FDMORPH_VERSION "\n");
+  app.set_version_flag("--version", "fdrec " FDMORPH_VERSION);
   app.require_subcommand(1);
   app.fallthrough();
   declareCommonOptions(app, common);
