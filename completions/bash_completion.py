@@ -26,7 +26,7 @@ _HEAD = """\
 # Completion of {name} for bash, made by completions.generate.
 """
 
-# Finds what is completed. "=" and ":" are words of their own for bash.
+# Finds what is completed. "=" and "@" are words of their own for bash.
 _SCAN = """\
   local current=${COMP_WORDS[COMP_CWORD]} option=${COMP_WORDS[COMP_CWORD - 1]}
   if [[ $current == '=' ]]; then
@@ -151,11 +151,12 @@ def zbc(program: Command, directives: list[str]) -> str:
     lines.append("  case $option in")
     for option in program.options:
         if option.names == ("-C",):
-            lines.append(f"    -C) _{name}_directives; return ;;")
+            lines.append(f"    -C) current=${{current//\\\\/}}; _{name}_directives; return ;;")
         elif option.value:
             action = _action(name, option.value)
             lines.append(f"    {option.names[0]}) {action}; return ;;")
-    lines += ["  esac", "  case $current in"]
+    lines.append(f"    @) _{name}_directive_files; return ;;")
+    lines += ["  esac", "  current=${current//\\\\/}", "  case $current in"]
     names = [
         each + ("=" if option.value and each.startswith("--") else "")
         for option in program.options
@@ -165,18 +166,17 @@ def zbc(program: Command, directives: list[str]) -> str:
         f"    -*) _{name}_words {_quoted(names)}\n"
         "      [[ ${COMPREPLY[*]} == *= ]] && compopt -o nospace 2> /dev/null ;;"
     )
-    lines.append(f"    @*) current=${{current#@}}; _{name}_files '*'")
-    lines.append('      COMPREPLY=("${COMPREPLY[@]/#/@}") ;;')
+    lines.append(f"    @) current=; _{name}_directive_files ;;")
     lines += [f"    [A-Z]*) {source}", f"      _{name}_directives ;;", f"    *) {source} ;;"]
     lines += ["  esac", "}"]
-    lines.append(f"_{name}_directives() {{")
+    lines.append(f"_{name}_directive_files() {{")
+    lines.append(f"  _{name}_files '*'")
+    lines.append('  COMPREPLY=("${COMPREPLY[@]/#/@}")  # bash replaces it, too')
+    lines += ["}", f"_{name}_directives() {{"]
     lines.append(f"  _{name}_words {_quoted(directives)}")
     lines += [
-        "  # Parentheses outside of quotation marks.",
-        "  [[ ${COMP_WORDS[COMP_CWORD]} == [\\\"\\']* ]] && return",
-        '  COMPREPLY=("${COMPREPLY[@]//\\(/\\\\(}")',
-        '  COMPREPLY=("${COMPREPLY[@]//\\)/\\\\)}")',
-        "  [[ ${COMPREPLY[*]} == *\\( ]] && compopt -o nospace 2> /dev/null",
+        "  compopt -o filenames 2> /dev/null  # has parentheses quoted",
+        "  [[ ${COMPREPLY[*]} == *'(' ]] && compopt -o nospace 2> /dev/null",
         "}",
         f"complete -F _{name} {name}",
     ]

@@ -3,6 +3,7 @@
 from __future__ import annotations
 
 import os
+import re
 import subprocess
 from pathlib import Path
 from typing import Callable
@@ -93,7 +94,7 @@ def in_bash(folder: Path, lines: list[str]) -> list[set[str]]:
     """Calls the functions as bash does, with the words that it makes of a line."""
     script = "\n".join(f"source {path}" for path in sorted((FOLDER / "bash").iterdir()))
     for line in lines:
-        words = line.replace("=", " = ").split(" ")
+        words = re.sub("([=@])", r" \1 ", line).replace("  ", " ").split(" ")
         script += f"""
 COMP_WORDS=({' '.join(f"'{word}'" for word in words)})
 COMP_CWORD={len(words) - 1}
@@ -117,13 +118,12 @@ def in_fish(folder: Path, lines: list[str]) -> list[set[str]]:
 
 
 def in_zsh(folder: Path, lines: list[str]) -> list[set[str]]:
-    """Proposals for an argument @FILE have no @ there, since zsh keeps it."""
     text = run(
         folder,
         *("zsh", "-f", SUPPORT / "zsh_completions.zsh", FOLDER / "zsh", folder / ".dump"),
         lines="".join(f"{line}\n" for line in lines),
     )
-    return [
+    return [  # what is proposed for an argument @FILE stands after the @
         {"@" + word if line.rpartition(" ")[2].startswith("@") else word for word in words}
         for line, words in zip(lines, parts(text))
     ]
