@@ -16,6 +16,7 @@ std::vector<CommandRow> allCommands() {
       {"copybook", "write a record for an element of a schema", makeCopybookCommand},
       {"deps", "write a rule for make with the files that a schema or source consists of",
        makeDepsCommand},
+      {"bundle", "copy a schema and all files that it reaches into a folder", makeBundleCommand},
   };
   std::vector<CommandRow> onData = dataCommands(DataSchema::open);
   std::move(onData.begin(), onData.end(), std::back_inserter(commands));

@@ -18,6 +18,7 @@ struct CommandRow {
 };
 
 // The commands, each from a source of its own.
+[[nodiscard]] std::unique_ptr<Command> makeBundleCommand();
 [[nodiscard]] std::unique_ptr<Command> makeCheckCommand();
 [[nodiscard]] std::unique_ptr<Command> makeCopybookCommand();
 [[nodiscard]] std::unique_ptr<Command> makeDepsCommand();

@@ -55,6 +55,16 @@ void reportCatalog(XmlFault const& fault) {
       "file");
 }
 
+void printPlaced(XmlFault const& fault, std::string_view severity, std::string_view code) {
+  std::string line = compiler::printable(fault.file);
+  if (fault.line != 0) {
+    line += ":" + std::to_string(fault.line) + ":" + std::to_string(fault.column);
+  }
+  line.append(": ").append(severity).append(": ").append(compiler::printable(fault.text));
+  line.append(" [").append(code).append("]\n");
+  std::fwrite(line.data(), 1, line.size(), stderr);
+}
+
 }  // namespace
 
 void SchemaOptions::declare(CLI::App& app) {
@@ -74,13 +84,11 @@ std::unique_ptr<FileResolver> makeResolver(SchemaOptions const& options, std::st
 }
 
 void printFault(XmlFault const& fault, std::string_view code) {
-  std::string line = compiler::printable(fault.file);
-  if (fault.line != 0) {
-    line += ":" + std::to_string(fault.line) + ":" + std::to_string(fault.column);
-  }
-  line += ": error: " + compiler::printable(fault.text);
-  line.append(" [").append(code).append("]\n");
-  std::fwrite(line.data(), 1, line.size(), stderr);
+  printPlaced(fault, "error", code);
+}
+
+void printWarning(XmlFault const& fault, std::string_view code) {
+  printPlaced(fault, "warning", code);
 }
 
 }  // namespace fdmorph::fdrec

@@ -37,4 +37,7 @@ struct SchemaOptions {
 /// the place as far as the fault has none.
 void printFault(XmlFault const& fault, std::string_view code);
 
+/// The same, with "warning" for "error".
+void printWarning(XmlFault const& fault, std::string_view code);
+
 }  // namespace fdmorph::fdrec

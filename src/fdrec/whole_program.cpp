@@ -20,8 +20,8 @@ namespace fdmorph::fdrec {
 namespace {
 
 // Commands that are not on data, and the requests for help, which shows all.
-constexpr std::array<std::string_view, 8> kOthers{"show", "plain",  "check", "copybook",
-                                                  "deps", "--help", "-h",    "--version"};
+constexpr std::array<std::string_view, 9> kOthers{"show",   "plain",  "check", "copybook", "deps",
+                                                  "bundle", "--help", "-h",    "--version"};
 
 bool isOther(std::string_view argument) {
   return std::ranges::find(kOthers, argument) != kOthers.end() || argument.starts_with("--schema");

@@ -10,6 +10,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::string_view kBlanks = " \t\r\n";
+
 bool isFile(std::string const& path) {
   std::error_code error;
   return fs::is_regular_file(path, error);
@@ -27,6 +29,19 @@ std::optional<std::string> fileAt(std::string path) {
   return std::nullopt;
 }
 
+// A location as written, then without the white space around it, which is not part of a
+// URI, then without a fragment.
+std::vector<std::string> spellingsOf(std::string const& location) {
+  std::vector<std::string> spellings{location};
+  std::size_t const begin = location.find_first_not_of(kBlanks);
+  if (begin == location.npos) return {""};
+  std::string trimmed = location.substr(begin, location.find_last_not_of(kBlanks) + 1 - begin);
+  if (trimmed != location) spellings.push_back(trimmed);
+  std::size_t const fragment = trimmed.find('#');
+  if (fragment != trimmed.npos && fragment > 0) spellings.push_back(trimmed.substr(0, fragment));
+  return spellings;
+}
+
 }  // namespace
 
 std::optional<std::string> localPath(std::string const& base, std::string const& location) {
@@ -40,7 +55,13 @@ std::string absoluteUri(std::string const& base, std::string const& location) {
 }
 
 std::optional<std::string> FileResolver::resolve(LocationReference const& reference) {
-  std::optional<std::string> path = find(reference);
+  std::optional<std::string> path;
+  // The identifier comes after all spellings.
+  std::vector<std::string> const spellings = spellingsOf(reference.location);
+  for (std::string const& spelling : spellings) {
+    bool const isLast = &spelling == &spellings.back();
+    if (!path) path = find({reference.base, spelling, isLast ? reference.identifier : ""});
+  }
   if (!path) return std::nullopt;
   std::error_code error;
   fs::path real = fs::canonical(*path, error);

@@ -33,8 +33,9 @@ class LocationResolver {
 /// Looks for a location in the folder of the file that names it, then in folders
 /// that the user gives, then in catalogs. A location that is a URI of another
 /// scheme than `file` is found only in a folder, as FOLDER/HOST/PATH or
-/// FOLDER/LAST-PART-OF-PATH, or by a catalog. A reference without a location is
-/// looked up in the catalogs by its identifier.
+/// FOLDER/LAST-PART-OF-PATH, or by a catalog. White space around a location and a
+/// fragment count only where there is a file of such a name. A reference without a
+/// location is looked up in the catalogs by its identifier.
 class FileResolver : public LocationResolver {
  public:
   explicit FileResolver(std::vector<std::string> folders = {}, Catalog catalog = Catalog())

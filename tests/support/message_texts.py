@@ -136,7 +136,7 @@ OTHER_FUNCTIONS = re.compile(r"declare\w*|allCommands|dataCommands|helpText")
 # Folders with messages that end in a code, and sources in them that write something else.
 CODE_FOLDERS = (
     "source preprocess semantics syntax frontend compiler charset values record layout document"
-    " framing fit copybook fdrec library"
+    " framing fit copybook bundle fdrec library"
 )
 OTHER_SOURCES = {
     "compiler/dictionary_writer.h",  # dictionaries

@@ -25,7 +25,7 @@ TEST(WholeProgram, IsNotNeededForCommandsOnData) {
 }
 
 TEST(WholeProgram, RunsTheOtherCommands) {
-  for (char const* command : {"show", "plain", "check", "copybook"}) {
+  for (char const* command : {"show", "plain", "check", "copybook", "deps", "bundle"}) {
     EXPECT_FALSE(isOnDataWith({command, "a.cpy"})) << command;
   }
 }

@@ -53,6 +53,26 @@ TEST_F(Locations, EscapesAreDecodedIfThereIsNoSuchFile) {
   EXPECT_THAT(FileResolver().resolve({folder.path("x"), "a%20b.xsd", ""}), Optional(escaped));
 }
 
+TEST_F(Locations, WhiteSpaceAroundCountsOnlyInNamesOfFiles) {
+  std::string const near = write("b.xsd");
+  FileResolver resolver({}, Catalog({catalog("<uri name=\"urn:n\" uri=\"far.xsd\"/>")}));
+  write("far.xsd");
+  EXPECT_THAT(resolver.resolve({folder.path("a.xsd"), "\n b.xsd ", "urn:n"}), Optional(near));
+  EXPECT_EQ(resolver.resolve({folder.path("a.xsd"), " ", ""}), std::nullopt);
+  std::string const blank = write("b.xsd ");
+  EXPECT_THAT(resolver.resolve({folder.path("a.xsd"), "b.xsd ", ""}), Optional(blank));
+}
+
+TEST_F(Locations, FragmentCountsOnlyInNamesOfFiles) {
+  std::string const whole = write("b.xsd");
+  FileResolver resolver({folder.path("")});
+  EXPECT_THAT(resolver.resolve({folder.path("a.xsd"), "b.xsd#types", ""}), Optional(whole));
+  EXPECT_THAT(resolver.resolve({folder.path("a.xsd"), "http://h/b.xsd#t", ""}), Optional(whole));
+  EXPECT_EQ(resolver.resolve({folder.path("a.xsd"), "#types", ""}), std::nullopt);
+  std::string const hash = write("b.xsd#types");
+  EXPECT_THAT(resolver.resolve({folder.path("a.xsd"), "b.xsd#types", ""}), Optional(hash));
+}
+
 TEST_F(Locations, FoldersComeAfterTheNamingFile) {
   std::string near = write("main/b.xsd");
   write("lib/b.xsd");

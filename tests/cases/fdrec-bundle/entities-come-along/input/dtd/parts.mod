@@ -1,0 +1,1 @@
+<!ENTITY text SYSTEM "text/text.ent">
