@@ -49,12 +49,12 @@ accepted without a message and changes nothing. What is *refused* or *left out* 
     "schema": """\
 The examples of [what becomes of what](rules.md#xml-schema-to-cobol), from schema to record. The
 option `-nocountin` leaves out the `count in` clauses, to save room; apart from these clauses the
-record is the same without it.
+record is the same without it. COBOL is shown without the columns before its text.
 """,
     "cobol": """\
 The examples of [what becomes of what](rules.md#cobol-to-xml-schema), from a data division to a
 schema and a copybook with XML clauses. The option `-nocountin` leaves out the `count in`
-clauses, to save room.
+clauses, to save room. COBOL is shown without the columns before its text.
 """,
 }
 
