@@ -1,0 +1,10 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. ACCOUNT.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       01  ACCOUNT-RECORD.
+           05  ACCOUNT-NUMBER       PIC X(34).
+           COPY HOLDER.
+           05  BALANCE              PIC S9(9)V99 COMP-3.
+       PROCEDURE DIVISION.
+           STOP RUN.

@@ -1,0 +1,107 @@
+"""The example project builds with CMake and with make, and again what a change reaches."""
+
+from __future__ import annotations
+
+import os
+import shutil
+import subprocess
+from pathlib import Path
+
+import pytest
+
+BUILD = Path(os.environ["BUILD_FOLDER"])
+EXAMPLE = Path(__file__).parents[2] / "example" / "project"
+
+# What each input reaches: file, old and new text, and outputs that change with it.
+# "book" is a program that GnuCOBOL compiles with the plain copybook.
+CHANGES = [
+    ("schemas/payment.xsd", 'value="140"', 'value="35"', "payment"),
+    ("schemas/types/amounts.xsd", 'value="11"', 'value="9"', "payment"),
+    ("standards/parties.xsd", 'value="34"', 'value="28"', "payment"),
+    ("cobol/account.cbl", "PIC X(34)", "PIC X(28)", "account"),
+    ("cobol/copy/HOLDER.cpy", "PIC X(40)", "PIC X(60)", "account"),
+]
+FACTS = {
+    "payment": ("payment.cpy", "payment-plain.cpy", "book"),
+    "account": ("account.xsd", "account-fdmorph.cpy"),
+}
+
+
+def run(*command: object, cwd: Path, env: dict[str, str]) -> str:
+    words = [str(word) for word in command]
+    ran = subprocess.run(
+        words, cwd=cwd, env=env, capture_output=True, text=True, check=False, timeout=120
+    )
+    assert ran.returncode == 0, f"{words}\n{ran.stdout}{ran.stderr}"
+    return ran.stdout + ran.stderr
+
+
+@pytest.fixture(scope="module", name="env")
+def fixture_env(tmp_path_factory: pytest.TempPathFactory) -> dict[str, str]:
+    """An environment with the programs as they are installed, ahead of others."""
+    prefix = tmp_path_factory.mktemp("prefix")
+    run("cmake", "--install", BUILD, "--prefix", prefix, cwd=prefix, env=dict(os.environ))
+    path = f"{prefix}/bin:{prefix}/libexec/fdmorph:{os.environ['PATH']}"
+    return os.environ | {"PATH": path, "CMAKE_PREFIX_PATH": str(prefix)}
+
+
+def with_cmake(generator: str):
+    def build(project: Path, env: dict[str, str]) -> Path:
+        out = project / "build"
+        if not out.exists():
+            run("cmake", "-S", project, "-B", out, "-G", generator, cwd=project, env=env)
+        run("cmake", "--build", out, cwd=project, env=env)
+        return out
+
+    return build
+
+
+def with_make(project: Path, env: dict[str, str]) -> Path:
+    run("make", cwd=project, env=env)
+    return project / "out"
+
+
+BUILDS = {
+    "ninja": with_cmake("Ninja"),
+    "makefiles": with_cmake("Unix Makefiles"),
+    "make": with_make,
+}
+
+
+def states(out: Path) -> dict[str, int]:
+    """The times of the outputs."""
+    return {name: (out / name).stat().st_mtime_ns for names in FACTS.values() for name in names}
+
+
+@pytest.mark.parametrize("tool", BUILDS)
+def test_each_change_rebuilds_what_depends_on_the_file(
+    tool: str, env: dict[str, str], tmp_path: Path
+) -> None:
+    """Also of files that are included by address, and of copy members; nothing else."""
+    project = tmp_path / "a project"
+    shutil.copytree(EXAMPLE, project)
+    out = BUILDS[tool](project, env)
+    shown = run(out / "book", cwd=project, env=env)
+    # AMOUNT is S9(9)V9(2): DISPLAY shows nine digits, a point and two.
+    assert shown == "Ada pays Grace +000000012.50\n"
+    before = states(out)
+    assert states(BUILDS[tool](project, env) and out) == before, "nothing has changed"
+    for name, old, new, reached in CHANGES:
+        path = project / name
+        text = path.read_text()
+        assert old in text, name
+        path.write_text(text.replace(old, new))
+        BUILDS[tool](project, env)
+        after = states(out)
+        changed = {each for each in after if after[each] != before[each]}
+        assert changed == set(FACTS[reached]), name
+        before = after
+    record = (out / "payment.cpy").read_text()
+    for picture in ("X(35)", "S9(7)V9(2)", "X(28)"):
+        assert f"PIC {picture} " in record
+    assert 'value="60"' in (out / "account.xsd").read_text()
+    assert sorted(each.name for each in (project / "cobol").iterdir()) == [
+        "account.cbl",
+        "book.cob",
+        "copy",
+    ], "nothing is written beside the sources"
