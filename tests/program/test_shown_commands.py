@@ -1,4 +1,4 @@
-"""Runs the commands of the tutorials and of the cookbook and compares what they print.
+"""Runs the commands of the README, the tutorials and the cookbook and compares what they print.
 
 The commands of a tutorial run in one folder, from its top to its end, those of each section
 of the cookbook in a folder of their own.  support/shown_commands.py says how a page shows
@@ -63,6 +63,15 @@ def test_tutorial(name: str, tmp_path: Path) -> None:
 @pytest.mark.parametrize("anchor", sections_with_commands(COOKBOOK))
 def test_section_of_the_cookbook(anchor: str, tmp_path: Path) -> None:
     run_blocks(COOKBOOK.path, blocks_of_section(COOKBOOK, anchor), tmp_path / "section")
+
+
+def test_readme(tmp_path: Path) -> None:
+    """In a folder with the example, which its first steps take."""
+    root = TESTS.parent
+    folder = tmp_path / "example"
+    shutil.copytree(root / "example", folder)
+    page = Page(root / "README.md")
+    run_blocks(page.path, page.blocks, folder)
 
 
 def test_a_block_holds_commands_and_what_they_print() -> None:
