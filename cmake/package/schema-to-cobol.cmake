@@ -12,7 +12,7 @@ endforeach()
 file(REMOVE_RECURSE ${WORK}/run)
 execute_process(
   COMMAND ${FDREC} bundle ${arg_SCHEMA} -o ${WORK}/run ${files}
-  OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+  OUTPUT_VARIABLE names COMMAND_ERROR_IS_FATAL ANY)
 execute_process(
   COMMAND ${FDREC} deps ${arg_SCHEMA} --target ${OUTPUT} -o ${WORK}/depfile ${files}
   COMMAND_ERROR_IS_FATAL ANY)
@@ -27,6 +27,7 @@ endif()
 if(arg_NO_COUNT_IN)
   list(APPEND options -nocountin)
 endif()
-cmake_path(GET arg_SCHEMA FILENAME name)
+# The first line has the name of the schema in the folder.
+string(REGEX MATCH "^[^ ]+" name "${names}")
 run_fdmorph(${name} -c result.cpy ${options})
 file(RENAME ${WORK}/run/result.cpy ${OUTPUT})
