@@ -66,6 +66,8 @@ CONSTANTS = {
     "characters of a name of `fdrec copybook`": "cobol/legal_record.h kMaxWordLength",
     "digits of a number of `fdrec copybook`": "cobol/legal_record.cpp kMaxPictureDigits",
     "characters of a name of `fdrec plain`": "copybook/name_scope.h kMaxNameSize",
+    "files of a bundle": "bundle/closure.h kMaxFiles",
+    "entities in entities of a file of a bundle": "bundle/reference_reader.cpp kMaxInputs",
     "findings of `fdrec check` that are kept": "fit/finding.h kMaxKept",
     "digits of a binary item of data": "record/storage_rules.cpp kMaxBinaryDigits",
     "bytes of a binary item of data": "record/storage_rules.cpp kMaxBinarySize",
