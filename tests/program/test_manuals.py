@@ -230,6 +230,8 @@ def test_the_library_has_the_functions_and_statuses_of_the_header() -> None:
     assert prototypes(manuals.text(man_pages.section(source, "SYNOPSIS"))) == declared
     functions = re.findall(r"fdrec_\w+(?=\()", " ".join(declared))
     assert len(functions) == 7
+    name = manuals.text(man_pages.section(source, "NAME"))
+    assert name.partition(" - ")[0].split(", ") == ["fdrec", *functions]
     assert [path.stem for path in LINKS] == sorted(functions)
     statuses = [f"{name} ({value})" for name, value in re.findall(r"(FDREC_\w+) = (\d)", header)]
     assert [entry.tags[0] for entry in manuals.entries("fdrec", "RETURN VALUE", 3)] == statuses
