@@ -53,7 +53,9 @@ void Closure::gather(std::string const& path) {
   std::optional<std::string> const known = m_resolver.resolve({"", location, ""});
   m_schemas.push_back(addFile(known.value_or(path)));
   m_isSchema[m_schemas.front()] = true;
-  for (std::size_t i = 0; i < m_schemas.size(); ++i) readSchema(m_schemas[i]);
+  // Reading a schema may add others.
+  std::size_t next = 0;
+  while (next < m_schemas.size()) readSchema(m_schemas[next++]);
 }
 
 // The file's number; kNone if there are too many.

@@ -30,8 +30,9 @@ Hash hashOf(std::string_view bytes) {
 
 std::string hexadecimal(Hash hash) {
   std::string digits(kHashDigits, '0');
-  for (std::size_t i = kHashDigits; i-- > 0; hash >>= 4U)
+  for (std::size_t i = kHashDigits; i-- > 0; hash >>= 4U) {
     digits[i] = "0123456789abcdef"[hash & 15U];
+  }
   return digits;
 }
 
