@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "compiler/directives.h"
+#include "description/directives.h"
 #include "source/source_files.h"
 
 namespace fdmorph::compiler {

@@ -6,8 +6,8 @@
 #include <new>
 #include <unordered_set>
 
-#include "compiler/dictionary_writer.h"
 #include "compiler/listing.h"
+#include "description/dictionary_writer.h"
 #include "frontend/compiled_source.h"
 #include "text/depfile.h"
 #include "text/file_replacement.h"

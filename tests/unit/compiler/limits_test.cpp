@@ -3,8 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "compiler/dictionary_writer.h"
-#include "compiler/directives.h"
+#include "description/dictionary_writer.h"
+#include "description/directives.h"
 #include "support/compiled_source.h"
 #include "support/item_builder.h"
 

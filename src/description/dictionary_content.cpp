@@ -1,4 +1,4 @@
-#include "compiler/dictionary_content.h"
+#include "description/dictionary_content.h"
 
 #include <algorithm>
 

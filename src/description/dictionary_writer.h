@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <string>
 
-#include "compiler/dictionary_content.h"
+#include "description/dictionary_content.h"
 #include "semantics/data_item.h"
 #include "source/diagnostics.h"
 

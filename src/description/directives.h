@@ -7,7 +7,7 @@
 #include <unordered_set>
 #include <vector>
 
-#include "compiler/dictionary_content.h"
+#include "description/dictionary_content.h"
 #include "frontend/compiled_source.h"
 
 namespace fdmorph::compiler {

@@ -1,4 +1,4 @@
-#include "compiler/dictionary_writer.h"
+#include "description/dictionary_writer.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "compiler/directives.h"
+#include "description/directives.h"
 
 #include <algorithm>
 #include <array>

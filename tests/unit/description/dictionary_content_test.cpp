@@ -1,6 +1,6 @@
 // What of the data the dictionary has.
 
-#include "compiler/dictionary_content.h"
+#include "description/dictionary_content.h"
 
 #include <gtest/gtest.h>
 
