@@ -44,6 +44,8 @@ std::string_view nearestWord(std::string_view word, std::span<std::string_view c
   std::size_t least = word.size() >= kLongWord ? 3 : 2;  // one more than is allowed
   for (std::string_view each : words) {
     if (each.size() > kMaxLength) continue;
+    // The lengths differ by as many mistakes at least.
+    if (each.size() > word.size() + least || word.size() > each.size() + least) continue;
     std::size_t mistakes = distance(word, each);
     if (mistakes > least) continue;
     nearest = mistakes < least ? each : std::string_view();

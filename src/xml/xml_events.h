@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "xml/markup_places.h"
+
 namespace fdmorph {
 
 class LocationResolver;
@@ -37,13 +39,29 @@ struct XmlTag {
   [[nodiscard]] std::optional<std::string_view> attribute(std::string_view wanted) const;
 };
 
-/// Gets what a file holds. The views live as long as the call.
+/// Gets what a file holds, in UTF-8. The views live as long as the call.
 class XmlEvents {
  public:
   virtual ~XmlEvents() = default;
   virtual void startTag(XmlTag const& tag) = 0;
   virtual void endTag() {}
+
+  /// All text up to the next markup.
   virtual void text(std::string_view /*part*/) {}
+
+  /// The content of a CDATA section. A reader that does not ask takes it for text.
+  virtual void section(std::string_view content) { text(content); }
+
+  /// A comment or processing instruction outside a document type, as it is written.
+  virtual void remark(std::string_view /*markup*/) {}
+
+  /// Where the last markup ends, and so where a text or section begins. To be called
+  /// by the functions above.
+  [[nodiscard]] TagPlace endOfMarkup() const { return m_end; }
+  void setEndOfMarkup(TagPlace end) { m_end = end; }
+
+ private:
+  TagPlace m_end;
 };
 
 /// Reads the file `path`, without validation. Entities are looked for by
@@ -52,12 +70,12 @@ class XmlEvents {
 [[nodiscard]] std::optional<XmlFault> readXml(std::string const& path, XmlEvents& events,
                                               LocationResolver* resolver = nullptr);
 
+/// The same for the content of a file. `name` is that of the file in faults.
+[[nodiscard]] std::optional<XmlFault> readXmlText(std::string_view content, std::string const& name,
+                                                  XmlEvents& events);
+
 /// The place where the tag begins that ends at `line` and `column` in the file
 /// `path`, as far as its bytes show it.
-struct TagPlace {
-  unsigned line;
-  unsigned column;
-};
 [[nodiscard]] TagPlace beginOfTag(std::string const& path, unsigned line, unsigned column);
 
 }  // namespace fdmorph
