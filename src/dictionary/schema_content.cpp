@@ -31,6 +31,13 @@ ContentForm contentForm(CDMXMLElement const& element, ItemName const& name) {
   return ContentForm::plain;
 }
 
+// Whether a restriction is closed.
+bool isRestricted(CDMXMLElement const& element, ItemName const& name) {
+  return hasFacets(getDataDictElementType(&element)) &&
+         (isCharacterType(element, name) || isFixedPointType(name)) &&
+         (hasChildren(element) || attributeOf(&element, "length"));
+}
+
 void openRestriction(XmlFormatter& xml, std::string_view base, unsigned indent) {
   writeIndent(xml, indent) << "<simpleType>\n";
   writeIndent(xml, indent + kXmlStep);
@@ -107,16 +114,22 @@ void openItemContent(XmlFormatter& xml, CDMXMLElement const& element, ItemName c
 
 void closeItemContent(XmlFormatter& xml, CDMXMLElement const& element, ItemName const& name,
                       std::string_view tag, unsigned indent) {
-  bool isRestricted = hasFacets(getDataDictElementType(&element)) &&
-                      (isCharacterType(element, name) || isFixedPointType(name)) &&
-                      (hasChildren(element) || attributeOf(&element, "length"));
-  if (isRestricted) {
+  if (isRestricted(element, name)) {
     closeRestriction(xml, indent + kXmlStep);
   } else if (!hasChildren(element)) {
     xml << "/>\n";
     return;
   }
   writeIndent(xml, indent) << "</" << tag << ">\n";
+}
+
+bool hasNamedType(CDMXMLElement const& element, ItemName const& name) {
+  return contentForm(element, name) == ContentForm::plain && !hasChildren(element);
+}
+
+bool isContentBalanced(CDMXMLElement const& element, ItemName const& name) {
+  if (hasChildren(element)) return true;
+  return (contentForm(element, name) != ContentForm::plain) == isRestricted(element, name);
 }
 
 void writeEnumeration(XmlFormatter& xml, CDMXMLElement const& constant, unsigned indent) {

@@ -21,6 +21,13 @@ void openItemContent(XmlFormatter& xml, CDMXMLElement const& element, ItemName c
 void closeItemContent(XmlFormatter& xml, CDMXMLElement const& element, ItemName const& name,
                       std::string_view tag, unsigned indent);
 
+/// Whether the item has the name of its type in its tag, and no type of its own.
+bool hasNamedType(CDMXMLElement const& element, ItemName const& name);
+
+/// Whether what openItemContent opens is what closeItemContent closes. A type of the
+/// user can go against that; conditions are not looked at.
+bool isContentBalanced(CDMXMLElement const& element, ItemName const& name);
+
 /// Writes one value of a condition as an enumeration. Whether a simple type is
 /// opened and closed around it depends on the conditions beside its own and not
 /// on the values, so a condition with several values gets several types.
