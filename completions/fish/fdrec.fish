@@ -11,7 +11,7 @@ function __fdrec_arguments
     for word in $words[2..-1]
         if test $is_value = yes
             set is_value no
-        else if contains -- $word --record --section --source-format --copy-path --copy-ext --dialect --encoding --namespace -o --output --depfile --schema --copy-name --unbounded --text --repair --import-path --catalog --root --skip --depth --prefix --occurs --picture --target --format --length --rdw --header --trailer --block --limit --part --index --threads --binary-size --binary-endian --native-endian --float --sign --national --odo --counter --when --binary-range --trim --controls --blank-numbers --edited --round --unmappable --numbers --max-errors --rejects --residue
+        else if contains -- $word --record --section --source-format --copy-path --copy-ext --dialect --encoding --namespace -o --output --depfile --schema --copy-name --unbounded --text --repair --import-path --catalog --root --skip --depth --prefix --occurs --picture --target --directives --old --rename --format --length --rdw --header --trailer --block --limit --part --index --threads --binary-size --binary-endian --native-endian --float --sign --national --odo --counter --when --binary-range --trim --controls --blank-numbers --edited --round --unmappable --numbers --max-errors --rejects --residue
             set is_value yes
         else if not string match -q -- '-?*' $word
             echo $word
@@ -35,6 +35,8 @@ complete -c fdrec -n '__fdrec_at 0' -a check -d 'check that every valid document
 complete -c fdrec -n '__fdrec_at 0' -a copybook -d 'write a record for an element of a schema'
 complete -c fdrec -n '__fdrec_at 0' -a deps -d 'write a rule for make with the files that a schema or source consists of'
 complete -c fdrec -n '__fdrec_at 0' -a bundle -d 'copy a schema and all files that it reaches into a folder'
+complete -c fdrec -n '__fdrec_at 0' -a map-check -d 'check a mapping file of fdmorph against a copybook'
+complete -c fdrec -n '__fdrec_at 0' -a map-merge -d 'carry the edits of a mapping file over to a changed copybook'
 complete -c fdrec -n '__fdrec_at 0' -a schema -d 'write an XML Schema or JSON Schema of the documents of a record'
 complete -c fdrec -n '__fdrec_at 0' -a index -d 'write where records begin in a file, for --part'
 complete -c fdrec -n '__fdrec_at 0' -a to-xml -d 'convert records to XML'
@@ -138,6 +140,16 @@ complete -c fdrec -n '__fdrec_command bundle' -l import-path -x -a '(__fish_comp
 complete -c fdrec -n '__fdrec_command bundle' -l catalog -x -a '(__fdrec_files xml)' -d 'look them up in this OASIS XML catalog'
 complete -c fdrec -n '__fdrec_command bundle' -l allow-missing -d 'make the bundle without files that are not found'
 complete -c fdrec -n '__fdrec_at 1 bundle' -a '(__fdrec_files xsd)'
+complete -c fdrec -n '__fdrec_command map-check' -l json -d 'write JSON'
+complete -c fdrec -n '__fdrec_command map-check' -l directives -r -F -d 'compiler directives, as fdmorph -D FILE has them'
+complete -c fdrec -n '__fdrec_at 1 map-check' -a '(__fdrec_files cpy cbl cob)'
+complete -c fdrec -n '__fdrec_at 2 map-check' -a '(__fdrec_files xml)'
+complete -c fdrec -n '__fdrec_command map-merge' -l old -x -a '(__fdrec_files cpy cbl cob)' -d 'the copybook that MAPPING is for: what it implies is no edit'
+complete -c fdrec -n '__fdrec_command map-merge' -l rename -x -d 'the item OLD is called NEW now, both with the names of their groups (repeatable)'
+complete -c fdrec -n '__fdrec_command map-merge' -l no-count-in -d 'new entries have no count, as with fdmorph -nocountin'
+complete -c fdrec -n '__fdrec_command map-merge' -l directives -r -F -d 'compiler directives, as fdmorph -D FILE has them'
+complete -c fdrec -n '__fdrec_at 1 map-merge' -a '(__fdrec_files cpy cbl cob)'
+complete -c fdrec -n '__fdrec_at 2 map-merge' -a '(__fdrec_files xml)'
 complete -c fdrec -n '__fdrec_command schema' -l json -d 'write JSON Schema of the JSON lines'
 complete -c fdrec -n '__fdrec_command schema' -l enumerate -d 'level 88 restricts the values'
 complete -c fdrec -n '__fdrec_at 1 schema' -a '(__fdrec_files cpy cbl cob)'

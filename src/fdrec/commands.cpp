@@ -17,6 +17,9 @@ std::vector<CommandRow> allCommands() {
       {"deps", "write a rule for make with the files that a schema or source consists of",
        makeDepsCommand},
       {"bundle", "copy a schema and all files that it reaches into a folder", makeBundleCommand},
+      {"map-check", "check a mapping file of fdmorph against a copybook", makeMapCheckCommand},
+      {"map-merge", "carry the edits of a mapping file over to a changed copybook",
+       makeMapMergeCommand},
   };
   std::vector<CommandRow> onData = dataCommands(DataSchema::open);
   std::move(onData.begin(), onData.end(), std::back_inserter(commands));

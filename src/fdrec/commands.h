@@ -23,6 +23,8 @@ struct CommandRow {
 [[nodiscard]] std::unique_ptr<Command> makeCopybookCommand();
 [[nodiscard]] std::unique_ptr<Command> makeDepsCommand();
 [[nodiscard]] std::unique_ptr<Command> makeIndexCommand();
+[[nodiscard]] std::unique_ptr<Command> makeMapCheckCommand();
+[[nodiscard]] std::unique_ptr<Command> makeMapMergeCommand();
 [[nodiscard]] std::unique_ptr<Command> makeShowCommand();
 [[nodiscard]] std::unique_ptr<Command> makePlainCommand();
 [[nodiscard]] std::unique_ptr<Command> makeSchemaCommand();

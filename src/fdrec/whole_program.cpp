@@ -20,8 +20,9 @@ namespace fdmorph::fdrec {
 namespace {
 
 // Commands that are not on data, and the requests for help, which shows all.
-constexpr std::array<std::string_view, 9> kOthers{"show",   "plain",  "check", "copybook", "deps",
-                                                  "bundle", "--help", "-h",    "--version"};
+constexpr std::array<std::string_view, 11> kOthers{"show",   "plain",  "check",     "copybook",
+                                                   "deps",   "bundle", "map-check", "map-merge",
+                                                   "--help", "-h",     "--version"};
 
 bool isOther(std::string_view argument) {
   return std::ranges::find(kOthers, argument) != kOthers.end() || argument.starts_with("--schema");

@@ -1,6 +1,12 @@
-// A mapping file for a fixed data dictionary.
+// A mapping file for a fixed data dictionary: the outputs that follow it, and its check
+// and merge for a copybook. What was merged stays as it is in a second merge.
+
+#include <clocale>
 
 #include "dictionary_outputs.h"
+#include "mapping/mapping_check.h"
+#include "mapping/mapping_merge.h"
+#include "support/memory_tree.h"
 
 namespace {
 
@@ -19,6 +25,32 @@ constexpr char kDictionary[] = R"xml(<program name="a"><dataItems>
 </group></dataItems></program>
 )xml";
 
+constexpr char kCopybook[] =
+    "       01  R.\n"
+    "           05  A PIC X(8).\n"
+    "           05  T OCCURS 4.\n"
+    "               10  N PIC 9(4).\n"
+    "               10  M PIC 99V9.\n"
+    "           05  FILLER.\n"
+    "               10  B PIC X.\n"
+    "           05  C PIC X.\n"
+    "               88  YES VALUE 'Y'.\n"
+    "           05  D REDEFINES C PIC 9.\n";
+
+void checkAndMerge(std::string_view text) {
+  using namespace fdmorph;
+  std::setlocale(LC_CTYPE, "C.UTF-8");
+  static compiler::MemoryTree tree;
+  tree.files.emplace("a.cpy", kCopybook);
+  static compiler::CompiledSource source("a.cpy", compiler::SourceOptions(), tree);
+  static mapping::DescribedData const data(source, compiler::DictionaryChoice());
+  (void)mapping::checkMapping(text, kMappingFile, data);
+  mapping::MergeResult const merged = mapping::mergeMapping(text, kMappingFile, data, {});
+  if (merged.text.empty()) return;
+  mapping::MergeResult const again = mapping::mergeMapping(merged.text, kMappingFile, data, {});
+  if (again.text != merged.text) failFuzzRun("a merged file stays as it is", merged.text);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size) {
@@ -30,5 +62,6 @@ extern "C" int LLVMFuzzerTestOneInput(std::uint8_t const* data, std::size_t size
   writeFuzzFile(kMappingFile, fuzzText(data, size));
   beginFuzzRun();
   writeDictionaryOutputs(true, "", true);
+  checkAndMerge(fuzzText(data, size));
   return 0;
 }

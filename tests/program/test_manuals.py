@@ -124,7 +124,7 @@ def test_zbc_has_the_options_of_its_help() -> None:
     assert [name for option in options.options for name in option.names] == listed
     named = re.findall(r"^  ([A-Z][-A-Z]*)(?:\([^)]*\))?(?:, ([A-Z]+))?  ", help_text, re.MULTILINE)
     expected = {name for pair in named for name in pair if name} - {"SOURCE", "FILE"}
-    table = (SOURCES / "compiler" / "directives.cpp").read_text(encoding="utf-8")
+    table = (SOURCES / "description" / "directives.cpp").read_text(encoding="utf-8")
     known = set(re.findall(r'Entry\{"([A-Z-]+)", \w+\}', table))
     assert expected <= known
     assert {directive.partition("(")[0] for directive in directives} == known
@@ -186,6 +186,16 @@ def test_each_code_of_a_check_is_documented() -> None:
     entries = tagged(manuals.entries("fdrec-check", "DIAGNOSTICS"))
     assert {code: severity_of(entry) for code, entry in entries.items()} == codes
     assert listed_codes("fdrec-check") == sorted(codes)
+
+
+def test_each_code_of_a_mapping_file_is_documented() -> None:
+    codes = codes_of(SOURCES / "mapping" / "mapping_finding.cpp")
+    documented_codes = {}
+    for page in ("fdrec-map-check", "fdrec-map-merge"):
+        entries = tagged(manuals.entries(page, "DIAGNOSTICS"))
+        documented_codes |= {code: severity_of(entry) for code, entry in entries.items()}
+        assert listed_codes(page) == sorted(entries)
+    assert documented_codes == codes
 
 
 def listed_codes(page: str) -> list[str]:

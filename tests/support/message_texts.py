@@ -135,11 +135,11 @@ def without_functions(source: Iterable[Token], skipped: re.Pattern[str]) -> Iter
 OTHER_FUNCTIONS = re.compile(r"declare\w*|allCommands|dataCommands|helpText")
 # Folders with messages that end in a code, and sources in them that write something else.
 CODE_FOLDERS = (
-    "source preprocess semantics syntax frontend compiler charset values record layout document"
-    " framing fit copybook bundle fdrec library"
+    "source preprocess semantics syntax frontend description compiler charset values record layout"
+    " document framing fit copybook bundle mapping fdrec library"
 )
 OTHER_SOURCES = {
-    "compiler/dictionary_writer.h",  # dictionaries
+    "description/dictionary_writer.h",  # dictionaries
     "copybook/entry_words.cpp",  # the words of a copybook
     "copybook/plain_copybook.cpp",
     "document/document_reader.h",  # documents
@@ -151,6 +151,7 @@ OTHER_SOURCES = {
     "fit/node_types.cpp",
     "fit/repair.cpp",
     "fit/value_demand.cpp",
+    "mapping/merged_file.cpp",  # mapping files
     "framing/progress.cpp",  # the progress line
     "framing/record_index.cpp",  # indexes
     "semantics/usage.cpp",  # the words of COBOL
@@ -197,7 +198,7 @@ CODE = re.compile(r"[a-z]+(?:-[a-z]+)*")
 def codes() -> set[str]:
     """The codes in brackets, from the tables, and where a program prints one itself."""
     found: set[str] = set()
-    for name in ("source/diagnostics.cpp", "fit/finding.cpp"):
+    for name in ("source/diagnostics.cpp", "fit/finding.cpp", "mapping/mapping_finding.cpp"):
         text = (SRC / name).read_text(encoding="utf-8")
         found.update(re.findall(r'Code::\w+,\s*"([a-z-]+)",\s*(?:\w+::)*Severity', text))
     table = (SRC / "document" / "data_error.cpp").read_text(encoding="utf-8")
