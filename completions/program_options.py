@@ -4,7 +4,7 @@ from __future__ import annotations
 
 import re
 import subprocess
-from dataclasses import dataclass, field, replace
+from dataclasses import dataclass, field
 from pathlib import Path
 
 from completions import man_pages
@@ -116,6 +116,10 @@ def _options(help_text: str) -> list[Option]:
     return options
 
 
+def _argument(name: str) -> Value:
+    return Value(name, extensions=_SOURCES) if name == "FILE" else Value.of(name)
+
+
 def _help_of(fdrec: Path, *command: str) -> str:
     return subprocess.run(
         [fdrec, *command, "--help"], capture_output=True, text=True, check=True, timeout=60
@@ -132,11 +136,7 @@ def read_fdrec(fdrec: Path) -> tuple[Command, list[Command]]:
         if group == "Subcommands":
             help_text = _help_of(fdrec, name)
             arguments = [
-                Value.of(left) for each, left, _ in _rows(help_text) if each == "Positionals"
-            ]
-            arguments = [
-                replace(each, extensions=_SOURCES) if each.name == "FILE" else each
-                for each in arguments
+                _argument(left) for each, left, _ in _rows(help_text) if each == "Positionals"
             ]
             options = [each for each in _options(help_text) if not known & set(each.names)]
             commands.append(Command(name, summary, options, arguments))
@@ -162,7 +162,7 @@ def read_fdmorph() -> Command:
     for entry in man_pages.entries(man_pages.section(page, "OPTIONS")):
         tags = [each for tag in entry.tags for each in options_of_tag(tag)]
         names = tuple(name for name, _ in tags)
-        value = Value.of("FILE" if tags[0][1] == "FILE" else tags[0][1], names)
+        value = Value.of(tags[0][1], names)
         options.append(Option(names, value if tags[0][1] else None, entry.first_sentence))
     arguments = [Value("FILE", extensions=("xsd", "cbl", "cpy"))]
     return Command("fdmorph", "", options, arguments)
