@@ -69,6 +69,8 @@ CONSTANTS = {
     "files of a bundle": "bundle/closure.h kMaxFiles",
     "entities in entities of a file of a bundle": "bundle/reference_reader.cpp kMaxInputs",
     "findings of `fdrec check` that are kept": "fit/finding.h kMaxKept",
+    "findings of `fdrec map-check` that are kept": "mapping/mapping_finding.h kMaxKept",
+    "findings of a kind that `fdrec map-merge` shows": "fdrec/map_merge_command.cpp kMaxShown",
     "digits of a binary item of data": "record/storage_rules.cpp kMaxBinaryDigits",
     "bytes of a binary item of data": "record/storage_rules.cpp kMaxBinarySize",
     "characters of a numeric-edited picture": "values/edited_picture.h kMaxSize",
