@@ -110,6 +110,8 @@ def test_files_are_where_the_policy_wants_them(root: Path) -> None:
         "usr/share/doc/fdmorph/README.md",
         "usr/share/doc/fdmorph/docs/many-machines.md",
         "usr/share/doc/fdmorph/examples/order.xsd",
+        "usr/share/cmake/fdmorph/fdmorph-config.cmake",
+        "usr/share/fdmorph/dmxmlmap.xsd",
         "usr/share/fdrec/fdrec.cpy",
         "usr/share/man/man1/fdmorph.1.gz",
         "usr/share/man/man3/fdrec_open.3.gz",
