@@ -8,6 +8,7 @@
 #include "fdrec/commands.h"
 #include "fdrec/copybook_file.h"
 #include "fdrec/files.h"
+#include "fdrec/option_values.h"
 #include "fdrec/schema_file.h"
 #include "fdrec/schema_options.h"
 #include "fit/finding_output.h"
@@ -38,10 +39,10 @@ class CheckCommand : public Command {
     app.add_option("--unbounded", m_limits.occurrences,
                    "occurrences that stand for an unbounded number")
         ->option_text("N")
-        ->check(CLI::PositiveNumber);
+        ->transform(positive());
     app.add_option("--text", m_limits.length, "characters that stand for an unbounded length")
         ->option_text("N")
-        ->check(CLI::PositiveNumber);
+        ->transform(positive());
     app.add_option("--repair", m_repaired, "write the copybook with what holds all that is bounded")
         ->option_text("FILE");
     app.add_flag("--json", m_isJson, "write JSON");

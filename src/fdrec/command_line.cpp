@@ -14,6 +14,8 @@
 #include "fdrec/files.h"
 #include "text/depfile.h"
 #include "text/early_end.h"
+#include "text/letter_case.h"
+#include "text/near_words.h"
 #include "text/pending_files.h"
 #include "text/stack_guard.h"
 
@@ -86,6 +88,23 @@ int runCommand(Command& command, CommonOptions const& options) {
   return hasRule ? writeRule(options) : status;
 }
 
+// What is wrong with the first word, which names the command; empty if nothing is.
+std::string faultOfCommand(CLI::App const& app, std::vector<std::string> const& words) {
+  if (words.empty()) return "expected a command; fdrec --help lists them";
+  std::string const& word = words.front();
+  if (word.starts_with('-')) return {};
+  std::vector<std::string> names;
+  for (CLI::App const* each : app.get_subcommands(nullptr)) {
+    if (each->get_name() == word) return {};
+    names.push_back(upperCase(each->get_name()));
+  }
+  std::vector<std::string_view> const views(names.begin(), names.end());
+  std::string nearest(nearestWord(word, views));
+  std::ranges::transform(nearest, nearest.begin(), toLower);
+  return "unknown command " + compiler::quoted(word) +
+         (nearest.empty() ? "; fdrec --help lists them" : "; did you mean " + nearest + "?");
+}
+
 [[noreturn]] void end(char const* line) {
   removePendingFiles();
   writeLastLine(STDERR_FILENO, line);
@@ -131,6 +150,10 @@ int runProgram(int count, char** arguments, std::vector<CommandRow> const& rows)
   try {
     std::vector<std::string> words(arguments + std::min(count, 1), arguments + count);
     putCommandFirst(app, words);
+    if (std::string const fault = faultOfCommand(app, words); !fault.empty()) {
+      printError(fault, "usage");
+      return kUsageError;
+    }
     std::ranges::reverse(words);  // as the library takes them
     app.parse(std::move(words));
   } catch (CLI::Success const& request) {  // the help or the version was asked for

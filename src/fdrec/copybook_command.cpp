@@ -12,6 +12,7 @@
 #include "fdrec/assembled_schema.h"
 #include "fdrec/commands.h"
 #include "fdrec/files.h"
+#include "fdrec/option_values.h"
 #include "fdrec/part_overrides.h"
 #include "fdrec/schema_file.h"
 #include "fdrec/schema_options.h"
@@ -79,14 +80,14 @@ void CopybookCommand::declare(CLI::App& app) {
   addList(app, "--skip", m_request.skipped, "PATH", "leave these parts out");
   app.add_option("--depth", m_request.depth, "leave out elements below N levels of elements")
       ->option_text("N")
-      ->check(CLI::PositiveNumber);
+      ->transform(positive());
   app.add_option("--prefix", m_request.prefix, "begin data names with P")->option_text("P");
   app.add_option("--unbounded", m_limits.occurrences, "occurrences where the schema sets no bound")
       ->option_text("N")
-      ->check(CLI::PositiveNumber);
+      ->transform(positive());
   app.add_option("--text", m_limits.length, "characters of texts where the schema sets no bound")
       ->option_text("N")
-      ->check(CLI::PositiveNumber);
+      ->transform(positive());
   addList(app, "--occurs", m_occurs, "PATH=N", "occurrences of these parts");
   addList(app, "--picture", m_pictures, "PATH=PIC", "picture of these parts");
   m_files.declare(app);

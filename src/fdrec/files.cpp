@@ -1,5 +1,6 @@
 #include "fdrec/files.h"
 
+#include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
@@ -41,7 +42,8 @@ int writeOutput(std::string const& path, std::string const& text) {
   if (isStandard(path)) {
     bool isWritten = std::fwrite(text.data(), 1, text.size(), stdout) == text.size();
     isWritten = std::fflush(stdout) == 0 && isWritten;
-    if (!isWritten) printError("cannot write the standard output", "file");
+    // A reader that has seen enough, such as head, closes the pipe.
+    if (!isWritten && errno != EPIPE) printError("cannot write the standard output", "file");
     return isWritten ? kClean : kFailed;
   }
   std::optional<std::string> why = replaceFile(path, text);

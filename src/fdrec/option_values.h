@@ -30,6 +30,21 @@ CLI::Option* takeWord(CLI::Option* option, std::map<std::string, Value> const& v
   return option->transform(CLI::Validator(check, ""))->option_text(names);
 }
 
+/// A number above 0 in decimal digits.
+inline CLI::Validator positive() {
+  return CLI::Validator(
+      [](std::string& text) -> std::string {
+        bool const isNumber =
+            !text.empty() && text.find_first_not_of("0123456789") == std::string::npos;
+        if (!isNumber || text.find_first_not_of('0') == std::string::npos) {
+          return "expected a number above 0, found " + text;
+        }
+        text.erase(0, text.find_first_not_of('0'));
+        return {};
+      },
+      "");
+}
+
 /// A number in decimal digits. The library takes others, too: 010 as 8.
 inline CLI::Validator decimal() {
   return CLI::Validator(
