@@ -45,6 +45,17 @@ function(_fdmorph_output variable input ending)
   set(${variable} ${path} PARENT_SCOPE)
 endfunction()
 
+# Ends CMake where two rules have the same output.
+function(_fdmorph_check_outputs function)
+  foreach(output IN LISTS ARGN)
+    get_property(is_taken GLOBAL PROPERTY "fdmorph output ${output}")
+    if(is_taken)
+      message(FATAL_ERROR "${function}: another rule has the output ${output}")
+    endif()
+    set_property(GLOBAL PROPERTY "fdmorph output ${output}" TRUE)
+  endforeach()
+endfunction()
+
 # Writes a script that sets these variables, and then runs `script`. Sets `rule` to the
 # path of the script and `work` to a folder of the rule's own, which are named after its
 # output.
@@ -90,6 +101,7 @@ function(fdmorph_schema_to_cobol)
   _fdmorph_absolute_inputs(arg_IMPORT_PATH)
   _fdmorph_absolute_inputs(arg_CATALOG)
   _fdmorph_output(arg_OUTPUT ${arg_SCHEMA} .cpy)
+  _fdmorph_check_outputs(fdmorph_schema_to_cobol ${arg_OUTPUT})
   _fdmorph_programs(fdmorph fdrec)
   _fdmorph_script(schema-to-cobol.cmake ${arg_OUTPUT} FDMORPH FDREC arg_SCHEMA arg_PREFIX arg_UNIQUE
     arg_NO_COUNT_IN arg_IMPORT_PATH arg_CATALOG arg_ALLOW_WARNINGS)
@@ -115,6 +127,17 @@ function(fdmorph_cobol_to_schema)
   _fdmorph_absolute_inputs(arg_COPY_PATH)
   _fdmorph_output(arg_SCHEMA ${arg_SOURCE} .xsd)
   _fdmorph_output(arg_COPYBOOK ${arg_SOURCE} -fdmorph.cpy)
+  _fdmorph_check_outputs(fdmorph_cobol_to_schema ${arg_SCHEMA} ${arg_COPYBOOK})
+  foreach(directive IN LISTS arg_DIRECTIVES)
+    # Without quotes, CMake takes the parentheses for arguments of their own.
+    if(directive MATCHES "^[()]$")
+      message(FATAL_ERROR "fdmorph_cobol_to_schema: write directives in quotes: \"NAME(VALUE)\"")
+    endif()
+    string(TOUPPER "${directive}" directive)
+    if(directive MATCHES "DEPFILE|DEPTARGET")
+      message(FATAL_ERROR "fdmorph_cobol_to_schema: the rule has a depfile of its own")
+    endif()
+  endforeach()
   _fdmorph_programs(fdmorph)
   _fdmorph_script(cobol-to-schema.cmake ${arg_SCHEMA} FDMORPH arg_SOURCE arg_COPYBOOK arg_MAPPING
     arg_PREFIX arg_NO_COUNT_IN arg_DIRECTIVES arg_COPY_PATH arg_ALLOW_WARNINGS)
@@ -139,12 +162,14 @@ function(fdrec_plain_copybook)
   endif()
   _fdmorph_absolute_inputs(arg_COPYBOOK)
   _fdmorph_output(arg_OUTPUT ${arg_COPYBOOK} -plain.cpy)
+  _fdmorph_check_outputs(fdrec_plain_copybook ${arg_OUTPUT})
   _fdmorph_programs(fdrec)
   _fdmorph_script(plain-copybook.cmake ${arg_OUTPUT} FDREC arg_COPYBOOK arg_OPTIONS)
   add_custom_command(
     OUTPUT ${arg_OUTPUT}
     COMMAND ${CMAKE_COMMAND} -P ${rule}
-    DEPENDS ${rule} ${arg_COPYBOOK} ${FDREC} ${_fdmorph_scripts}/plain-copybook.cmake
+    DEPENDS ${rule} ${arg_COPYBOOK} ${FDREC}
+      ${_fdmorph_scripts}/plain-copybook.cmake ${_fdmorph_scripts}/run-fdmorph.cmake
     DEPFILE ${work}/depfile
     COMMENT "Writing plain copybook ${arg_OUTPUT}"
     VERBATIM)

@@ -9,13 +9,19 @@ endforeach()
 foreach(catalog IN LISTS arg_CATALOG)
   list(APPEND files --catalog ${catalog})
 endforeach()
-file(REMOVE_RECURSE ${WORK}/run)
-execute_process(
-  COMMAND ${FDREC} bundle ${arg_SCHEMA} -o ${WORK}/run ${files}
-  OUTPUT_VARIABLE names COMMAND_ERROR_IS_FATAL ANY)
-execute_process(
-  COMMAND ${FDREC} deps ${arg_SCHEMA} --target ${OUTPUT} -o ${WORK}/depfile ${files}
-  COMMAND_ERROR_IS_FATAL ANY)
+run_fdrec(names bundle ${arg_SCHEMA} -o ${WORK}/run ${files})
+run_fdrec(ignored deps ${arg_SCHEMA} --target ${OUTPUT} -o ${WORK}/depfile ${files})
+
+# Messages name the copies. Each line is NAME <- FILE, the first for the schema itself.
+string(REGEX MATCH "^[^ ]+" name "${names}")
+set(copies)
+set(originals)
+string(REGEX MATCHALL "[^\n]+" lines "${names}")
+foreach(line IN LISTS lines)
+  string(REGEX MATCH "^([^ ]+) <- (.*)$" line "${line}")
+  list(APPEND copies ${WORK}/run/${CMAKE_MATCH_1})
+  list(APPEND originals ${CMAKE_MATCH_2})
+endforeach()
 
 set(options)
 if(NOT arg_PREFIX STREQUAL "")
@@ -27,7 +33,4 @@ endif()
 if(arg_NO_COUNT_IN)
   list(APPEND options -nocountin)
 endif()
-# The first line has the name of the schema in the folder.
-string(REGEX MATCH "^[^ ]+" name "${names}")
-run_fdmorph(${name} -c result.cpy ${options})
-file(RENAME ${WORK}/run/result.cpy ${OUTPUT})
+run_fdmorph(result.cpy ${OUTPUT} ${name} -c result.cpy ${options})

@@ -105,3 +105,73 @@ def test_each_change_rebuilds_what_depends_on_the_file(
         "book.cob",
         "copy",
     ], "nothing is written beside the sources"
+
+
+# Two records, of which fdmorph converts the first.
+TWO = """\
+       01  A.
+           05  A-1 PIC X.
+       01  B.
+           05  B-1 PIC X.
+"""
+ANY = """\
+<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema">
+  <xs:element name="a"><xs:complexType><xs:sequence><xs:any/></xs:sequence></xs:complexType>
+  </xs:element>
+</xs:schema>
+"""
+
+
+def try_rules(project: Path, rules: str, env: dict[str, str]) -> tuple[bool, str]:
+    """Whether a project with these rules builds, and what CMake prints."""
+    head = "cmake_minimum_required(VERSION 3.25)\nproject(p LANGUAGES NONE)\n"
+    (project / "CMakeLists.txt").write_text(f"{head}find_package(fdmorph REQUIRED)\n{rules}\n")
+    shutil.rmtree(project / "b", ignore_errors=True)
+    printed = ""
+    for words in (["cmake", "-B", "b", "-G", "Ninja"], ["cmake", "--build", "b"]):
+        ran = subprocess.run(
+            words, cwd=project, env=env, capture_output=True, text=True, check=False, timeout=120
+        )
+        printed += ran.stdout + ran.stderr
+        if ran.returncode != 0:
+            return False, printed
+    return True, printed
+
+
+def test_warnings_of_the_compiler_fail_a_rule(env: dict[str, str], tmp_path: Path) -> None:
+    """Unless they are allowed; an output may be in a new folder. The source is named."""
+    (tmp_path / "two.cpy").write_text(TWO)
+    call = "fdmorph_cobol_to_schema(SOURCE two.cpy SCHEMA new/two.xsd {})\n"
+    target = "add_custom_target(t ALL DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/new/two.xsd)"
+    builds, printed = try_rules(tmp_path, call.format("") + target, env)
+    assert not builds and f"{tmp_path}/two.cpy:3:12: warning: " in printed
+    assert not (tmp_path / "b" / "new" / "two.xsd").exists()
+    builds, printed = try_rules(tmp_path, call.format("ALLOW_WARNINGS") + target, env)
+    assert builds and "[lost-records]" in printed
+    assert (tmp_path / "b" / "new" / "two.xsd").exists()
+
+
+def test_a_rule_without_a_result_fails(env: dict[str, str], tmp_path: Path) -> None:
+    """Whatever is allowed: a wildcard makes no item, and the record is empty."""
+    (tmp_path / "any.xsd").write_text(ANY)
+    call = "fdmorph_schema_to_cobol(SCHEMA any.xsd ALLOW_WARNINGS)\n"
+    target = "add_custom_target(t ALL DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/any.cpy)"
+    builds, printed = try_rules(tmp_path, call + target, env)
+    assert not builds and "fdmorph has converted nothing" in printed
+
+
+@pytest.mark.parametrize(
+    ("rules", "told"),
+    [
+        ("fdmorph_cobol_to_schema(SOURCE a.cpy DIRECTIVES RECORD(A))", "directives in quotes"),
+        ('fdmorph_cobol_to_schema(SOURCE a.cpy DIRECTIVES "DEPFILE(d)")', "a depfile of its own"),
+        ("fdrec_plain_copybook(COPYBOOK a.cpy)\n" * 2, "another rule has the output"),
+        ("fdmorph_schema_to_cobol(OUTPUT a.cpy)", "expected SCHEMA and a file"),
+        ("fdmorph_schema_to_cobol(SCHEMA a.xsd CATALOGUE a.xml)", "unknown arguments: CATALOGUE"),
+    ],
+)
+def test_wrong_arguments_are_told(
+    rules: str, told: str, env: dict[str, str], tmp_path: Path
+) -> None:
+    builds, printed = try_rules(tmp_path, rules, env)
+    assert not builds and told in " ".join(printed.split())
