@@ -207,11 +207,12 @@ class Matcher {
   }
 
   void matchNear(Indexes const& entries, Indexes const& found) {
+    if (entries.size() > kMaxNear || found.size() > kMaxNear) return;
     std::vector<std::string_view> old;
     std::vector<std::string_view> now;
     for (std::size_t each : entries) old.push_back(lastPartOf(m_entries[each].key()));
     for (std::size_t each : found) now.push_back(items()[each].name());
-    for (std::size_t i = 0; i < old.size() && i < kMaxNear; ++i) {
+    for (std::size_t i = 0; i < old.size(); ++i) {
       std::string_view const name = nearest(old[i], now);
       if (name.empty() || nearest(name, old) != old[i]) continue;
       auto const at = static_cast<std::size_t>(std::ranges::find(now, name) - now.begin());
@@ -221,7 +222,7 @@ class Matcher {
     }
   }
 
-  // A group that lost more members was rewritten.
+  // A group with more members of new names was rewritten, and takes long to compare.
   static constexpr std::size_t kMaxNear = 50;
 
   std::vector<MappingEntry> const& m_entries;

@@ -81,6 +81,18 @@ TEST(EntryMatching, NearNameInTheSameGroupIsARename) {
             "A.CUSTMER-NO -> A.CUSTOMER-NO (renamed)\nA.PHONE -> none (same)\n");
 }
 
+TEST(EntryMatching, ManyNewNamesInAGroupAreNotCompared) {
+  std::string lines = "01  A.\n";
+  std::vector<std::string> keys{"A/"};
+  std::string expected;
+  for (int i = 0; i < 51; ++i) {
+    lines += "    05  CUSTOMER-" + std::to_string(i) + " PIC X.\n";
+    keys.push_back("A.CUSTMER-" + std::to_string(i));
+    expected += keys.back() + " -> none (same)\n";
+  }
+  EXPECT_EQ(match(lines, keys), expected);
+}
+
 TEST(EntryMatching, LetterCaseAloneIsARename) {
   EXPECT_EQ(match("01  A.\n    05  B PIC X.\n", {"a/", "a.b"}),
             "a -> A (renamed)\na.b -> A.B (renamed)\n");
