@@ -32,8 +32,9 @@ std::optional<Section> sectionOf(RecordSection section) {
 
 }  // namespace
 
-DescribedSource::DescribedSource(std::string const& path, compiler::SourceOptions const& options)
-    : source(path, options, disk) {}
+DescribedSource::DescribedSource(std::string const& sourcePath,
+                                 compiler::SourceOptions const& options)
+    : path(sourcePath), source(path, options, disk) {}
 
 int DescribedSource::finish(bool hasWarningsAsErrors) const {
   compiler::Diagnostics const& diagnostics = source.diagnostics();

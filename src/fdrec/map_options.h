@@ -18,8 +18,9 @@ namespace fdmorph::fdrec {
 
 /// A source and its data as fdmorph describes them.
 struct DescribedSource {
-  DescribedSource(std::string const& path, compiler::SourceOptions const& options);
+  DescribedSource(std::string const& sourcePath, compiler::SourceOptions const& options);
 
+  std::string path;  ///< the data looks at it
   compiler::DiskTree disk;
   compiler::CompiledSource source;
   std::optional<mapping::DescribedData> data;  ///< nothing after errors

@@ -41,8 +41,9 @@ void checkAndMerge(std::string_view text) {
   using namespace fdmorph;
   std::setlocale(LC_CTYPE, "C.UTF-8");
   static compiler::MemoryTree tree;
-  tree.files.emplace("a.cpy", kCopybook);
-  static compiler::CompiledSource source("a.cpy", compiler::SourceOptions(), tree);
+  static std::string const path = "a.cpy";
+  tree.files.emplace(path, kCopybook);
+  static compiler::CompiledSource source(path, compiler::SourceOptions(), tree);
   static mapping::DescribedData const data(source, compiler::DictionaryChoice());
   (void)mapping::checkMapping(text, kMappingFile, data);
   mapping::MergeResult const merged = mapping::mergeMapping(text, kMappingFile, data, {});

@@ -18,8 +18,8 @@ namespace fdmorph::mapping {
 class Described {
  public:
   explicit Described(std::string_view lines, compiler::DictionaryChoice const& choice = {}) {
-    m_tree.files["a.cbl"] = compiler::fixed(lines);
-    m_source.emplace("a.cbl", compiler::SourceOptions(), m_tree);
+    m_tree.files[m_path] = compiler::fixed(lines);
+    m_source.emplace(m_path, compiler::SourceOptions(), m_tree);
     m_data.emplace(*m_source, choice);
     EXPECT_FALSE(m_source->diagnostics().hasErrors());
   }
@@ -27,6 +27,7 @@ class Described {
   [[nodiscard]] DescribedData const& data() const { return *m_data; }
 
  private:
+  std::string m_path = "a.cbl";  // the data looks at it
   compiler::MemoryTree m_tree;
   std::optional<compiler::CompiledSource> m_source;
   std::optional<DescribedData> m_data;
