@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <limits>
 
+#include "text/early_end.h"
 #include "text/multibyte.h"
 
 namespace fdmorph {
@@ -71,6 +72,8 @@ int openLogFile() {
 }  // namespace
 
 Console::Console() {
+  // Before main, where nothing else catches an allocation that fails.
+  endWithoutMemory([] { writeLastLine(STDERR_FILENO, "Error : Out of memory\n"); });
   // This gives the streams new buffers, so it comes first.
   std::ios::sync_with_stdio(false);
   m_firstOut = std::cout.rdbuf();
