@@ -141,14 +141,19 @@ int runProgram(int count, char** arguments, std::vector<CommandRow> const& rows)
   declareCommonOptions(app, common);
   Command* chosen = nullptr;
   std::vector<std::unique_ptr<Command>> commands;
+  std::vector<std::string> words(arguments + std::min(count, 1), arguments + count);
+  bool const isCommandFirst =
+      !words.empty() &&
+      std::ranges::any_of(rows, [&](CommandRow const& row) { return row.name == words.front(); });
   for (CommandRow const& row : rows) {
+    // The others would only take time, and words that are names of files.
+    if (isCommandFirst && row.name != words.front()) continue;
     Command* command = commands.emplace_back(row.make()).get();
     CLI::App* sub = app.add_subcommand(row.name, row.summary);
     sub->callback([&chosen, command] { chosen = command; });
     command->declare(*sub);
   }
   try {
-    std::vector<std::string> words(arguments + std::min(count, 1), arguments + count);
     putCommandFirst(app, words);
     if (std::string const fault = faultOfCommand(app, words); !fault.empty()) {
       printError(fault, "usage");
