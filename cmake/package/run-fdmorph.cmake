@@ -5,14 +5,22 @@ file(REMOVE_RECURSE ${WORK}/run)
 file(MAKE_DIRECTORY ${WORK}/run)
 
 # run_fdmorph(RESULT OUTPUT [ARGUMENT...]) runs ${FDMORPH} in the folder ${WORK}/run, where
-# it writes the files RESULT, and puts them in place as OUTPUT; both are lists. What it prints
+# it writes the files RESULT, and puts them in place as OUTPUT; both are lists. The options
+# of all rules come from ${arg_PREFIX} and ${arg_NO_COUNT_IN}. What it prints
 # is shown if it has messages, with the names in the list `copies` replaced by those in
 # `originals`. The rule fails, unless all messages are warnings and ${arg_ALLOW_WARNINGS} is
 # set. Warnings of the compiler count, although the exit status does not have them, and so
 # does an empty result.
 function(run_fdmorph results outputs)
+  set(options -noprompt)
+  if(NOT arg_PREFIX STREQUAL "")
+    list(APPEND options -p ${arg_PREFIX})
+  endif()
+  if(arg_NO_COUNT_IN)
+    list(APPEND options -nocountin)
+  endif()
   execute_process(
-    COMMAND ${FDMORPH} ${ARGN} -noprompt
+    COMMAND ${FDMORPH} ${ARGN} ${options}
     WORKING_DIRECTORY ${WORK}/run
     RESULT_VARIABLE status OUTPUT_VARIABLE text ERROR_VARIABLE text)
   foreach(copy original IN ZIP_LISTS copies originals)

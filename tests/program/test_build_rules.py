@@ -175,3 +175,39 @@ def test_wrong_arguments_are_told(
 ) -> None:
     builds, printed = try_rules(tmp_path, rules, env)
     assert not builds and told in " ".join(printed.split())
+
+
+MAPPING = """\
+<xml-cobol-mapping-file>
+   <xml-cobol-mapping>
+      <cobol-name>B</cobol-name>
+      <xml-name>Other</xml-name>
+   </xml-cobol-mapping>
+</xml-cobol-mapping-file>
+"""
+SHORT = """\
+<xs:schema xmlns:xs="http://www.w3.org/2001/XMLSchema">
+  <xs:element name="a" type="xs:string"/>
+</xs:schema>
+"""
+
+
+def test_arguments_are_options_of_fdmorph(env: dict[str, str], tmp_path: Path) -> None:
+    """A directive chooses the record, a mapping file names it, a prefix begins data names."""
+    (tmp_path / "two.cpy").write_text(TWO)
+    (tmp_path / "map.xml").write_text(MAPPING)
+    (tmp_path / "short.xsd").write_text(SHORT)
+    rules = (
+        "fdmorph_cobol_to_schema(SOURCE two.cpy MAPPING map.xml PREFIX X- NO_COUNT_IN\n"
+        '  DIRECTIVES "RECORD(B)")\n'
+        "fdmorph_schema_to_cobol(SCHEMA short.xsd PREFIX Y- UNIQUE)\n"
+        "add_custom_target(t ALL DEPENDS ${CMAKE_CURRENT_BINARY_DIR}/two.xsd\n"
+        "  ${CMAKE_CURRENT_BINARY_DIR}/short.cpy)"
+    )
+    builds, printed = try_rules(tmp_path, rules, env)
+    assert builds, printed
+    assert 'name="Other"' in (tmp_path / "b" / "two.xsd").read_text()
+    copybook = (tmp_path / "b" / "two-fdmorph.cpy").read_text()
+    assert '01 X-B identified by "Other".' in copybook
+    record = (tmp_path / "b" / "short.cpy").read_text()
+    assert "01 Y-a PIC X(80)" in record and "Y-a-count" in record
